@@ -1,0 +1,101 @@
+// SPDX-License-Identifier: Apache-2.0
+/// @file
+/// Services handed to every class of the pane: language texts, formatting, dates, deciphering, labels, the log.
+#pragma once
+
+#include "common/UIComboboxItem.h"
+#include "engine/AstroGlobalFuncs.h"
+#include "engine/Records.h"
+#include "platform/foundation/PropertyList.h"
+
+#include <cstdint>
+#include <memory>
+#include <optional>
+#include <string>
+#include <string_view>
+#include <vector>
+
+namespace zorel {
+
+class CGContext;
+struct CGPoint;
+struct CGRect;
+struct CGSize;
+class UIColor;
+class UILabel;
+class UIView;
+
+/// The services object. One is made by the settings controller and lent to the other classes.
+class GlobalFuncs {
+public:
+    /// Takes the bundle folder from Locations, the AM and PM symbols from the locale, chooses Turkish when they are
+    /// the Turkish ones and English otherwise, and loads the language file.
+    GlobalFuncs();
+
+    std::int32_t ssDebugId = 0;
+    bool is24Hour = false;
+    std::int32_t languageId = 1; ///< 0 Turkish, 1 English, 2 French, 3 German
+    std::string appBundlePath;
+    std::string amSym; ///< lower case
+    std::string pmSym; ///< lower case
+
+    [[nodiscard]] std::int32_t getDebugState() const { return ssDebugId; }
+    void setDebugState(std::int32_t state) { ssDebugId = state; }
+
+    // Language texts (GlobalFuncs_Language.cpp).
+
+    /// Loads the texts of `languageId`; a missing file is logged and the earlier texts stay.
+    void loadLanguageFile();
+    /// The "COMMON" text of a key; nothing when there is none.
+    [[nodiscard]] std::optional<std::string> GetKeyValue(std::int32_t key) const;
+    /// The name of a prayer, id 200 to 208; nothing when there is none.
+    [[nodiscard]] std::optional<std::string> GetTextPrayLabels(std::int32_t prayerId) const;
+    void addComboItem(std::vector<UIComboboxItem>& items, const std::string& displayText,
+                      const std::string& originalText, std::int32_t itemId) const;
+
+    // Formatting and deciphering (GlobalFuncs_Text.cpp).
+
+    /// Sexagesimal text ("41;30;36") to decimal text ("41.510000"). Every field that ends with ";" after the first
+    /// counts as minutes, the text after the last ";" as seconds.
+    [[nodiscard]] std::string getFloatStr(std::string_view text) const;
+    /// Deciphers a stored catalogue value (pairs of hexadecimal digits) to UTF-8.
+    [[nodiscard]] std::string Decrypt(std::string_view hexadecimal) const;
+    [[nodiscard]] bool fileExists(const std::string& path) const;
+    [[nodiscard]] std::string timeLeadingZeroWithSeconds(std::int32_t hour, std::int32_t minute,
+                                                         std::int32_t second) const;
+
+    // Dates (GlobalFuncs_Dates.cpp); shared with the engine.
+    [[nodiscard]] double CalculateJulianDay(std::int32_t year, std::int32_t month, std::int32_t day,
+                                            std::int32_t hour, std::int32_t minute, std::int32_t second) const;
+    [[nodiscard]] double GregorianDateToJulian(const DateTimeRecord& record) const;
+    /// As the engine's JulianToCalendar, but the day is rounded up when it lies within 0.00001 of the next one.
+    [[nodiscard]] DateTimeRecord JulianToGregorian(double julianDay) const;
+    [[nodiscard]] int DayOfWeek(std::int32_t year, std::int32_t month, std::int32_t day) const;
+    /// The current local date and time with the fraction of the second.
+    [[nodiscard]] DateTimeRecord GetCurrentDateTime() const;
+    void GetCurrentDateTime(DateTimeRecord& record) const;
+
+    // Log (GlobalFuncs_Log.cpp): one line per call in "SettingsLog.txt" of the data folder.
+    void NSLogToFile(std::string_view message) const;
+    void NSLogToFileStrInt(std::string_view message, std::int32_t value) const;
+    void NSLogToFileStrIntInt(std::string_view message, std::int32_t first, std::int32_t second) const;
+    void NSLogToFileStrFloat(std::string_view message, double value) const;
+    void NSLogToFileStrFloatFloat(std::string_view message, double first, double second) const;
+
+    // Drawing and labels (GlobalFuncs_Views.cpp).
+
+    /// Adds a closed rounded-rectangle path to the context; the caller fills or strokes it.
+    void drawRoundedRectangle(CGContext& context, const CGRect& rectangle, double radius) const;
+    /// Makes a one-line label that shrinks its text to fit, adds it to the parent (whose owner keeps the returned
+    /// object alive) and hands it over.
+    std::unique_ptr<UILabel> addLabel_IOS7(UIView& parent, CGPoint center, CGSize widthHeight,
+                                           const std::string& fontName, double fontSize, const std::string& text,
+                                           const UIColor& textColor, int textAlign, bool hidden, bool shadow,
+                                           std::int32_t tag) const;
+
+private:
+    AstroGlobalFuncs dates_;
+    std::optional<PropertyList> langPack_;
+};
+
+} // namespace zorel

@@ -1,0 +1,65 @@
+// SPDX-License-Identifier: Apache-2.0
+/// @file
+/// The user database: chosen cities, the six alarms, and the calendar events that carry the alarms.
+#pragma once
+
+#include "store/AlarmRecords.h"
+
+#include <cstdint>
+#include <span>
+#include <string>
+#include <string_view>
+
+struct sqlite3;
+struct sqlite3_stmt;
+
+namespace zorel {
+
+class City;
+class GlobalFuncs;
+
+/// The one class that writes "user.sqlite". Every operation opens the file, works and closes it again; failures are
+/// logged and answered with false or default values, never thrown.
+class DatabaseFunctions {
+public:
+    explicit DatabaseFunctions(const GlobalFuncs& glbFuncs);
+
+    [[nodiscard]] const std::string& userDBPath() const { return userDBPath_; }
+    void setUserDBPath(std::string path) { userDBPath_ = std::move(path); }
+
+    // Database (DatabaseFunctions.cpp).
+
+    /// Creates the file with its tables and six alarm rows when it does not exist; an existing file is never altered.
+    void generateUserDatabaseFile();
+    /// Runs a statement, or several separated by semicolons, that return no rows.
+    bool executeSQL(const std::string& statement);
+    /// Runs each statement on one connection; true when at least one succeeded.
+    bool executeArrayOfSQL(std::span<const std::string> statements);
+
+    // Typed readers of a column of the current row. NULL and text that is no number give 0, false or "".
+    [[nodiscard]] std::int32_t asInteger(sqlite3_stmt* statement, int column) const;
+    [[nodiscard]] bool asBoolean(sqlite3_stmt* statement, int column) const;
+    [[nodiscard]] double asFloat(sqlite3_stmt* statement, int column) const;
+    [[nodiscard]] std::string asString(sqlite3_stmt* statement, int column) const;
+
+    // Alarms (DatabaseFunctions_Alarms.cpp). Prayer ids 200 to 205.
+
+    [[nodiscard]] AlarmInfo getAlarmInfo(std::int32_t prayerId) const;
+    /// Stores an alarm, switches it on and places its event.
+    void updateAlarmDefinitions(std::int32_t prayerId, std::int32_t minuteOffset, double prayerTime,
+                                const std::string& melodyName, std::int32_t melodyTime);
+    void updateAlarmPrayerTime(std::int32_t prayerId, double prayerTime);
+    /// Places the alarm's event at its next occurrence, or moves it there; switches the alarm on.
+    void reCalculateAlarm(std::int32_t prayerId);
+    void deleteAlarm(std::int32_t prayerId);
+    /// Recomputes every active alarm from the city's times.
+    void setAllAlarms(const City& city);
+    /// Removes the events of all active alarms; switches them off too when `deactivate` is set.
+    void clearAllAlarms(bool deactivate);
+
+private:
+    const GlobalFuncs& glbFuncs_;
+    std::string userDBPath_;
+};
+
+} // namespace zorel
