@@ -1,0 +1,57 @@
+// SPDX-License-Identifier: Apache-2.0
+#include "platform/foundation/CodePage1254.h"
+
+#include <memory>
+#include <unicode/ucnv.h>
+#include <unicode/ucnv_err.h>
+#include <unicode/unistr.h>
+
+namespace zorel {
+namespace {
+
+struct CloseConverter {
+    void operator()(UConverter* converter) const { ucnv_close(converter); }
+};
+using Converter = std::unique_ptr<UConverter, CloseConverter>;
+
+Converter openConverter() {
+    UErrorCode error = U_ZERO_ERROR;
+    Converter converter(ucnv_open("windows-1254", &error));
+    if (U_FAILURE(error) != 0) {
+        converter.reset();
+    }
+    return converter;
+}
+
+} // namespace
+
+std::string utf8FromCodePage1254(std::string_view bytes) {
+    std::string text;
+    const Converter converter = openConverter();
+    UErrorCode error = U_ZERO_ERROR;
+    if (converter != nullptr) {
+        const icu::UnicodeString wide(bytes.data(), static_cast<std::int32_t>(bytes.size()), converter.get(), error);
+        wide.toUTF8String(text);
+    }
+    return text;
+}
+
+std::optional<std::string> codePage1254FromUtf8(std::string_view text) {
+    const Converter converter = openConverter();
+    if (converter == nullptr) {
+        return std::nullopt;
+    }
+    UErrorCode error = U_ZERO_ERROR;
+    ucnv_setFromUCallBack(converter.get(), UCNV_FROM_U_CALLBACK_STOP, nullptr, nullptr, nullptr, &error);
+    const auto wide = icu::UnicodeString::fromUTF8({text.data(), static_cast<std::int32_t>(text.size())});
+    std::string bytes(static_cast<std::size_t>(wide.length()) + 1, '\0');
+    const std::int32_t length = ucnv_fromUChars(converter.get(), bytes.data(), static_cast<std::int32_t>(bytes.size()),
+                                                wide.getBuffer(), wide.length(), &error);
+    if (U_FAILURE(error) != 0) {
+        return std::nullopt;
+    }
+    bytes.resize(static_cast<std::size_t>(length));
+    return bytes;
+}
+
+} // namespace zorel
