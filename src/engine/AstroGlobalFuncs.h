@@ -21,6 +21,8 @@ public:
     [[nodiscard]] double JulianDay(const DateTimeRecord& record) const;
     /// Returns the day of the month with its fraction; writes `record` only when `write` is not 0.
     double JulianToCalendar(double julianDay, DateTimeRecord& record, int write) const;
+    /// As JulianToCalendar, but the day is the next one when it lies within 0.00001 of it.
+    [[nodiscard]] DateTimeRecord JulianToGregorian(double julianDay) const;
     /// 0 = Sunday ... 6 = Saturday.
     [[nodiscard]] int DayOfWeek(std::int32_t year, std::int32_t month, std::int32_t day) const;
     /// Whether the date lies in daylight saving. `startDayOut`, `stopDayOut`: the days a weekday rule resolves to.
@@ -35,6 +37,10 @@ public:
     void ToHMS(double hours, std::int32_t& hour, std::int32_t& minute, std::int32_t& second) const;
     /// Angle of (x, y) [rad], 0 to 2 pi, in single precision.
     [[nodiscard]] double ZArcTan2(double x, double y) const;
+    /// The current date and time in the local time zone of the process, by the system's clock.
+    [[nodiscard]] DateTimeRecord GetCurrentDateTime() const;
+    /// The same into a record; its fraction of the second stays.
+    void GetCurrentDateTime(DateTimeRecord& record) const;
     /// Arithmetic Hijri date of a whole Julian day number.
     [[nodiscard]] HijriDate JulianToHicri(double julianDay) const;
     /// Arithmetic Hijri date of a civil date.

@@ -155,6 +155,10 @@ public:
     SunDetails SunInformation(const DateTimeRecord& record, double latitude, double longitude);
     void SunInformationForDirection(const DateTimeRecord& record, SunDirectionInfo& out);
     void SunInformationForCrescent(const DateTimeRecord& record, SunCrescentInfo& out);
+
+private:
+    /// Sine of the Sun's altitude above the altitude of its rise, at a full hour of universal time.
+    double riseSine(std::int32_t day, std::int32_t month, std::int32_t year, std::int32_t hour);
 };
 
 } // namespace zorel
