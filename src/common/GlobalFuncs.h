@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: Apache-2.0
 /// @file
-/// Services handed to every class of the pane: language texts, formatting, dates, deciphering, labels, the log.
+/// Services handed to every class of the pane: language texts, formatting, dates, deciphering, labels, the
+/// log.
 #pragma once
 
 #include "common/UIComboboxItem.h"
@@ -28,8 +29,8 @@ class UIView;
 /// The services object. One is made by the settings controller and lent to the other classes.
 class GlobalFuncs {
 public:
-    /// Takes the bundle folder from Locations, the AM and PM symbols from the locale, chooses Turkish when they are
-    /// the Turkish ones and English otherwise, and loads the language file.
+    /// Takes the bundle folder from Locations, the AM and PM symbols from the locale, chooses Turkish when
+    /// they are the Turkish ones and English otherwise, and loads the language file.
     GlobalFuncs();
 
     std::int32_t ssDebugId = 0;
@@ -44,7 +45,7 @@ public:
 
     // Language texts (GlobalFuncs_Language.cpp).
 
-    /// Loads the texts of `languageId`; a missing file is logged and the earlier texts stay.
+    /// Loads the texts of `languageId`; a missing or unreadable file is logged and the earlier texts stay.
     void loadLanguageFile();
     /// The "COMMON" text of a key; nothing when there is none.
     [[nodiscard]] std::optional<std::string> GetKeyValue(std::int32_t key) const;
@@ -55,10 +56,11 @@ public:
 
     // Formatting and deciphering (GlobalFuncs_Text.cpp).
 
-    /// Sexagesimal text ("41;30;36") to decimal text ("41.510000"). Every field that ends with ";" after the first
-    /// counts as minutes, the text after the last ";" as seconds.
+    /// Sexagesimal text ("41;30;36") to decimal text ("41.510000"). Every field that ends with ";" after the
+    /// first counts as minutes, the text after the last ";" as seconds.
     [[nodiscard]] std::string getFloatStr(std::string_view text) const;
-    /// Deciphers a stored catalogue value (pairs of hexadecimal digits) to UTF-8.
+    /// Deciphers a stored catalogue value (pairs of hexadecimal digits, DecryptKey.h) to UTF-8. A pair that
+    /// is none and a deciphered zero end the text.
     [[nodiscard]] std::string Decrypt(std::string_view hexadecimal) const;
     [[nodiscard]] bool fileExists(const std::string& path) const;
     [[nodiscard]] std::string timeLeadingZeroWithSeconds(std::int32_t hour, std::int32_t minute,
@@ -66,11 +68,17 @@ public:
 
     // Dates (GlobalFuncs_Dates.cpp); shared with the engine.
     [[nodiscard]] double CalculateJulianDay(std::int32_t year, std::int32_t month, std::int32_t day,
-                                            std::int32_t hour, std::int32_t minute, std::int32_t second) const;
+                                            std::int32_t hour, std::int32_t minute,
+                                            std::int32_t second) const;
     [[nodiscard]] double GregorianDateToJulian(const DateTimeRecord& record) const;
-    /// As the engine's JulianToCalendar, but the day is rounded up when it lies within 0.00001 of the next one.
+    /// As the engine's JulianToCalendar, but the day is rounded up when it lies within 0.00001 of the next
+    /// one.
     [[nodiscard]] DateTimeRecord JulianToGregorian(double julianDay) const;
     [[nodiscard]] int DayOfWeek(std::int32_t year, std::int32_t month, std::int32_t day) const;
+    /// Whether the date lies in daylight saving, as the engine decides it.
+    bool IsDSTDay(std::int32_t startDay, std::int32_t startMonth, std::int32_t stopDay,
+                  std::int32_t stopMonth, std::int32_t year, std::int32_t month, std::int32_t day,
+                  std::int32_t& startDayOut, std::int32_t& stopDayOut) const;
     /// The current local date and time with the fraction of the second.
     [[nodiscard]] DateTimeRecord GetCurrentDateTime() const;
     void GetCurrentDateTime(DateTimeRecord& record) const;
@@ -86,12 +94,12 @@ public:
 
     /// Adds a closed rounded-rectangle path to the context; the caller fills or strokes it.
     void drawRoundedRectangle(CGContext& context, const CGRect& rectangle, double radius) const;
-    /// Makes a one-line label that shrinks its text to fit, adds it to the parent (whose owner keeps the returned
-    /// object alive) and hands it over.
+    /// Makes a one-line label that shrinks its text to fit, adds it to the parent (whose owner keeps the
+    /// returned object alive) and hands it over.
     std::unique_ptr<UILabel> addLabel_IOS7(UIView& parent, CGPoint center, CGSize widthHeight,
-                                           const std::string& fontName, double fontSize, const std::string& text,
-                                           const UIColor& textColor, int textAlign, bool hidden, bool shadow,
-                                           std::int32_t tag) const;
+                                           const std::string& fontName, double fontSize,
+                                           const std::string& text, const UIColor& textColor, int textAlign,
+                                           bool hidden, bool shadow, std::int32_t tag) const;
 
 private:
     AstroGlobalFuncs dates_;

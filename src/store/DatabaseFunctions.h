@@ -18,8 +18,8 @@ namespace zorel {
 class City;
 class GlobalFuncs;
 
-/// The one class that writes "user.sqlite". Every operation opens the file, works and closes it again; failures are
-/// logged and answered with false or default values, never thrown.
+/// The one class that writes "user.sqlite". Every operation opens the file, works and closes it again;
+/// failures are logged and answered with false or default values, never thrown.
 class DatabaseFunctions {
 public:
     explicit DatabaseFunctions(const GlobalFuncs& glbFuncs);
@@ -29,7 +29,8 @@ public:
 
     // Database (DatabaseFunctions.cpp).
 
-    /// Creates the file with its tables and six alarm rows when it does not exist; an existing file is never altered.
+    /// Creates the file with its tables and six alarm rows when it does not exist; an existing file is never
+    /// altered.
     void generateUserDatabaseFile();
     /// Runs a statement, or several separated by semicolons, that return no rows.
     bool executeSQL(const std::string& statement);

@@ -19,8 +19,8 @@ std::function<Instant()>& clockFunction() {
     return clock;
 }
 
-/// Local time of a count of seconds since 1970. localtime_r, unlike localtime and mktime, does not look at the zone
-/// file again at every call.
+/// Local time of a count of seconds since 1970. localtime_r, unlike localtime and mktime, does not look at
+/// the zone file again at every call.
 std::tm localFields(std::int64_t epochSeconds) {
     const auto time = static_cast<std::time_t>(epochSeconds);
     std::tm fields{};
@@ -28,7 +28,9 @@ std::tm localFields(std::int64_t epochSeconds) {
     return fields;
 }
 
-std::int64_t offsetAt(std::int64_t epochSeconds) { return localFields(epochSeconds).tm_gmtoff; }
+std::int64_t offsetAt(std::int64_t epochSeconds) {
+    return localFields(epochSeconds).tm_gmtoff;
+}
 
 /// Days from 1970-01-01 to the first day of a month of the proleptic Gregorian calendar; `month` from 0.
 std::int64_t daysToMonth(std::int64_t year, std::int64_t month) {
@@ -45,10 +47,12 @@ std::int64_t wallSeconds(const LocalDateTime& local) {
     const std::int64_t monthFromZero = std::int64_t{local.month} - 1;
     const std::int64_t carry = (monthFromZero >= 0 ? monthFromZero : monthFromZero - 11) / 12;
     const std::int64_t days = daysToMonth(local.year + carry, monthFromZero - carry * 12) + local.day - 1;
-    return days * kSecondsPerDay + std::int64_t{local.hour} * 3600 + std::int64_t{local.minute} * 60 + local.second;
+    return days * kSecondsPerDay + std::int64_t{local.hour} * 3600 + std::int64_t{local.minute} * 60 +
+           local.second;
 }
 
-/// The instant of a wall-clock time. The offsets a day before and a day after enclose any clock change near it.
+/// The instant of a wall-clock time. The offsets a day before and a day after enclose any clock change near
+/// it.
 std::int64_t epochFromWall(std::int64_t wall) {
     const std::int64_t withEarlierOffset = wall - offsetAt(wall - kSecondsPerDay);
     const std::int64_t withLaterOffset = wall - offsetAt(wall + kSecondsPerDay);
@@ -74,13 +78,19 @@ void setTimeZone(const char* zone) {
 
 } // namespace
 
-Instant now() { return clockFunction() ? clockFunction()() : std::chrono::system_clock::now(); }
+Instant now() {
+    return clockFunction() ? clockFunction()() : std::chrono::system_clock::now();
+}
 
 LocalDateTime localDateTime(Instant instant) {
     const auto whole = std::chrono::floor<seconds>(instant);
     const std::tm fields = localFields(whole.time_since_epoch().count());
-    return {fields.tm_year + 1900, fields.tm_mon + 1, fields.tm_mday,
-            fields.tm_hour,        fields.tm_min,     fields.tm_sec,
+    return {fields.tm_year + 1900,
+            fields.tm_mon + 1,
+            fields.tm_mday,
+            fields.tm_hour,
+            fields.tm_min,
+            fields.tm_sec,
             std::chrono::duration<double>(instant - whole).count()};
 }
 
@@ -92,7 +102,8 @@ Instant instantFromLocal(const LocalDateTime& local) {
 }
 
 std::int32_t utcOffsetSeconds(Instant instant) {
-    return static_cast<std::int32_t>(offsetAt(std::chrono::floor<seconds>(instant).time_since_epoch().count()));
+    return static_cast<std::int32_t>(
+        offsetAt(std::chrono::floor<seconds>(instant).time_since_epoch().count()));
 }
 
 ClockOverride::ClockOverride(std::function<Instant()> clock)
@@ -100,7 +111,9 @@ ClockOverride::ClockOverride(std::function<Instant()> clock)
 
 ClockOverride::ClockOverride(Instant fixed) : ClockOverride([fixed] { return fixed; }) {}
 
-ClockOverride::~ClockOverride() { clockFunction() = std::move(previous_); }
+ClockOverride::~ClockOverride() {
+    clockFunction() = std::move(previous_);
+}
 
 TimeZoneOverride::TimeZoneOverride(const char* zone) {
     const char* previous = std::getenv("TZ");
@@ -109,6 +122,8 @@ TimeZoneOverride::TimeZoneOverride(const char* zone) {
     setTimeZone(zone);
 }
 
-TimeZoneOverride::~TimeZoneOverride() { setTimeZone(wasSet_ ? previous_.c_str() : nullptr); }
+TimeZoneOverride::~TimeZoneOverride() {
+    setTimeZone(wasSet_ ? previous_.c_str() : nullptr);
+}
 
 } // namespace zorel

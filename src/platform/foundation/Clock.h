@@ -28,8 +28,8 @@ struct LocalDateTime {
 /// The present instant: the system's clock, or the one that a ClockOverride has put in its place.
 [[nodiscard]] Instant now();
 [[nodiscard]] LocalDateTime localDateTime(Instant instant);
-/// The instant of a local wall-clock time. Fields outside their range carry over. A time that a clock change skips
-/// is moved forward by the gap; of a time that occurs twice the first is taken.
+/// The instant of a local wall-clock time. Fields outside their range carry over. A time that a clock change
+/// skips is moved forward by the gap; of a time that occurs twice the first is taken.
 [[nodiscard]] Instant instantFromLocal(const LocalDateTime& local);
 /// Offset of local time from universal time at an instant [s, east positive].
 [[nodiscard]] std::int32_t utcOffsetSeconds(Instant instant);

@@ -30,7 +30,8 @@ std::string utf8FromCodePage1254(std::string_view bytes) {
     const Converter converter = openConverter();
     UErrorCode error = U_ZERO_ERROR;
     if (converter != nullptr) {
-        const icu::UnicodeString wide(bytes.data(), static_cast<std::int32_t>(bytes.size()), converter.get(), error);
+        const icu::UnicodeString wide(bytes.data(), static_cast<std::int32_t>(bytes.size()), converter.get(),
+                                      error);
         wide.toUTF8String(text);
     }
     return text;
@@ -45,8 +46,9 @@ std::optional<std::string> codePage1254FromUtf8(std::string_view text) {
     ucnv_setFromUCallBack(converter.get(), UCNV_FROM_U_CALLBACK_STOP, nullptr, nullptr, nullptr, &error);
     const auto wide = icu::UnicodeString::fromUTF8({text.data(), static_cast<std::int32_t>(text.size())});
     std::string bytes(static_cast<std::size_t>(wide.length()) + 1, '\0');
-    const std::int32_t length = ucnv_fromUChars(converter.get(), bytes.data(), static_cast<std::int32_t>(bytes.size()),
-                                                wide.getBuffer(), wide.length(), &error);
+    const std::int32_t length =
+        ucnv_fromUChars(converter.get(), bytes.data(), static_cast<std::int32_t>(bytes.size()),
+                        wide.getBuffer(), wide.length(), &error);
     if (U_FAILURE(error) != 0) {
         return std::nullopt;
     }

@@ -22,7 +22,9 @@ std::function<bool(FileStep)>& stepFunction() {
     return mayProceed;
 }
 
-bool mayProceed(FileStep step) { return !stepFunction() || stepFunction()(step); }
+bool mayProceed(FileStep step) {
+    return !stepFunction() || stepFunction()(step);
+}
 
 class Descriptor {
 public:
@@ -41,7 +43,9 @@ private:
 };
 
 /// Start of the names of the temporary files of a path; the number of the process that writes follows.
-std::string temporaryPrefix(const std::string& path) { return path + ".new-"; }
+std::string temporaryPrefix(const std::string& path) {
+    return path + ".new-";
+}
 
 bool writeAll(int file, std::string_view bytes) {
     while (!bytes.empty()) {
@@ -63,7 +67,8 @@ bool writeTemporary(const std::string& temporary, std::string_view bytes) {
            mayProceed(FileStep::sync) && fsync(file.number()) == 0;
 }
 
-/// Moves without replacing; a file system that cannot do that in one step gets a second name and loses the first.
+/// Moves without replacing; a file system that cannot do that in one step gets a second name and loses the
+/// first.
 bool moveWithoutReplacing(const std::string& from, const std::string& to) {
     if (!mayProceed(FileStep::rename)) {
         return false;
@@ -78,7 +83,8 @@ bool moveWithoutReplacing(const std::string& from, const std::string& to) {
 /// The file is in place already; without this step a power cut may still take it away, which is no failure.
 void syncFolderOf(const std::string& path) {
     if (mayProceed(FileStep::syncFolder)) {
-        const Descriptor folder(open(fs::path(path).parent_path().c_str(), O_RDONLY | O_DIRECTORY | O_CLOEXEC));
+        const Descriptor folder(
+            open(fs::path(path).parent_path().c_str(), O_RDONLY | O_DIRECTORY | O_CLOEXEC));
         fsync(folder.number());
     }
 }
@@ -105,7 +111,8 @@ void removeAbandonedTemporaries(const std::string& path) {
     fs::directory_iterator entry(fs::path(path).parent_path(), error);
     while (!error && entry != fs::directory_iterator()) {
         const std::string name = entry->path().string();
-        if (name.starts_with(prefix) && !processLives(integerValue(std::string_view(name).substr(prefix.size())))) {
+        if (name.starts_with(prefix) &&
+            !processLives(integerValue(std::string_view(name).substr(prefix.size())))) {
             unlink(name.c_str());
         }
         entry.increment(error);
@@ -115,6 +122,8 @@ void removeAbandonedTemporaries(const std::string& path) {
 FileStepOverride::FileStepOverride(std::function<bool(FileStep)> mayProceed)
     : previous_(std::exchange(stepFunction(), std::move(mayProceed))) {}
 
-FileStepOverride::~FileStepOverride() { stepFunction() = std::move(previous_); }
+FileStepOverride::~FileStepOverride() {
+    stepFunction() = std::move(previous_);
+}
 
 } // namespace zorel

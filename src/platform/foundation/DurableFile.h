@@ -12,9 +12,9 @@ namespace zorel {
 /// What happens while a file is made, in this order.
 enum class FileStep { create, write, sync, rename, syncFolder };
 
-/// Writes the bytes to a temporary file beside `path` (mode 0600), brings them to the disk and gives the file its
-/// name. A file that already has the name stays untouched. False when there is one or a step fails; then nothing of
-/// the new file is left. A process killed on the way leaves at most the temporary file.
+/// Writes the bytes to a temporary file beside `path` (mode 0600), brings them to the disk and gives the file
+/// its name. A file that already has the name stays untouched. False when there is one or a step fails; then
+/// nothing of the new file is left. A process killed on the way leaves at most the temporary file.
 bool createFileDurably(const std::string& path, std::string_view bytes);
 
 /// Removes the temporary files of `path` whose processes have ended.

@@ -61,9 +61,13 @@ std::string currentLocale() {
     return overriddenLocale().empty() ? localeIdentifier(localeOfEnvironment()) : overriddenLocale();
 }
 
-std::string amSymbol(const std::string& locale) { return dayPeriodSymbol(locale, 0); }
+std::string amSymbol(const std::string& locale) {
+    return dayPeriodSymbol(locale, 0);
+}
 
-std::string pmSymbol(const std::string& locale) { return dayPeriodSymbol(locale, 1); }
+std::string pmSymbol(const std::string& locale) {
+    return dayPeriodSymbol(locale, 1);
+}
 
 std::string lowerCase(std::string_view text, const std::string& locale) {
     return utf8(wide(text).toLower(mappingLocale(locale)));
@@ -76,6 +80,8 @@ std::string upperCase(std::string_view text, const std::string& locale) {
 LocaleOverride::LocaleOverride(std::string locale)
     : previous_(std::exchange(overriddenLocale(), std::move(locale))) {}
 
-LocaleOverride::~LocaleOverride() { overriddenLocale() = std::move(previous_); }
+LocaleOverride::~LocaleOverride() {
+    overriddenLocale() = std::move(previous_);
+}
 
 } // namespace zorel

@@ -16,7 +16,9 @@ bool isDirectory(const fs::path& path) {
 }
 
 /// Makes one folder whose parent exists.
-bool createOne(const fs::path& path) { return mkdir(path.c_str(), 0700) == 0 || (errno == EEXIST && isDirectory(path)); }
+bool createOne(const fs::path& path) {
+    return mkdir(path.c_str(), 0700) == 0 || (errno == EEXIST && isDirectory(path));
+}
 
 std::string withoutTrailingSlashes(const std::string& path) {
     const std::size_t last = path.find_last_not_of('/');

@@ -79,6 +79,8 @@ double doubleValue(std::string_view text) {
     return negative ? -magnitude : magnitude;
 }
 
-std::string sixDecimals(double value) { return fmt::format("{:f}", value); }
+std::string sixDecimals(double value) {
+    return fmt::format("{:f}", value);
+}
 
 } // namespace zorel

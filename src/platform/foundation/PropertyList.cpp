@@ -61,7 +61,8 @@ bool convertArray(plist_t node, int level, PropertyList& out) {
     const Iterator owner(iterator);
     PropertyArray array;
     plist_t item = nullptr;
-    for (plist_array_next_item(node, iterator, &item); item != nullptr; plist_array_next_item(node, iterator, &item)) {
+    for (plist_array_next_item(node, iterator, &item); item != nullptr;
+         plist_array_next_item(node, iterator, &item)) {
         if (!convert(item, level + 1, array.emplace_back())) {
             return false;
         }
@@ -150,11 +151,17 @@ const PropertyList* PropertyList::find(std::string_view key) const {
     return entry != entries->end() ? &entry->second : nullptr;
 }
 
-const std::string* PropertyList::text() const { return std::get_if<std::string>(&value); }
+const std::string* PropertyList::text() const {
+    return std::get_if<std::string>(&value);
+}
 
-const PropertyArray* PropertyList::array() const { return std::get_if<PropertyArray>(&value); }
+const PropertyArray* PropertyList::array() const {
+    return std::get_if<PropertyArray>(&value);
+}
 
-const PropertyDictionary* PropertyList::dictionary() const { return std::get_if<PropertyDictionary>(&value); }
+const PropertyDictionary* PropertyList::dictionary() const {
+    return std::get_if<PropertyDictionary>(&value);
+}
 
 std::optional<PropertyList> PropertyList::parse(std::string_view bytes) {
     if (!isHarmlessPropertyList(bytes)) {

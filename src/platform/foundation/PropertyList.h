@@ -17,10 +17,12 @@ class PropertyList;
 using PropertyArray = std::vector<PropertyList>;
 using PropertyDictionary = std::map<std::string, PropertyList, std::less<>>;
 
-/// One node: a text, an integer, a real, a truth value, a list or a dictionary. Dates, data and the like are empty.
+/// One node: a text, an integer, a real, a truth value, a list or a dictionary. Dates, data and the like are
+/// empty.
 class PropertyList {
 public:
-    std::variant<std::monostate, std::string, std::int64_t, double, bool, PropertyArray, PropertyDictionary> value;
+    std::variant<std::monostate, std::string, std::int64_t, double, bool, PropertyArray, PropertyDictionary>
+        value;
 
     /// The entry of a dictionary, or nullptr.
     [[nodiscard]] const PropertyList* find(std::string_view key) const;

@@ -73,7 +73,8 @@ private:
         return low == kCountFollows ? countedObject(type, *position + 1) : Object{type, low, *position + 1};
     }
 
-    /// The count is an integer object of its own: its marker's low half says how many bytes follow, as a power of 2.
+    /// The count is an integer object of its own: its marker's low half says how many bytes follow, as a
+    /// power of 2.
     [[nodiscard]] std::optional<Object> countedObject(std::uint8_t type, std::size_t position) const {
         const auto marker = number(position, 1);
         const std::uint64_t size = marker ? std::uint64_t{1} << (*marker & 0x7) : 0;
@@ -90,7 +91,8 @@ private:
             return false;
         }
         containers_ += container->isContainer() ? 1 : 0;
-        return containers_ <= kMostPropertyContainers && (!container->isContainer() || visitReferences(*container));
+        return containers_ <= kMostPropertyContainers &&
+               (!container->isContainer() || visitReferences(*container));
     }
 
     [[nodiscard]] bool visitReferences(const Object& container) {
@@ -126,7 +128,8 @@ private:
 
 std::size_t countOf(std::string_view part, std::string_view text) {
     std::size_t count = 0;
-    for (std::size_t at = text.find(part); at != std::string_view::npos; at = text.find(part, at + part.size())) {
+    for (std::size_t at = text.find(part); at != std::string_view::npos;
+         at = text.find(part, at + part.size())) {
         ++count;
     }
     return count;
@@ -134,7 +137,9 @@ std::size_t countOf(std::string_view part, std::string_view text) {
 
 } // namespace
 
-bool isBinaryPropertyList(std::string_view bytes) { return bytes.starts_with("bplist"); }
+bool isBinaryPropertyList(std::string_view bytes) {
+    return bytes.starts_with("bplist");
+}
 
 bool isHarmlessPropertyList(std::string_view bytes) {
     if (bytes.size() > kLargestPropertyList) {

@@ -1,7 +1,8 @@
 // SPDX-License-Identifier: Apache-2.0
 /// @file
-/// A look at the bytes of a property list before libplist gets them. The library recurses without a limit and copies
-/// an object as often as it is referred to, so that a few hundred bytes can exhaust the stack or the memory.
+/// A look at the bytes of a property list before libplist gets them. The library recurses without a limit and
+/// copies an object as often as it is referred to, so that a few hundred bytes can exhaust the stack or the
+/// memory.
 #pragma once
 
 #include <cstddef>
@@ -14,8 +15,8 @@ inline constexpr std::size_t kMostPropertyContainers = 4096;    ///< lists and d
 inline constexpr std::size_t kLargestPropertyContent = 4194304; ///< [bytes] when every reference is copied
 
 [[nodiscard]] bool isBinaryPropertyList(std::string_view bytes);
-/// Whether size, number of containers and references keep within bounds: in a binary list no container is referred
-/// to twice, so that it is a tree.
+/// Whether size, number of containers and references keep within bounds: in a binary list no container is
+/// referred to twice, so that it is a tree.
 [[nodiscard]] bool isHarmlessPropertyList(std::string_view bytes);
 
 } // namespace zorel

@@ -1,0 +1,80 @@
+// SPDX-License-Identifier: Apache-2.0
+#include "common/DecryptKey.h"
+#include "common/GlobalFuncs.h"
+#include "platform/foundation/CodePage1254.h"
+#include "platform/foundation/NumberText.h"
+
+#include <charconv>
+#include <fmt/format.h>
+
+namespace zorel {
+namespace {
+
+constexpr double kMinutesPerDegree = 60.0;
+constexpr double kSecondsPerDegree = 3600.0;
+constexpr std::uint32_t kSubtractionBase = 255; ///< not 256: the cipher's own arithmetic
+
+/// Value of an unsigned sexagesimal text [deg].
+double sexagesimalValue(std::string_view text) {
+    std::size_t end = text.find(';');
+    double value = doubleValue(text.substr(0, end));
+    while (end != std::string_view::npos) {
+        text.remove_prefix(end + 1);
+        end = text.find(';');
+        const bool endsWithSemicolon = end != std::string_view::npos;
+        value +=
+            doubleValue(text.substr(0, end)) / (endsWithSemicolon ? kMinutesPerDegree : kSecondsPerDegree);
+    }
+    return value;
+}
+
+/// The number of a pair of hexadecimal digits.
+std::optional<std::uint32_t> hexadecimalPair(std::string_view pair) {
+    std::uint32_t value = 0;
+    const char* end = pair.data() + pair.size();
+    const auto result = std::from_chars(pair.data(), end, value, 16);
+    return pair.size() == 2 && result.ec == std::errc() && result.ptr == end ? std::optional(value)
+                                                                             : std::nullopt;
+}
+
+char decipheredByte(std::uint32_t key, std::uint32_t previous, std::uint32_t pair) {
+    const std::uint32_t mixed = key ^ pair;
+    const std::uint32_t byte = mixed > previous ? mixed - previous : mixed + kSubtractionBase - previous;
+    return static_cast<char>(static_cast<std::uint8_t>(byte));
+}
+
+/// Deciphers up to the first pair that is none.
+std::string decipheredBytes(std::string_view hexadecimal) {
+    std::string bytes;
+    std::size_t key = kFirstDecryptKey;
+    auto previous = hexadecimalPair(hexadecimal.substr(0, 2));
+    for (std::size_t at = 2; previous && at < hexadecimal.size(); at += 2) {
+        const auto pair = hexadecimalPair(hexadecimal.substr(at, 2));
+        if (pair) {
+            bytes += decipheredByte(kDecryptKey[key], *previous, *pair);
+        }
+        previous = pair;
+        key = (key + 1) % kDecryptKey.size();
+    }
+    return bytes;
+}
+
+} // namespace
+
+std::string GlobalFuncs::getFloatStr(std::string_view text) const {
+    const bool negative = text.starts_with('-');
+    const double value = sexagesimalValue(negative ? text.substr(1) : text);
+    return sixDecimals(negative ? -value : value);
+}
+
+std::string GlobalFuncs::Decrypt(std::string_view hexadecimal) const {
+    const std::string bytes = decipheredBytes(hexadecimal);
+    return utf8FromCodePage1254(bytes.substr(0, bytes.find('\0')));
+}
+
+std::string GlobalFuncs::timeLeadingZeroWithSeconds(std::int32_t hour, std::int32_t minute,
+                                                    std::int32_t second) const {
+    return fmt::format("{:02d}:{:02d}:{:02d}", hour, minute, second);
+}
+
+} // namespace zorel

@@ -1,0 +1,101 @@
+// SPDX-License-Identifier: Apache-2.0
+#include "store/Database.h"
+
+#include "store/DatabaseAuthorizer.h"
+
+#include <sqlite3.h>
+
+namespace zorel {
+namespace {
+
+/// Steps of SQLite's machine between two looks at the budget, and the looks in it: some forty times the steps
+/// of a search that reads every row of the catalogue.
+constexpr int kStepsBetweenLooks = 100'000;
+constexpr int kLooks = 2'000;
+/// No name is as long as this [bytes]; longer patterns make the comparison slow.
+constexpr int kLongestPattern = 1'000;
+
+struct Release {
+    void operator()(void* memory) const { sqlite3_free(memory); }
+};
+
+/// Interrupts the statement when the budget is used up.
+int spendLook(void* budget) {
+    return --*static_cast<int*>(budget) < 0 ? 1 : 0;
+}
+
+} // namespace
+
+bool Statement::nextRow() {
+    return sqlite3_step(get()) == SQLITE_ROW;
+}
+
+std::string Statement::text(int column) const {
+    const unsigned char* text = sqlite3_column_text(get(), column);
+    return text != nullptr ? reinterpret_cast<const char*>(text) : "";
+}
+
+void Statement::finalize(sqlite3_stmt* statement) {
+    sqlite3_finalize(statement);
+}
+
+void Database::close(sqlite3* connection) {
+    sqlite3_close(connection);
+}
+
+Database::Database(sqlite3* connection)
+    : budget_(std::make_unique<int>(kLooks)), connection_(connection, &close) {
+    sqlite3_progress_handler(connection, kStepsBetweenLooks, &spendLook, budget_.get());
+    sqlite3_limit(connection, SQLITE_LIMIT_LIKE_PATTERN_LENGTH, kLongestPattern);
+}
+
+std::optional<Database> Database::open(const std::string& path, int flags) {
+    sqlite3* connection = nullptr;
+    const int result = sqlite3_open_v2(path.c_str(), &connection, flags, nullptr);
+    Database database(connection);
+    if (result != SQLITE_OK) {
+        return std::nullopt;
+    }
+    return database;
+}
+
+std::optional<Database> Database::openUser(const std::string& path) {
+    auto database = open(path, SQLITE_OPEN_READWRITE);
+    if (database) {
+        allowUserTables(database->connection_.get());
+    }
+    return database;
+}
+
+std::optional<Database> Database::openCatalogue(const std::string& path) {
+    auto database = open(path, SQLITE_OPEN_READONLY);
+    if (database) {
+        allowCatalogueTables(database->connection_.get());
+    }
+    return database;
+}
+
+std::optional<std::string> Database::execute(const std::string& statements) const {
+    char* text = nullptr;
+    sqlite3_exec(connection_.get(), statements.c_str(), nullptr, nullptr, &text);
+    const std::unique_ptr<char, Release> owner(text);
+    return text != nullptr ? std::optional<std::string>(text) : std::nullopt;
+}
+
+Statement Database::prepare(const std::string& statement) const {
+    sqlite3_stmt* prepared = nullptr;
+    sqlite3_prepare_v2(connection_.get(), statement.c_str(), -1, &prepared, nullptr);
+    return Statement(prepared);
+}
+
+std::optional<std::string> Database::image() const {
+    sqlite3_int64 size = 0;
+    const std::unique_ptr<unsigned char, Release> bytes(
+        sqlite3_serialize(connection_.get(), "main", &size, 0));
+    if (bytes == nullptr) {
+        return std::nullopt;
+    }
+    return std::string(reinterpret_cast<const char*>(bytes.get()), static_cast<std::size_t>(size));
+}
+
+} // namespace zorel

@@ -1,0 +1,61 @@
+// SPDX-License-Identifier: Apache-2.0
+/// @file
+/// A connection to one of the two databases and a prepared statement on it, closed when they go out of scope.
+#pragma once
+
+#include <memory>
+#include <optional>
+#include <string>
+
+struct sqlite3;
+struct sqlite3_stmt;
+
+namespace zorel {
+
+/// A prepared statement. One that could not be prepared has no rows.
+class Statement {
+public:
+    explicit Statement(sqlite3_stmt* statement) : statement_(statement, &finalize) {}
+
+    [[nodiscard]] bool isPrepared() const { return statement_ != nullptr; }
+    /// Moves to the next row; false after the last one and on failure.
+    [[nodiscard]] bool nextRow();
+    [[nodiscard]] sqlite3_stmt* get() const { return statement_.get(); }
+    /// Text of a column of the current row as SQLite renders it; NULL is empty.
+    [[nodiscard]] std::string text(int column) const;
+
+private:
+    static void finalize(sqlite3_stmt* statement);
+    std::unique_ptr<sqlite3_stmt, void (*)(sqlite3_stmt*)> statement_;
+};
+
+/// A connection. What a statement may do on it is limited by SQLite's authorizer to what the program itself
+/// does, so that text put into a statement unescaped cannot reach another file. A refused statement fails
+/// with an error text, and so does one that runs far longer than a search of the whole catalogue.
+class Database {
+public:
+    /// The user database, read and written (only read when the file or its folder forbids writing):
+    /// statements may read and change its three tables and create them; nothing else. Nothing when the file
+    /// is missing or cannot be opened; ":memory:" is a new empty database.
+    [[nodiscard]] static std::optional<Database> openUser(const std::string& path);
+    /// The city catalogue, read only: statements may select from its four tables and compare with LIKE.
+    [[nodiscard]] static std::optional<Database> openCatalogue(const std::string& path);
+
+    /// Runs a statement, or several separated by semicolons, up to the first that fails; its error text, or
+    /// nothing.
+    [[nodiscard]] std::optional<std::string> execute(const std::string& statements) const;
+    [[nodiscard]] Statement prepare(const std::string& statement) const;
+
+    /// The bytes of the database as a file holds them.
+    [[nodiscard]] std::optional<std::string> image() const;
+
+private:
+    explicit Database(sqlite3* connection);
+    static std::optional<Database> open(const std::string& path, int flags);
+    static void close(sqlite3* connection);
+
+    std::unique_ptr<int> budget_; ///< looks that are left to the statements of this connection
+    std::unique_ptr<sqlite3, void (*)(sqlite3*)> connection_;
+};
+
+} // namespace zorel
