@@ -1,0 +1,131 @@
+// SPDX-License-Identifier: Apache-2.0
+#include "tools/build-catalogue/Sources.h"
+
+#include <algorithm>
+#include <fmt/format.h>
+#include <fstream>
+#include <iterator>
+#include <map>
+#include <unordered_set>
+
+namespace zorel::catalogue {
+
+namespace {
+
+using RegionKey = std::pair<std::string_view, std::string_view>; ///< country, admin1
+template <typename Key>
+using Positions = std::map<Key, std::size_t>;
+
+/// Reads one folder into `sources`, file after file, with the positions of what later files refer to.
+class Loader {
+public:
+    Loader(const std::filesystem::path& folder, Problems& problems) : folder_(folder), problems_(problems) {}
+
+    Sources load() {
+        read<Country>(kCountries, parseCountry, [this](const TsvRow& row, const Country& country) {
+            keep(row, countries_, country.code, sources_.countries, country);
+        });
+        read<Region>(kRegions, parseRegion,
+                     [this](const TsvRow& row, const Region& region) { takeRegion(row, region); });
+        read<Zone>(kZones, parseZone, [this](const TsvRow& row, const Zone& zone) {
+            keep(row, zones_, zone.name, sources_.zones, zone);
+        });
+        read<Place>(kPlaces, parsePlace,
+                    [this](const TsvRow& row, const Place& place) { takePlace(row, place); });
+        read<Credit>(kCredits, parseCredit,
+                     [this](const TsvRow& row, const Credit& credit) { takeCredit(row, credit); });
+        std::stable_sort(
+            sources_.places.begin(), sources_.places.end(),
+            [](const auto& a, const auto& b) { return a.place.population > b.place.population; });
+        return std::move(sources_);
+    }
+
+private:
+    template <typename Record, typename Parse, typename Take>
+    void read(const TsvLayout& layout, Parse parse, Take take) {
+        auto file = TsvFile::read(folder_, layout, problems_);
+        if (!file) {
+            return;
+        }
+        sources_.files.push_back(std::move(*file));
+        sources_.files.back().forEachRow(problems_, [&](const TsvRow& row) {
+            if (const std::optional<Record> record = parse(row, problems_)) {
+                take(row, *record);
+            }
+        });
+    }
+
+    template <typename Key, typename Record>
+    void keep(const TsvRow& row, Positions<Key>& positions, const Key& key, std::vector<Record>& records,
+              const Record& record) {
+        if (positions.emplace(key, records.size()).second) {
+            records.push_back(record);
+        } else {
+            problems_.add(row.file, row.line, fmt::format("\"{}\" is there twice", row.fields[0]));
+        }
+    }
+
+    void takeRegion(const TsvRow& row, const Region& region) {
+        if (!countries_.contains(region.country)) {
+            problems_.add(row.file, row.line, fmt::format("unknown country \"{}\"", region.country));
+        } else {
+            keep(row, regions_, RegionKey(region.country, region.admin1), sources_.regions, region);
+        }
+    }
+
+    template <typename Key>
+    std::optional<std::size_t> find(const TsvRow& row, const Positions<Key>& positions, const Key& key,
+                                    const std::string& what) {
+        const auto found = positions.find(key);
+        if (found == positions.end()) {
+            problems_.add(row.file, row.line, "unknown " + what);
+            return std::nullopt;
+        }
+        return found->second;
+    }
+
+    void takePlace(const TsvRow& row, const Place& place) {
+        if (!ids_.insert(place.id).second) {
+            problems_.add(row.file, row.line, fmt::format("id {} is there twice", place.id));
+            return;
+        }
+        const auto country =
+            find(row, countries_, place.country, fmt::format("country \"{}\"", place.country));
+        const auto region = find(row, regions_, RegionKey(place.country, place.admin1),
+                                 fmt::format("region \"{}\" of country \"{}\"", place.admin1, place.country));
+        const auto zone = find(row, zones_, place.zone, fmt::format("time zone \"{}\"", place.zone));
+        if (country && region && zone) {
+            sources_.places.push_back({place, *country, *region, *zone});
+        }
+    }
+
+    void takeCredit(const TsvRow& row, const Credit& credit) {
+        CreditText entry{credit, {}};
+        if (!credit.licenceFile.empty()) {
+            std::ifstream stream(folder_ / credit.licenceFile, std::ios::binary);
+            entry.licenceText.assign(std::istreambuf_iterator<char>(stream), {});
+        }
+        if (!credit.licenceFile.empty() && entry.licenceText.empty()) {
+            problems_.add(row.file, row.line, fmt::format("\"{}\" cannot be read", credit.licenceFile));
+        }
+        sources_.credits.push_back(std::move(entry));
+    }
+
+    const std::filesystem::path& folder_;
+    Problems& problems_;
+    Sources sources_;
+    Positions<std::string_view> countries_;
+    Positions<std::string_view> zones_;
+    Positions<RegionKey> regions_;
+    std::unordered_set<std::int32_t> ids_;
+};
+
+} // namespace
+
+Sources Sources::read(const std::filesystem::path& folder, Problems& problems) {
+    Sources sources = Loader(folder, problems).load();
+    checkExchangedAxes(sources, problems);
+    return sources;
+}
+
+} // namespace zorel::catalogue
