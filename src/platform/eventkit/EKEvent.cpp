@@ -1,0 +1,36 @@
+// SPDX-License-Identifier: Apache-2.0
+#include "platform/eventkit/EKEvent.h"
+
+#include <tuple>
+
+namespace zorel {
+namespace {
+
+using std::chrono::floor;
+using std::chrono::seconds;
+
+auto texts(const EKEvent& event) {
+    return std::tie(event.eventIdentifier, event.title, event.location, event.notes);
+}
+
+} // namespace
+
+EKEvent EKEvent::eventWithEventStore(const EKEventStore& /*store*/) {
+    return {};
+}
+
+bool sameEvent(const EKEvent& left, const EKEvent& right) {
+    return texts(left) == texts(right) && left.allDay == right.allDay &&
+           floor<seconds>(left.startDate) == floor<seconds>(right.startDate) &&
+           floor<seconds>(left.endDate) == floor<seconds>(right.endDate) && left.alarms == right.alarms &&
+           left.recurrenceRules == right.recurrenceRules;
+}
+
+EKEvent withEndAfterStart(EKEvent event) {
+    if (event.endDate <= event.startDate) {
+        event.endDate = event.startDate + std::chrono::minutes{1};
+    }
+    return event;
+}
+
+} // namespace zorel

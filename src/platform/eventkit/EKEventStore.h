@@ -1,0 +1,48 @@
+// SPDX-License-Identifier: Apache-2.0
+/// @file
+/// The door to the user's calendar.
+#pragma once
+
+#include "platform/eventkit/Calendar.h"
+#include "platform/eventkit/EKEvent.h"
+
+#include <memory>
+#include <optional>
+#include <span>
+#include <string>
+
+namespace zorel {
+
+/// How far a change of a repeated event reaches. The pane's events are never repeated.
+enum class EKSpan { thisEvent };
+
+/// Finds, saves and removes events in the calendar that is set for the whole process. A store is cheap: one
+/// is made for every operation. No call throws.
+class EKEventStore {
+public:
+    /// `owner`: letters and digits that tell the events of this program's user database from those of others
+    /// (another machine that synchronises with the same server); part of the identifiers of new events.
+    explicit EKEventStore(std::string owner = "local");
+
+    /// The calendar of all stores from now on; nullptr: the folder "calendar" in the data directory.
+    static void setCalendar(std::shared_ptr<Calendar> calendar);
+
+    [[nodiscard]] std::optional<EKEvent> eventWithIdentifier(const std::string& identifier) const;
+    [[nodiscard]] EKCalendar defaultCalendarForNewEvents() const;
+    /// Saves the event. A new event gets its `eventIdentifier` (in, out) when, and only when, it could be
+    /// saved. `error`: out, why it failed; may be nullptr.
+    bool saveEvent(EKEvent& event, EKSpan span, std::string* error) const;
+    bool removeEvent(const EKEvent& event, EKSpan span, std::string* error) const;
+    /// Removes the events of this store's owner whose identifiers are not among those to keep, and returns
+    /// how many they were. A process that dies between saving an event and noting its identifier leaves such
+    /// events behind.
+    int removeEventsExcept(std::span<const std::string> identifiersToKeep) const;
+
+private:
+    [[nodiscard]] std::string newIdentifier() const;
+
+    std::string owner_;
+    std::shared_ptr<Calendar> calendar_;
+};
+
+} // namespace zorel

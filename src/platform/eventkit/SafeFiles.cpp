@@ -1,0 +1,173 @@
+// SPDX-License-Identifier: Apache-2.0
+#include "platform/eventkit/SafeFiles.h"
+
+#include <array>
+#include <cerrno>
+#include <cstdint>
+#include <cstdio>
+#include <fcntl.h>
+#include <filesystem>
+#include <random>
+#include <sys/file.h>
+#include <sys/stat.h>
+#include <system_error>
+#include <thread>
+#include <unistd.h>
+
+namespace zorel {
+namespace {
+
+constexpr std::string_view kTemporaryPrefix = ".zorel-";
+constexpr std::string_view kTemporarySuffix = ".tmp";
+
+/// An open file descriptor, closed at the end.
+class Descriptor {
+public:
+    explicit Descriptor(int number) : number_(number) {}
+    Descriptor(const Descriptor&) = delete;
+    Descriptor& operator=(const Descriptor&) = delete;
+    ~Descriptor() {
+        if (number_ >= 0) {
+            ::close(number_);
+        }
+    }
+    [[nodiscard]] int get() const { return number_; }
+
+private:
+    int number_;
+};
+
+bool fail(std::string& error, std::string_view what, const std::string& path) {
+    error = std::string(what) + " " + path + ": " + std::error_code(errno, std::generic_category()).message();
+    return false;
+}
+
+bool writeAll(int descriptor, std::string_view content) {
+    while (!content.empty()) {
+        const ssize_t written = ::write(descriptor, content.data(), content.size());
+        if (written < 0 && errno != EINTR) {
+            return false;
+        }
+        content.remove_prefix(written > 0 ? static_cast<std::size_t>(written) : 0);
+    }
+    return true;
+}
+
+/// Makes the folder's entries durable. The change itself has happened by then, so a failure is not reported.
+void syncFolder(const std::string& folder) {
+    const Descriptor descriptor(::open(folder.c_str(), O_RDONLY | O_DIRECTORY | O_CLOEXEC));
+    if (descriptor.get() >= 0) {
+        ::fsync(descriptor.get());
+    }
+}
+
+bool writeDurably(const std::string& path, std::string_view content, std::string& error) {
+    const Descriptor file(::open(path.c_str(), O_WRONLY | O_CREAT | O_EXCL | O_CLOEXEC, 0600));
+    if (file.get() < 0) {
+        return fail(error, "cannot create", path);
+    }
+    if (!writeAll(file.get(), content) || ::fsync(file.get()) != 0) {
+        return fail(error, "cannot write", path);
+    }
+    return true;
+}
+
+bool isTemporary(std::string_view name) {
+    return name.starts_with(kTemporaryPrefix) && name.ends_with(kTemporarySuffix);
+}
+
+std::string readAll(int descriptor, std::size_t size) {
+    std::string content(size, '\0');
+    std::size_t have = 0;
+    while (have < size) {
+        const ssize_t got = ::read(descriptor, content.data() + have, size - have);
+        if (got == 0 || (got < 0 && errno != EINTR)) {
+            break;
+        }
+        have += got > 0 ? static_cast<std::size_t>(got) : 0;
+    }
+    content.resize(have);
+    return content;
+}
+
+} // namespace
+
+FileLock::FileLock(const std::string& path, std::chrono::milliseconds patience)
+    : descriptor_(::open(path.c_str(), O_RDWR | O_CREAT | O_CLOEXEC, 0600)) {
+    constexpr std::chrono::milliseconds pause{5};
+    for (auto waited = std::chrono::milliseconds{0}; descriptor_ >= 0; waited += pause) {
+        held_ = ::flock(descriptor_, LOCK_EX | LOCK_NB) == 0;
+        if (held_ || (errno != EWOULDBLOCK && errno != EINTR) || waited >= patience) {
+            return;
+        }
+        std::this_thread::sleep_for(pause);
+    }
+}
+
+FileLock::~FileLock() {
+    if (descriptor_ >= 0) {
+        ::close(descriptor_);
+    }
+}
+
+bool replaceFile(const std::string& folder, const std::string& name, std::string_view content,
+                 std::string& error) {
+    const std::string temporary =
+        folder + "/" + std::string(kTemporaryPrefix) + randomHexadecimal() + std::string(kTemporarySuffix);
+    const std::string target = folder + "/" + name;
+    bool done = writeDurably(temporary, content, error);
+    if (done && ::rename(temporary.c_str(), target.c_str()) != 0) {
+        done = fail(error, "cannot replace", target);
+    }
+    if (!done) {
+        ::unlink(temporary.c_str());
+        return false;
+    }
+    syncFolder(folder);
+    return true;
+}
+
+bool removeFile(const std::string& folder, const std::string& name, std::string& error) {
+    const std::string path = folder + "/" + name;
+    if (::unlink(path.c_str()) != 0) {
+        return fail(error, "cannot remove", path);
+    }
+    syncFolder(folder);
+    return true;
+}
+
+void removeStaleTemporaryFiles(const std::string& folder) {
+    std::error_code ignored;
+    for (std::filesystem::directory_iterator entry(folder, ignored), end; entry != end;
+         entry.increment(ignored)) {
+        if (isTemporary(entry->path().filename().string())) {
+            ::unlink(entry->path().c_str());
+        }
+    }
+}
+
+std::optional<std::string> readSmallFile(const std::string& path, std::size_t limit) {
+    // Without O_NONBLOCK a named pipe would hold the program.
+    const Descriptor file(::open(path.c_str(), O_RDONLY | O_CLOEXEC | O_NONBLOCK));
+    struct stat status {};
+    if (file.get() < 0 || ::fstat(file.get(), &status) != 0 || !S_ISREG(status.st_mode) ||
+        static_cast<std::uint64_t>(status.st_size) > limit) {
+        return std::nullopt;
+    }
+    return readAll(file.get(), static_cast<std::size_t>(status.st_size));
+}
+
+std::string randomHexadecimal() {
+    constexpr std::string_view digits = "0123456789abcdef";
+    std::random_device source;
+    std::string text;
+    for (int word = 0; word < 2; ++word) {
+        const std::uint32_t bits = source();
+        for (unsigned shift = 0; shift < 32; shift += 4) {
+            text += digits[(bits >> shift) & 0xFU];
+        }
+    }
+    return text;
+}
+
+} // namespace zorel
