@@ -2,8 +2,8 @@
 /// @file
 /// Path drawing as an interface: the views draw into it, a host paints it, a test records it.
 ///
-/// A path is built from sub-paths and drawn once; drawing it empties it. A context starts with line width 1, butt caps
-/// and opaque black for both colours. Left out: clipping, transforms, images, text, saved states.
+/// A path is built from sub-paths and drawn once; drawing it empties it. A context starts with line width 1,
+/// butt caps and opaque black for both colours. Left out: clipping, transforms, images, text, saved states.
 #pragma once
 
 #include "platform/coregraphics/CGGeometry.h"
@@ -30,13 +30,14 @@ public:
     /// Begins a new sub-path.
     virtual void moveTo(double x, double y) = 0;
     virtual void addLineTo(double x, double y) = 0;
-    /// A tangent arc: of the circle of the given radius that touches the line from the current point to (x1, y1) and
-    /// the line from (x1, y1) to (x2, y2), joined to the current point by a straight line. The current point becomes
-    /// the second point of contact. Points in one line or radius 0 give the straight line to (x1, y1).
+    /// A tangent arc: of the circle of the given radius that touches the line from the current point to (x1,
+    /// y1) and the line from (x1, y1) to (x2, y2), joined to the current point by a straight line. The
+    /// current point becomes the second point of contact. Points in one line or radius 0 give the straight
+    /// line to (x1, y1).
     virtual void addArcToPoint(double x1, double y1, double x2, double y2, double radius) = 0;
-    /// An arc about (cx, cy) between two angles [rad], measured from the x axis towards the y axis, that is, on a
-    /// screen whose y grows downwards, clockwise. `clockwise` follows growing angles. An open sub-path is joined to
-    /// the arc's first point by a straight line.
+    /// An arc about (cx, cy) between two angles [rad], measured from the x axis towards the y axis, that is,
+    /// on a screen whose y grows downwards, clockwise. `clockwise` follows growing angles. An open sub-path
+    /// is joined to the arc's first point by a straight line.
     virtual void addArc(double cx, double cy, double radius, double startAngle, double endAngle,
                         bool clockwise) = 0;
     /// The inscribed ellipse as a closed sub-path.

@@ -38,7 +38,8 @@ struct CGRect {
     [[nodiscard]] CGSize size() const { return {width, height}; }
     [[nodiscard]] bool isEmpty() const { return !(width > 0.0 && height > 0.0); }
 
-    /// The rectangle made smaller by dx on the left and right and dy at the top and bottom; never below size 0.
+    /// The rectangle made smaller by dx on the left and right and dy at the top and bottom; never below size
+    /// 0.
     [[nodiscard]] CGRect inset(double dx, double dy) const {
         return {x + dx, y + dy, std::max(0.0, width - 2.0 * dx), std::max(0.0, height - 2.0 * dy)};
     }

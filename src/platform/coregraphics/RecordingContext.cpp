@@ -30,8 +30,8 @@ const char* capName(CGLineCap cap) {
 
 bool RecordedCall::isNear(const RecordedCall& other, double tolerance) const {
     const auto near = [tolerance](double a, double b) { return std::abs(a - b) <= tolerance; };
-    return name == other.name && std::equal(numbers.begin(), numbers.end(), other.numbers.begin(),
-                                            other.numbers.end(), near);
+    return name == other.name &&
+           std::equal(numbers.begin(), numbers.end(), other.numbers.begin(), other.numbers.end(), near);
 }
 
 std::ostream& operator<<(std::ostream& stream, const RecordedCall& call) {
@@ -59,15 +59,25 @@ void RecordingContext::setLineWidth(double width) {
     record("setLineWidth", {width});
 }
 
-void RecordingContext::setLineCap(CGLineCap cap) { record(capName(cap)); }
+void RecordingContext::setLineCap(CGLineCap cap) {
+    record(capName(cap));
+}
 
-void RecordingContext::setStrokeColor(const UIColor& color) { record("setStrokeColor", components(color)); }
+void RecordingContext::setStrokeColor(const UIColor& color) {
+    record("setStrokeColor", components(color));
+}
 
-void RecordingContext::setFillColor(const UIColor& color) { record("setFillColor", components(color)); }
+void RecordingContext::setFillColor(const UIColor& color) {
+    record("setFillColor", components(color));
+}
 
-void RecordingContext::moveTo(double x, double y) { record("moveTo", {x, y}); }
+void RecordingContext::moveTo(double x, double y) {
+    record("moveTo", {x, y});
+}
 
-void RecordingContext::addLineTo(double x, double y) { record("addLineTo", {x, y}); }
+void RecordingContext::addLineTo(double x, double y) {
+    record("addLineTo", {x, y});
+}
 
 void RecordingContext::addArcToPoint(double x1, double y1, double x2, double y2, double radius) {
     record("addArcToPoint", {x1, y1, x2, y2, radius});
@@ -86,7 +96,9 @@ void RecordingContext::addRect(const CGRect& rectangle) {
     record("addRect", {rectangle.x, rectangle.y, rectangle.width, rectangle.height});
 }
 
-void RecordingContext::closePath() { record("closePath"); }
+void RecordingContext::closePath() {
+    record("closePath");
+}
 
 void RecordingContext::drawPath(CGPathDrawingMode mode) {
     record(mode == CGPathDrawingMode::stroke ? "drawPath stroke" : "drawPath fillStroke");

@@ -11,9 +11,9 @@
 
 namespace zorel {
 
-/// One call with its numbers in the order of the arguments. Colours are red, green, blue, alpha; rectangles x, y,
-/// width, height; `clockwise` is 1 or 0; the line cap and the drawing mode are named ("setLineCap square",
-/// "drawPath fillStroke") and have no numbers.
+/// One call with its numbers in the order of the arguments. Colours are red, green, blue, alpha; rectangles
+/// x, y, width, height; `clockwise` is 1 or 0; the line cap and the drawing mode are named ("setLineCap
+/// square", "drawPath fillStroke") and have no numbers.
 struct RecordedCall {
     std::string name;
     std::vector<double> numbers;
@@ -41,7 +41,8 @@ public:
     void moveTo(double x, double y) override;
     void addLineTo(double x, double y) override;
     void addArcToPoint(double x1, double y1, double x2, double y2, double radius) override;
-    void addArc(double cx, double cy, double radius, double startAngle, double endAngle, bool clockwise) override;
+    void addArc(double cx, double cy, double radius, double startAngle, double endAngle,
+                bool clockwise) override;
     void addEllipseInRect(const CGRect& rectangle) override;
     void addRect(const CGRect& rectangle) override;
     void closePath() override;

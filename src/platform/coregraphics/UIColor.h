@@ -19,7 +19,8 @@ public:
     [[nodiscard]] static constexpr UIColor lightGrayColor() {
         return UIColor(2.0 / 3.0, 2.0 / 3.0, 2.0 / 3.0, 1.0);
     }
-    /// The ground behind the sections of a grouped table. A host that knows dark surroundings shows its own shade.
+    /// The ground behind the sections of a grouped table. A host that knows dark surroundings shows its own
+    /// shade.
     [[nodiscard]] static constexpr UIColor groupTableViewBackgroundColor() {
         return UIColor(239.0 / 255.0, 239.0 / 255.0, 244.0 / 255.0, 1.0);
     }

@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: Apache-2.0
 /// @file
-/// The base of a settings pane: a screen whose view is a grouped table, with a list of specifiers from a property list.
+/// The base of a settings pane: a screen whose view is a grouped table, with a list of specifiers from a
+/// property list.
 #pragma once
 
 #include "platform/uikit/UITableView.h"
@@ -22,7 +23,8 @@ struct PSSpecifier {
     PSListController* target = nullptr;
 };
 
-/// Left out: showing the specifiers. A pane brings its own table contents, as the table's data source and delegate.
+/// Left out: showing the specifiers. A pane brings its own table contents, as the table's data source and
+/// delegate.
 class PSListController : public UIViewController, public UITableViewDataSource, public UITableViewDelegate {
 public:
     /// Makes the table, as large as the screen, asking this object for everything.
@@ -36,8 +38,9 @@ public:
     [[nodiscard]] virtual bool shouldReloadSpecifiersOnResume() const { return true; }
 
 protected:
-    /// Reads "<name>.plist" of the bundle folder: a dictionary whose "items" is a list of dictionaries with "cell",
-    /// "label" and "id". Entries that are no dictionaries are skipped; a missing or broken file gives an empty list.
+    /// Reads "<name>.plist" of the bundle folder: a dictionary whose "items" is a list of dictionaries with
+    /// "cell", "label" and "id". Entries that are no dictionaries are skipped; a missing or broken file gives
+    /// an empty list.
     [[nodiscard]] static std::vector<PSSpecifier> loadSpecifiersFromPlistName(const std::string& name,
                                                                               PSListController* target);
 

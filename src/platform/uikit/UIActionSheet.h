@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: Apache-2.0
 /// @file
-/// A sheet of choices at the foot of the screen: other buttons first, the cancel button last; none is destructive.
+/// A sheet of choices at the foot of the screen: other buttons first, the cancel button last; none is
+/// destructive.
 #pragma once
 
 #include "platform/uikit/UIObject.h"
@@ -33,8 +34,8 @@ public:
     [[nodiscard]] int cancelButtonIndex() const { return static_cast<int>(buttonTitles_.size()) - 1; }
     [[nodiscard]] bool isVisible() const { return visible_; }
     void showInView(UIView& view);
-    /// The user taps a button (or, outside the sheet, cancels): dismisses the sheet, then tells the delegate, which may
-    /// destroy it. Ignored when the sheet is not visible or has no such button.
+    /// The user taps a button (or, outside the sheet, cancels): dismisses the sheet, then tells the delegate,
+    /// which may destroy it. Ignored when the sheet is not visible or has no such button.
     void userTapsButton(int index);
 
 private:

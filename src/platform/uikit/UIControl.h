@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: Apache-2.0
 /// @file
-/// A view that the user operates: enabled or not, selected or not, with an action for a changed value.
+/// A view that the user operates: enabled or not, selected or not, with an action for a changed value. A
+/// disabled control still gets its touches; what it makes of them is its own affair.
 #pragma once
 
 #include "platform/uikit/UIView.h"
@@ -15,9 +16,6 @@ public:
     virtual void setEnabled(bool enabled) { change(enabled_, enabled, UIProperty::state); }
     [[nodiscard]] bool isSelected() const { return selected_; }
     virtual void setSelected(bool selected) { change(selected_, selected, UIProperty::state); }
-    /// A disabled control takes no touches; they do not reach the views behind it either.
-    [[nodiscard]] UIView* hitTest(CGPoint point) override;
-
     /// What to do when the user changes the value (one action; the last one set).
     void setValueChangedAction(std::function<void()> action) { valueChanged_ = std::move(action); }
 

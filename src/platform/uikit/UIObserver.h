@@ -1,8 +1,8 @@
 // SPDX-License-Identifier: Apache-2.0
 /// @file
-/// What a host hears of the views: one observer for the whole process, told once of every change, so that it never has
-/// to look by itself. All calls come on the main thread, after the change. An observer may read everything, but
-/// changes no view and reloads no table from inside a call.
+/// What a host hears of the views: one observer for the whole process, told once of every change, so that it
+/// never has to look by itself. All calls come on the main thread, after the change. An observer may read
+/// everything, but changes no view and reloads no table from inside a call.
 #pragma once
 
 namespace zorel {
@@ -43,7 +43,8 @@ public:
     [[nodiscard]] static UIObserver& current();
 
     virtual void viewAdded(UIView& /*superview*/, UIView& /*view*/) {}
-    /// Also sent while either of the two is being destroyed: then only the addresses and the plain UIView are left.
+    /// Also sent while either of the two is being destroyed: then only the addresses and the plain UIView are
+    /// left.
     virtual void viewRemoved(UIView& /*superview*/, UIView& /*view*/) {}
     /// The last call about a view: only its address is still of use.
     virtual void viewDestroyed(UIView& /*view*/) {}

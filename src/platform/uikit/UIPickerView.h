@@ -22,7 +22,8 @@ public:
 class UIPickerViewDelegate {
 public:
     virtual ~UIPickerViewDelegate() = default;
-    /// The view of a row; the picker keeps it. `reusing` is a view that the picker no longer shows, or nullptr.
+    /// The view of a row; the picker keeps it. `reusing` is nullptr: wheels are short, every row
+    /// has its own view.
     virtual std::unique_ptr<UIView> viewForRow(UIPickerView& picker, int row, int component,
                                                std::unique_ptr<UIView> reusing) = 0;
     virtual void didSelectRow(UIPickerView& /*picker*/, int /*row*/, int /*component*/) {}
@@ -37,7 +38,8 @@ public:
     void setDelegate(UIPickerViewDelegate* delegate);
     /// Asked of the data source each time; 0 without one.
     [[nodiscard]] int numberOfRows();
-    /// The delegate's view of a row, made when first asked for; nullptr outside the rows or without a delegate.
+    /// The delegate's view of a row, made when first asked for; nullptr outside the rows or without a
+    /// delegate.
     [[nodiscard]] UIView* viewForRow(int row);
     /// Gives up the row views, to be asked for anew.
     void reloadAllComponents();
@@ -46,7 +48,8 @@ public:
     [[nodiscard]] int selectedRow();
     /// Turns the wheel without telling the delegate. A row below 0 is row 0.
     void selectRow(int row, bool animated);
-    /// The user has let the wheel come to rest on a row: selects it and tells the delegate. Ignored outside the rows.
+    /// The user has let the wheel come to rest on a row: selects it and tells the delegate. Ignored outside
+    /// the rows.
     void userPicksRow(int row);
 
 private:

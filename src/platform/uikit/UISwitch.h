@@ -15,7 +15,8 @@ public:
     [[nodiscard]] bool isOn() const { return on_; }
     /// Sets the switch without running its action.
     void setOn(bool on, bool animated = false);
-    /// The user flips the switch: sets it the other way and runs the value-changed action. Ignored while disabled.
+    /// The user flips the switch: sets it the other way and runs the value-changed action. Ignored while
+    /// disabled.
     void userToggles();
 
 private:

@@ -1,7 +1,8 @@
 // SPDX-License-Identifier: Apache-2.0
 /// @file
-/// A table of sections and rows that asks its data source for everything and remembers only the cells on show and the
-/// selected row. The host decides which rows are on show; scrolling and the places of the rows are its affair.
+/// A table of sections and rows that asks its data source for everything and remembers only the cells on show
+/// and the selected row. The host decides which rows are on show; scrolling and the places of the rows are
+/// its affair.
 #pragma once
 
 #include "platform/uikit/UITableViewCell.h"
@@ -36,7 +37,8 @@ public:
     virtual int numberOfSectionsInTableView(UITableView& /*table*/) { return 1; }
     virtual int numberOfRowsInSection(UITableView& table, int section) = 0;
     /// A cell for the row, new or from dequeueReusableCellWithIdentifier; the table keeps it.
-    virtual std::unique_ptr<UITableViewCell> cellForRowAtIndexPath(UITableView& table, NSIndexPath indexPath) = 0;
+    virtual std::unique_ptr<UITableViewCell> cellForRowAtIndexPath(UITableView& table,
+                                                                   NSIndexPath indexPath) = 0;
     virtual std::string titleForHeaderInSection(UITableView& /*table*/, int /*section*/) { return {}; }
     virtual std::string titleForFooterInSection(UITableView& /*table*/, int /*section*/) { return {}; }
     virtual bool canEditRowAtIndexPath(UITableView& /*table*/, NSIndexPath /*indexPath*/) { return true; }
@@ -47,14 +49,15 @@ public:
 class UITableViewDelegate {
 public:
     virtual ~UITableViewDelegate() = default;
-    virtual double heightForRowAtIndexPath(UITableView& table, NSIndexPath indexPath); ///< [pt]; table.rowHeight()
+    virtual double heightForRowAtIndexPath(UITableView& table,
+                                           NSIndexPath indexPath); ///< [pt]; table.rowHeight()
     virtual double heightForHeaderInSection(UITableView& /*table*/, int /*section*/) { ///< [pt]
         return UITableViewAutomaticDimension;
     }
     /// A view that someone else keeps, or nullptr.
     virtual UIView* viewForHeaderInSection(UITableView& /*table*/, int /*section*/) { return nullptr; }
     virtual UITableViewCellEditingStyle editingStyleForRowAtIndexPath(UITableView& /*table*/,
-                                                                     NSIndexPath /*indexPath*/) {
+                                                                      NSIndexPath /*indexPath*/) {
         return UITableViewCellEditingStyle::deleteRow;
     }
     virtual void didSelectRowAtIndexPath(UITableView& /*table*/, NSIndexPath /*indexPath*/) {}
@@ -77,7 +80,8 @@ public:
     /// Carried for the host; the table itself remembers one selected row.
     void setAllowsMultipleSelection(bool allows) { allowsMultipleSelection_ = allows; }
 
-    // What the data source and the delegate say now; nothing is cached. Sections or rows that do not exist: 0, "", none.
+    // What the data source and the delegate say now; nothing is cached. Sections or rows that do not exist:
+    // 0, "", none.
 
     [[nodiscard]] int numberOfSections();
     [[nodiscard]] int numberOfRowsInSection(int section);
@@ -86,24 +90,27 @@ public:
     [[nodiscard]] double heightForHeader(int section);
     [[nodiscard]] std::string titleForHeader(int section);
     [[nodiscard]] std::string titleForFooter(int section);
-    /// The header's own view, made a subview of the table; nullptr when the title is to be shown.
+    /// The header's own view, made a subview of the table and as wide; nullptr when the title is to be shown.
     [[nodiscard]] UIView* viewForHeader(int section);
     /// Whether the row may be deleted by the user.
     [[nodiscard]] bool canDeleteRow(NSIndexPath indexPath);
 
     // Cells.
 
-    /// The row's cell, got from the data source if it is not yet on show and sized to the table's width; nullptr when
-    /// there is no such row.
+    /// The row's cell, got from the data source if it is not yet on show and sized to the table's width;
+    /// nullptr when there is no such row.
     [[nodiscard]] UITableViewCell* cellForRowAtIndexPath(NSIndexPath indexPath);
     /// The row has left the screen: its cell is kept for reuse.
     void endDisplayingRow(NSIndexPath indexPath);
     /// For the data source: a cell that is no longer on show, or nullptr.
     [[nodiscard]] std::unique_ptr<UITableViewCell>
     dequeueReusableCellWithIdentifier(const std::string& identifier);
-    /// Takes all cells off show, forgets the selected row and tells the observer. May be called from inside a cell's
-    /// own tap.
+    /// Takes all cells off show, forgets the selected row and tells the observer. May be called from inside a
+    /// cell's own tap.
     void reloadData();
+
+    /// Also makes the cells on show as wide as the table.
+    void setFrame(const CGRect& frame) override;
 
     // Selection and editing.
 
@@ -111,7 +118,8 @@ public:
     /// Selects a row without telling the delegate; a row that does not exist is not selected.
     void selectRowAtIndexPath(NSIndexPath indexPath);
     void deselectSelectedRow();
-    /// The user has tapped a row: selects it and tells the delegate. Ignored where there is no row or no selection.
+    /// The user has tapped a row: selects it and tells the delegate. Ignored where there is no row or no
+    /// selection.
     void userSelectsRow(NSIndexPath indexPath);
     /// The user has deleted a row. Ignored unless canDeleteRow.
     void userDeletesRow(NSIndexPath indexPath);
@@ -122,7 +130,7 @@ public:
 private:
     void setSelectedRow(std::optional<NSIndexPath> indexPath);
     [[nodiscard]] bool hasSection(int section);
-    void keepForReuse(std::unique_ptr<UITableViewCell> cell);
+    void takeOffShow(std::unique_ptr<UITableViewCell> cell);
 
     UITableViewDataSource* dataSource_ = nullptr;
     UITableViewDelegate* delegate_ = nullptr;

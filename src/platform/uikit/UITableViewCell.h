@@ -19,17 +19,19 @@ public:
     [[nodiscard]] const std::string& reuseIdentifier() const { return reuseIdentifier_; }
     [[nodiscard]] UILabel& textLabel() { return textLabel_; }
     [[nodiscard]] UITableViewCellAccessoryType accessoryType() const { return accessoryType_; }
-    void setAccessoryType(UITableViewCellAccessoryType type) { change(accessoryType_, type, UIProperty::content); }
+    void setAccessoryType(UITableViewCellAccessoryType type);
 
     /// The view at the right edge; it becomes a subview. nullptr when there is none.
-    [[nodiscard]] UIView* accessoryView() const { return accessory_.get(); }
-    /// Shows a view that someone else keeps (nullptr: none). One given over before is disposed of after the event.
+    [[nodiscard]] UIView* accessoryView() const;
+    /// Shows a view that someone else keeps (nullptr: none). One given over before is disposed of after the
+    /// event.
     void setAccessoryView(UIView* view);
     /// Shows a view and keeps it.
     void setAccessoryView(std::unique_ptr<UIView> view);
     void setAccessoryView(std::nullptr_t) { setAccessoryView(static_cast<UIView*>(nullptr)); }
 
-    /// Also puts the accessory view at the right edge, in the middle of the height, and the text label beside it.
+    /// Also puts the accessory view at the right edge, in the middle of the height, and the text label beside
+    /// it.
     void setFrame(const CGRect& frame) override;
     /// Puts the parts in their places.
     void layoutSubviews();

@@ -23,9 +23,9 @@ private:
     CGPoint location_;
 };
 
-/// Carries the touches of one finger to the view that it first hit, until it is lifted. The root, the hit view or any
-/// other view may be destroyed at any moment; the rest of the touch then goes nowhere. Points are in the coordinates
-/// of the root.
+/// Carries the touches of one finger to the view that it first hit, until it is lifted. The root, the hit
+/// view or any other view may be destroyed at any moment; the rest of the touch then goes nowhere. Points are
+/// in the coordinates of the root.
 class UITouchDispatcher {
 public:
     explicit UITouchDispatcher(UIView& root) : root_(&root) {}

@@ -2,9 +2,9 @@
 /// @file
 /// A view: a rectangle of the screen that draws itself, holds other views and takes touches.
 ///
-/// A view refers to its subviews; whoever made them keeps them. A view that is destroyed leaves its superview and lets
-/// its subviews go. Left out: layers, constraints, gesture recognisers, more than one touch, transforms other than a
-/// uniform scale about the centre.
+/// A view refers to its subviews; whoever made them keeps them. A view that is destroyed leaves its superview
+/// and lets its subviews go. Left out: layers, constraints, gesture recognisers, more than one touch,
+/// transforms other than a uniform scale about the centre.
 #pragma once
 
 #include "platform/coregraphics/CGContext.h"
@@ -35,13 +35,14 @@ enum UIViewAutoresizing : unsigned {
     UIViewAutoresizingFlexibleBottomMargin = 32
 };
 
-/// How a host shows a view: `plain` ones (drawn controls too) by calling drawRect, the others in a native way.
+/// How a host shows a view: `plain` ones (drawn controls too) by calling drawRect, the others in a native
+/// way.
 enum class UIViewKind { plain, label, switchControl, picker, searchBar, table, cell };
 
 enum class UIViewAnimationOptions { none, allowUserInteraction };
 
-/// The course of every animation: the share of the change [0 to 1] that is done after a share of the time [0 to 1],
-/// slow at both ends and even about the middle (3t^2 - 2t^3).
+/// The course of every animation: the share of the change [0 to 1] that is done after a share of the time [0
+/// to 1], slow at both ends and even about the middle (3t^2 - 2t^3).
 [[nodiscard]] double easeInOut(double fraction);
 
 class UIView : public UIObject {
@@ -54,15 +55,16 @@ public:
 
     // Place and size (UIView.cpp).
 
-    /// The rectangle in the superview, before the scale. Setting it keeps the scale and autoresizes the subviews.
+    /// The rectangle in the superview, before the scale. Setting it keeps the scale and autoresizes the
+    /// subviews.
     [[nodiscard]] const CGRect& frame() const { return frame_; }
     virtual void setFrame(const CGRect& frame);
     /// The view's own rectangle; its origin is always (0, 0).
     [[nodiscard]] CGRect bounds() const { return {0.0, 0.0, frame_.width, frame_.height}; }
     [[nodiscard]] CGPoint center() const { return {frame_.midX(), frame_.midY()}; }
     void setCenter(CGPoint center);
-    /// A sum of UIViewAutoresizing values. In each direction the flexible parts (margin, size, margin) share the change
-    /// of the superview in proportion to their lengths, equally when all of these are 0.
+    /// A sum of UIViewAutoresizing values. In each direction the flexible parts (margin, size, margin) share
+    /// the change of the superview in proportion to their lengths, equally when all of these are 0.
     [[nodiscard]] unsigned autoresizingMask() const { return autoresizingMask_; }
     void setAutoresizingMask(unsigned mask) { autoresizingMask_ = mask; }
     /// Whether a change of size is passed on to the subviews.
@@ -74,8 +76,8 @@ public:
     [[nodiscard]] UIView* superview() const { return superview_; }
     /// Back to front.
     [[nodiscard]] const std::vector<UIView*>& subviews() const { return subviews_; }
-    /// Puts the view in front of the other subviews, taking it from its former superview. Adding a view to itself or
-    /// to one of its own descendants does nothing.
+    /// Puts the view in front of the other subviews, taking it from its former superview. Adding a view to
+    /// itself or to one of its own descendants does nothing.
     void addSubview(UIView& view);
     void removeFromSuperview();
     void removeAllSubviews();
@@ -117,9 +119,9 @@ public:
     [[nodiscard]] double presentationAlpha() const { return visible(alpha_); }
     /// The scale to be seen at the run loop's present time.
     [[nodiscard]] double presentationScale() const { return visible(scale_); }
-    /// Runs `animations` at once; every opacity and scale that it sets (of any view) moves there from its visible
-    /// value in `duration` [s] after `delay` [s]. `completion` runs at the end of that time, also if another animation
-    /// or setting has taken the values over; not if this view has been destroyed by then.
+    /// Runs `animations` at once; every opacity and scale that it sets (of any view) moves there from its
+    /// visible value in `duration` [s] after `delay` [s]. `completion` runs at the end of that time, also if
+    /// another animation or setting has taken the values over; not if this view has been destroyed by then.
     void animate(double duration, double delay, UIViewAnimationOptions options,
                  const std::function<void()>& animations, std::function<void()> completion = {});
     void animate(double duration, const std::function<void()>& animations,
@@ -137,8 +139,9 @@ public:
     }
     /// Whether the point, in this view's coordinates, lies in its bounds.
     [[nodiscard]] bool pointInside(CGPoint point) const { return bounds().contains(point); }
-    /// The frontmost descendant (or this view) that takes a touch at the point, in this view's coordinates. Hidden
-    /// views, those without user interaction and those of an opacity below 0.01 take none, nor do their subviews.
+    /// The frontmost descendant (or this view) that takes a touch at the point, in this view's coordinates.
+    /// Hidden views, those without user interaction and those of an opacity below 0.01 take none, nor do
+    /// their subviews.
     [[nodiscard]] virtual UIView* hitTest(CGPoint point);
     /// A point of the superview in this view's coordinates and the reverse, the scale included.
     [[nodiscard]] CGPoint pointFromSuperview(CGPoint point) const;
@@ -164,9 +167,10 @@ protected:
 private:
     struct Course {
         double from = 0.0;
-        double start = 0.0;    ///< [s]
-        double duration = 0.0; ///< [s]
+        std::int64_t start = 0;    ///< [us] of the run loop's clock
+        std::int64_t duration = 0; ///< [us]
     };
+    struct AnimationBlock;
     struct Animatable {
         double value = 1.0;
         std::optional<Course> course;
@@ -178,6 +182,7 @@ private:
     void autoresize(CGSize oldSize, CGSize newSize);
     void detach(UIView& subview);
 
+    static AnimationBlock* block_; ///< the one whose settings are being made
     CGRect frame_;
     UIView* superview_ = nullptr;
     std::vector<UIView*> subviews_;

@@ -32,7 +32,9 @@ public:
     [[nodiscard]] const std::string& title() const { return title_; }
     void setTitle(std::string title);
     /// The back button of the screen that is pushed on top of this one.
-    [[nodiscard]] const std::optional<UIBarButtonItem>& backBarButtonItem() const { return backBarButtonItem_; }
+    [[nodiscard]] const std::optional<UIBarButtonItem>& backBarButtonItem() const {
+        return backBarButtonItem_;
+    }
     void setBackBarButtonItem(std::optional<UIBarButtonItem> item);
 
 private:
