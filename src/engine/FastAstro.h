@@ -5,10 +5,15 @@
 
 #include "engine/AstroGlobalFuncs.h"
 #include "engine/EarthCompute.h"
+#include "engine/HijriMonthStart.h"
 #include "engine/MoonCompute.h"
+#include "engine/MoonDayScan.h"
 #include "engine/Records.h"
 
+#include <array>
+#include <cstddef>
 #include <cstdint>
+#include <optional>
 #include <string>
 
 namespace zorel {
@@ -144,8 +149,11 @@ public:
     void MoonInformationForDirectionWithoutLocalTime(const DateTimeRecord& record, MoonDirectionInfo& out);
     void MoonInformationforCrescent(const DateTimeRecord& date, const PlaceRecord& place, MoonCrescentInfo& out);
 
-    // Hijri calendar (FastAstro_Hijri.cpp).
+    // Hijri calendar (FastAstro_Crescent.cpp, FastAstro_Hijri.cpp).
     void GetCrescentDate(DateTimeRecord& record);
+    /// The observed month that a civil date lies in; nothing when no new moon fits. Moves the engine's place to the
+    /// reference place of the crescent, as every observation-based date does.
+    std::optional<HijriMonthStart> FindHijriMonth(std::int32_t day, std::int32_t month, std::int32_t year);
     void _RealGregJulToHicri(std::int32_t day, std::int32_t month, std::int32_t year, HijriDate& out);
     void RealGregJulToHicri(std::int32_t day, std::int32_t month, std::int32_t year, HijriDate& out);
     void ConvertAllCalendar(const DateTimeRecord& date, AllCalendarRecord& out);
@@ -159,6 +167,29 @@ public:
 private:
     /// Sine of the Sun's altitude above the altitude of its rise, at a full hour of universal time.
     double riseSine(std::int32_t day, std::int32_t month, std::int32_t year, std::int32_t hour);
+    /// Declination and equation of time of a day into SunInfo, at `position` and `position` + 3.
+    void sunInfoOfDay(double julianDay, int position);
+
+    /// Searches the day hour by hour until `event`, which is MoonRise or MoonSet, is found.
+    void SearchMoonEvent(double& event, std::int32_t day, std::int32_t month, std::int32_t year);
+    /// The Moon's direction record, with the events in local time or as found.
+    void FillMoonDirection(const DateTimeRecord& record, bool localTime, MoonDirectionInfo& out);
+    /// Events and direction of the Sun's record for the declination held in it.
+    void FillSunDirection(const DateTimeRecord& record);
+    /// The crescent criterion for one new moon at the engine's place.
+    HijriMonthStart MonthAfterNewMoon(double newMoon);
+    /// The same, remembered: it depends on the new moon and the zone only, once the place is the reference place.
+    const HijriMonthStart& CachedMonth(double newMoon);
+
+    struct CachedMonthStart {
+        bool used = false;
+        double timeZone = 0.0;
+        HijriMonthStart month;
+    };
+
+    MoonDayScan moonDayScan;
+    std::array<CachedMonthStart, 16> monthStarts{};
+    std::size_t nextMonthStart = 0;
 };
 
 } // namespace zorel

@@ -68,6 +68,8 @@ struct Operation {
     std::vector<std::string> arguments{};
     /// Position of the results that holds the tolerance of the first one; below zero: none does.
     int tolerancePosition = -1;
+    /// Gives what "back" of a case lists, where the operation has it: days moved back by each search.
+    Runner back{};
 };
 
 class Registry {

@@ -1,0 +1,165 @@
+// SPDX-License-Identifier: Apache-2.0
+#include "engine/PrayerDay.h"
+
+#include "engine/Integers.h"
+#include "engine/Single.h"
+#include "engine/Temkin.h"
+
+#include <cmath>
+
+namespace zorel {
+
+namespace {
+
+constexpr int kMorning = -1;
+constexpr int kAfternoon = 1;
+constexpr double kSunriseCorrection = 0.013888888992369175; // 50 seconds [h]
+constexpr double kSunsetAddition = 0.05000000074505806;     // 3 minutes [h]
+constexpr int kLastAttempt = 365;                            // days back
+constexpr double kLowestLatitude = -90.0;
+constexpr int kMostLowerings = 181;
+
+bool riseOrSetMissing(const SunInfoForPray& info) {
+    return info.sunriseYesterday() == kNoSolarEvent || info.sunsetYesterday() == kNoSolarEvent;
+}
+
+} // namespace
+
+PrayerDay::PrayerDay(FastAstro& engine, double latitude, double longitude, const DateTimeRecord& date,
+                     bool elevation, PrayerTimes& out, const QiblaRecord& qibla, PrayerTrace* trace)
+    : engine_(engine), givenLatitude_(latitude), entryLatitude_(engine.Lat), longitudeTerm_(-longitude / 15.0),
+      temkin_(temkinHours(latitude, elevation)), callDate_(date), date_(date), out_(out), qibla_(qibla),
+      trace_(trace), phi_(latitude) {}
+
+void PrayerDay::run() {
+    out_.latitudeLowered = false;
+    info_ = sunOf(callDate_);
+    lowerLatitude();
+    const SunInfoForPray callInfo = info_;
+    out_.ezani[PrayerTimes::sunrise] = std::asin(std::tan(info_.declinationToday() * kRadiansPerDegree) *
+                                                 std::tan(givenLatitude_ * kRadiansPerDegree)) /
+                                       kRadiansPerDegree * 4.0;
+    search(PrayerTimes::dawn, -19, kMorning, -temkin_, out_.dawnFromOtherDay);
+    const auto backToCallDate = [&] {
+        date_ = callDate_;
+        info_ = callInfo;
+    };
+    backToCallDate();
+    fixed(PrayerTimes::sunrise, 0, kMorning, -temkin_, -kSunriseCorrection);
+    transit();
+    fixed(PrayerTimes::afternoon, 1, kAfternoon, temkin_);
+    fixed(PrayerTimes::secondAfternoon, 2, kAfternoon, temkin_);
+    fixed(PrayerTimes::sunset, 0, kAfternoon, temkin_, kSunsetAddition);
+    search(PrayerTimes::nightfall, -17, kAfternoon, temkin_, out_.nightfallFromOtherDay);
+    backToCallDate();
+    if (out_.times[PrayerTimes::nightfall] == kNoSolarEvent) {
+        set(PrayerTimes::secondNightfall, kNoSolarEvent);
+    } else {
+        // What follows stays on the date at which this search stops.
+        search(PrayerTimes::secondNightfall, -19, kAfternoon, temkin_, out_.secondNightfallFromOtherDay);
+    }
+    fixed(PrayerTimes::morningFiveDegrees, 5, kMorning, temkin_);
+    fixed(PrayerTimes::afternoonFiveDegrees, 5, kAfternoon, 0.0);
+    nightParts();
+    qiblaTime();
+    engine_.SunInfo = info_;
+}
+
+SunInfoForPray PrayerDay::sunOf(const DateTimeRecord& date) {
+    return engine_.SunInformationForPray(date.day, date.month, date.year);
+}
+
+/// Moves the place south by whole degrees until the Sun rises and sets there, for any sign of the latitude. At the
+/// south pole it stops: what does not occur there is -1.
+void PrayerDay::lowerLatitude() {
+    bool missing = riseOrSetMissing(info_);
+    for (int step = 0; missing && step < kMostLowerings && engine_.Lat - 1.0 >= kLowestLatitude; ++step) {
+        out_.latitudeLowered = true;
+        out_.priorLatitude = engine_.Lat;
+        engine_.Lat -= 1.0;
+        phi_ = engine_.Lat;
+        info_ = sunOf(callDate_);
+        missing = riseOrSetMissing(info_) || missesAfterLowering();
+    }
+}
+
+bool PrayerDay::missesAfterLowering() {
+    return !iterate(PrayerTimes::sunrise, 0, kMorning, -temkin_, callDate_).answer ||
+           !iterate(PrayerTimes::afternoon, 1, kAfternoon, temkin_, callDate_).answer;
+}
+
+IterationResult PrayerDay::iterate(PrayerTimes::Index index, int altitude, int direction, double temkin,
+                                   const DateTimeRecord& date) {
+    const IterationInput input{phi_, longitudeTerm_, temkin, engine_.iPlace.timeZone, altitude, direction};
+    const IterationResult result = iteratePrayerTime(input, info_);
+    if (trace_ != nullptr) {
+        trace_->entries[index] = {input, result, date, phi_};
+    }
+    return result;
+}
+
+/// Today's event, or the one of the latest earlier day that has it, at most 365 days back.
+void PrayerDay::search(PrayerTimes::Index index, int altitude, int direction, double temkin, bool& fromOtherDay) {
+    IterationResult result = iterate(index, altitude, direction, temkin, date_);
+    for (int attempt = 1; !result.answer && attempt <= kLastAttempt; ++attempt) {
+        fromOtherDay = true;
+        const AstroGlobalFuncs& calendar = engine_.astroGlobalFuncs;
+        calendar.JulianToCalendar(calendar.JulianDay(date_) - 1.0, date_, 1);
+        info_ = sunOf(date_);
+        result = iterate(index, altitude, direction, temkin, date_);
+    }
+    if (!result.answer) {
+        fromOtherDay = true;
+    }
+    set(index, result.answer ? result.time : kNoSolarEvent);
+}
+
+void PrayerDay::fixed(PrayerTimes::Index index, int altitude, int direction, double temkin, double addition) {
+    const IterationResult result = iterate(index, altitude, direction, temkin, date_);
+    set(index, result.time + addition);
+}
+
+void PrayerDay::transit() {
+    const double today = info_.equationOfTimeToday();
+    const double noon = 12.0 - (today + (today - info_.equationOfTimeTomorrow()) * -0.5) + longitudeTerm_;
+    set(PrayerTimes::noon, noon + temkin_ + engine_.iPlace.timeZone);
+    set(PrayerTimes::transitMinusTemkin, noon - temkin_ + engine_.iPlace.timeZone);
+}
+
+void PrayerDay::nightParts() {
+    const double sunset = out_.times[PrayerTimes::sunset];
+    const double dawn = out_.times[PrayerTimes::dawn];
+    const double night = 24.0 - (sunset - dawn);
+    set(PrayerTimes::lastSixthOfNight, dawn - night / 6.0);
+    set(PrayerTimes::middleOfNight, sunset + night / 2.0);
+    set(PrayerTimes::firstThirdOfNight, sunset + night / 3.0);
+}
+
+/// Right only for some longitudes and without the zone: SunAtQibla is the time to show to a person.
+void PrayerDay::qiblaTime() {
+    if (out_.latitudeLowered) {
+        set(PrayerTimes::qiblaTime, kNoSolarEvent);
+        engine_.Lat = entryLatitude_;
+        return;
+    }
+    double y = std::acos(std::tan(info_.declinationToday() * kRadiansPerDegree) * std::cos(qibla_.q0) /
+                         std::tan(givenLatitude_ * kRadiansPerDegree)) -
+               qibla_.q0;
+    if (qibla_.q1 > 180.0) {
+        y = -y;
+    }
+    const double T = -y / kRadiansPerDegree / 15.0 + 12.0 + longitudeTerm_;
+    set(PrayerTimes::qiblaTime,
+        T - interpolateDay(info_.equationOfTimeToday(), info_.equationOfTimeTomorrow(), T));
+}
+
+/// Not-a-number and infinity never get into the times.
+void PrayerDay::set(PrayerTimes::Index index, double time) {
+    out_.times[index] = std::isfinite(time) ? time : kNoSolarEvent;
+    if (trace_ != nullptr) {
+        trace_->entries[index].date = date_;
+        trace_->entries[index].latitude = phi_;
+    }
+}
+
+} // namespace zorel

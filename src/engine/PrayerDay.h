@@ -1,0 +1,59 @@
+// SPDX-License-Identifier: Apache-2.0
+/// @file
+/// The computation of one day's prayer times, step by step; FastAstro::CalculateAllPrayTimes runs it.
+#pragma once
+
+#include "engine/FastAstro.h"
+#include "engine/PrayerIteration.h"
+
+#include <array>
+
+namespace zorel {
+
+/// How each of the sixteen times came about. Filled only for an explanation.
+struct PrayerTrace {
+    struct Entry {
+        IterationInput input;
+        IterationResult result;
+        DateTimeRecord date;
+        double latitude = 0.0;
+    };
+    std::array<Entry, 16> entries{};
+};
+
+/// One place and civil date. Uses the engine's `Lat` while it lowers the latitude, and its Sun.
+class PrayerDay {
+public:
+    PrayerDay(FastAstro& engine, double latitude, double longitude, const DateTimeRecord& date, bool elevation,
+              PrayerTimes& out, const QiblaRecord& qibla, PrayerTrace* trace = nullptr);
+    /// Fills the times in their order; leaves index 13 and flags that do not apply as they were.
+    void run();
+
+private:
+    SunInfoForPray sunOf(const DateTimeRecord& date);
+    void lowerLatitude();
+    [[nodiscard]] bool missesAfterLowering();
+    IterationResult iterate(PrayerTimes::Index index, int altitude, int direction, double temkin,
+                            const DateTimeRecord& date);
+    void search(PrayerTimes::Index index, int altitude, int direction, double temkin, bool& fromOtherDay);
+    void fixed(PrayerTimes::Index index, int altitude, int direction, double temkin, double addition = 0.0);
+    void transit();
+    void nightParts();
+    void qiblaTime();
+    void set(PrayerTimes::Index index, double time);
+
+    FastAstro& engine_;
+    const double givenLatitude_;  // [deg]
+    const double entryLatitude_;  // the engine's `Lat` before lowering [deg]
+    const double longitudeTerm_;  // [h]
+    const double temkin_;         // [h]
+    const DateTimeRecord callDate_;
+    DateTimeRecord date_; // the date that what follows is computed for
+    PrayerTimes& out_;
+    const QiblaRecord qibla_;
+    PrayerTrace* trace_;
+    double phi_;          // latitude used [deg]
+    SunInfoForPray info_; // of date_
+};
+
+} // namespace zorel

@@ -1,0 +1,65 @@
+// SPDX-License-Identifier: Apache-2.0
+#include "engine/PrayerIteration.h"
+
+#include "engine/Single.h"
+
+#include <cmath>
+
+namespace zorel {
+
+namespace {
+
+constexpr int kMostRounds = 10;
+constexpr double kOneSecond = 0.00027777778450399637; // [h]
+constexpr double kLargestCosine = 0.9990000128746033;
+
+/// Altitude at which a staff throws `factor` of its length beyond its shadow of noon [rad].
+double shadowAltitude(std::int32_t factor, double latitude, double declination) {
+    double zenithDistance = latitude - declination;
+    if (zenithDistance < 0.0) {
+        zenithDistance = 90.0 - (zenithDistance + 90.0);
+    }
+    return kHalfPi - std::atan(factor + std::tan(zenithDistance * kRadiansPerDegree));
+}
+
+} // namespace
+
+double interpolateDay(double today, double tomorrow, double hour) {
+    const double change = std::fabs((today - tomorrow) * hour / 24.0);
+    return tomorrow < today ? today - change : today + change;
+}
+
+IterationResult iteratePrayerTime(const IterationInput& input, const SunInfoForPray& info) {
+    const double sinLatitude = sinSingle(input.latitude * kRadiansPerDegree);
+    const double cosLatitude = cosSingle(input.latitude * kRadiansPerDegree);
+    IterationResult result;
+    result.altitude = static_cast<double>(static_cast<float>(input.altitude)) * kRadiansPerDegree;
+    double cosine = 0.0;
+    for (double previous = result.time; result.rounds < kMostRounds && !result.converged; previous = result.time) {
+        ++result.rounds;
+        const double declination = interpolateDay(info.declinationToday(), info.declinationTomorrow(), previous);
+        if (isShadowRule(input.altitude)) {
+            result.altitude = shadowAltitude(input.altitude, input.latitude, declination);
+        }
+        cosine = (std::sin(result.altitude) - sinLatitude * sinSingle(declination * kRadiansPerDegree)) /
+                 (cosLatitude * cosSingle(declination * kRadiansPerDegree));
+        const double T = 12.0 + input.direction * (std::acos(cosine) / kRadiansPerDegree) / 15.0;
+        const double equation = interpolateDay(info.equationOfTimeToday(), info.equationOfTimeTomorrow(), T);
+        result.time = T - equation + input.longitudeTerm + input.temkin + input.timeZone;
+        if (std::isnan(result.time)) {
+            return result;
+        }
+        result.converged = !(std::fabs(result.time - previous) > kOneSecond);
+    }
+    if (!result.converged) {
+        result.answer = true;
+        return result;
+    }
+    if (result.time < 0.0) {
+        result.time += 1.0; // one hour, not a day
+    }
+    result.answer = cosine >= -kLargestCosine && cosine <= kLargestCosine;
+    return result;
+}
+
+} // namespace zorel

@@ -1,0 +1,40 @@
+// SPDX-License-Identifier: Apache-2.0
+/// @file
+/// The time at which the Sun stands at an altitude or throws a shadow of a length, found by iteration.
+#pragma once
+
+#include "engine/Records.h"
+
+#include <cstdint>
+
+namespace zorel {
+
+/// What is asked of the iteration.
+struct IterationInput {
+    double latitude = 0.0;      ///< [deg]
+    double longitudeTerm = 0.0; ///< minus the longitude, as time [h]
+    double temkin = 0.0;        ///< signed [h]
+    double timeZone = 0.0;      ///< [h]
+    std::int32_t altitude = 0;  ///< [deg]; 1 and 2 are the shadow rules
+    std::int32_t direction = 1; ///< -1 morning, +1 afternoon
+};
+
+struct IterationResult {
+    double time = 12.0;     ///< [h] local; may be not-a-number
+    bool answer = false;    ///< the event occurs
+    bool converged = false; ///< two rounds agreed within a second
+    int rounds = 0;
+    double altitude = 0.0; ///< target of the last round [rad]
+};
+
+/// Whether an altitude code stands for a shadow as long as 1 or 2 staffs, beyond the shadow of noon.
+constexpr bool isShadowRule(std::int32_t altitude) { return altitude == 1 || altitude == 2; }
+
+/// At most ten rounds; not-a-number ends it at once with the answer false.
+[[nodiscard]] IterationResult iteratePrayerTime(const IterationInput& input, const SunInfoForPray& info);
+
+/// The value at a local hour between the day's and the next day's, with the sign of the change as the engine takes
+/// it: the absolute change is subtracted when the value falls.
+[[nodiscard]] double interpolateDay(double today, double tomorrow, double hour);
+
+} // namespace zorel
