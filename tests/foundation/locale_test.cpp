@@ -1,0 +1,129 @@
+// SPDX-License-Identifier: Apache-2.0
+#include "platform/foundation/CodePage1254.h"
+#include "platform/foundation/Locale.h"
+
+#include <cstdlib>
+#include <gtest/gtest.h>
+#include <map>
+#include <optional>
+
+namespace zorel {
+namespace {
+
+/// Sets the three locale variables and puts them back.
+class LocaleVariables {
+public:
+    LocaleVariables(const char* all, const char* messages, const char* lang) {
+        set("LC_ALL", all);
+        set("LC_MESSAGES", messages);
+        set("LANG", lang);
+    }
+    LocaleVariables(const LocaleVariables&) = delete;
+    LocaleVariables& operator=(const LocaleVariables&) = delete;
+    ~LocaleVariables() {
+        for (const auto& [name, value] : previous_) {
+            change(name, value ? value->c_str() : nullptr);
+        }
+    }
+
+private:
+    static void change(const char* name, const char* value) {
+        if (value != nullptr) {
+            setenv(name, value, 1);
+        } else {
+            unsetenv(name);
+        }
+    }
+    void set(const char* name, const char* value) {
+        const char* previous = std::getenv(name);
+        previous_[name] = previous != nullptr ? std::optional<std::string>(previous) : std::nullopt;
+        change(name, value);
+    }
+    std::map<const char*, std::optional<std::string>> previous_;
+};
+
+TEST(CurrentLocale, FollowsTheVariablesInOrder) {
+    EXPECT_EQ((LocaleVariables("tr_TR.UTF-8", "de_DE", "fr_FR"), currentLocale()), "tr_TR");
+    EXPECT_EQ((LocaleVariables(nullptr, "de_DE@euro", "fr_FR"), currentLocale()), "de_DE");
+    EXPECT_EQ((LocaleVariables("", "", "fr_FR.UTF-8"), currentLocale()), "fr_FR");
+}
+
+TEST(CurrentLocale, IsPlainEnglishWithoutALanguage) {
+    for (const char* name : {"C", "POSIX", "C.UTF-8", ".UTF-8", ""}) {
+        const LocaleVariables variables(nullptr, nullptr, name);
+        EXPECT_EQ(currentLocale(), "en_US_POSIX") << name;
+    }
+    const LocaleVariables none(nullptr, nullptr, nullptr);
+    EXPECT_EQ(currentLocale(), "en_US_POSIX");
+}
+
+TEST(CurrentLocale, CanBeOverridden) {
+    const std::string outside = currentLocale();
+    {
+        const LocaleOverride outer("fr_CA");
+        {
+            const LocaleOverride inner("tr");
+            EXPECT_EQ(currentLocale(), "tr");
+        }
+        EXPECT_EQ(currentLocale(), "fr_CA");
+    }
+    EXPECT_EQ(currentLocale(), outside);
+}
+
+TEST(DayPeriodSymbols, AreThoseOfTheLocale) {
+    EXPECT_EQ(amSymbol("tr_TR"), "ÖÖ");
+    EXPECT_EQ(pmSymbol("tr_TR"), "ÖS");
+    EXPECT_EQ(amSymbol("en_US"), "AM");
+    EXPECT_EQ(pmSymbol("en_US_POSIX"), "PM");
+    EXPECT_EQ(amSymbol("ar_EG"), "ص");
+}
+
+TEST(DayPeriodSymbols, FallBackForALocaleThatThereIsNot) {
+    for (const char* locale : {"xx_YY", "", "....", "tr_TR_TR_TR_TR_TR"}) {
+        EXPECT_FALSE(amSymbol(locale).empty()) << locale;
+    }
+    EXPECT_FALSE(pmSymbol(std::string(10000, 'x')).empty());
+}
+
+TEST(CaseMapping, DependsOnTheLanguageOnlyWhenAsked) {
+    EXPECT_EQ(lowerCase("ÖÖ ÖS"), "öö ös");
+    EXPECT_EQ(lowerCase("Istanbul", "tr"), "ıstanbul");
+    EXPECT_EQ(lowerCase("Istanbul"), "istanbul");
+    EXPECT_EQ(upperCase("izmir", "tr"), "İZMİR");
+    EXPECT_EQ(upperCase("izmir"), "IZMIR");
+    EXPECT_EQ(upperCase("straße"), "STRASSE");
+    EXPECT_EQ(lowerCase(""), "");
+}
+
+TEST(CaseMapping, SurvivesBytesThatAreNoText) {
+    EXPECT_EQ(lowerCase("A\xFF"
+                        "B"),
+              "a\uFFFD"
+              "b");
+}
+
+TEST(CodePage1254, ReadsTurkishLetters) {
+    EXPECT_EQ(utf8FromCodePage1254("\xDD\xFD\xDE\xFE\xD0\xF0"), "İıŞşĞğ");
+    EXPECT_EQ(utf8FromCodePage1254("\xC7\xE7\xD6\xF6\xDC\xFC\x80"), "ÇçÖöÜü€");
+    EXPECT_EQ(utf8FromCodePage1254("41;30;36"), "41;30;36");
+    EXPECT_EQ(utf8FromCodePage1254(""), "");
+}
+
+TEST(CodePage1254, ComesBackByteForByte) {
+    for (int byte = 0; byte < 256; ++byte) {
+        const std::string bytes(1, static_cast<char>(byte));
+        const std::string text = utf8FromCodePage1254(bytes);
+        EXPECT_FALSE(text.empty()) << byte;
+        EXPECT_EQ(codePage1254FromUtf8(text), bytes) << byte;
+    }
+}
+
+TEST(CodePage1254, HasNoPlaceForOtherLetters) {
+    EXPECT_EQ(codePage1254FromUtf8("Şanlıurfa"), "\xDE"
+                                                 "anl\xFDurfa");
+    EXPECT_EQ(codePage1254FromUtf8("東京"), std::nullopt);
+    EXPECT_EQ(codePage1254FromUtf8(""), "");
+}
+
+} // namespace
+} // namespace zorel

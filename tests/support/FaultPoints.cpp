@@ -1,0 +1,138 @@
+// SPDX-License-Identifier: Apache-2.0
+#include "tests/support/FaultPoints.h"
+
+#include <cerrno>
+#include <cstdarg>
+#include <cstddef>
+#include <dlfcn.h>
+#include <fcntl.h>
+#include <sys/types.h>
+#include <unistd.h>
+
+namespace zorel::faults {
+namespace {
+
+struct Plan {
+    bool armed = false;
+    Effect effect = Effect::count;
+    int nth = 0;
+    int error = 0;
+    bool lasting = false;
+    int seen = 0;
+};
+
+Plan plan;
+
+enum class Verdict { proceed, refuse, tear };
+
+/// Counts a call and says what is to become of it.
+Verdict next() {
+    if (!plan.armed) {
+        return Verdict::proceed;
+    }
+    ++plan.seen;
+    const bool hit = plan.seen == plan.nth || (plan.lasting && plan.seen > plan.nth);
+    if (!hit || plan.effect == Effect::count) {
+        return Verdict::proceed;
+    }
+    if (plan.effect == Effect::die) {
+        _exit(kDied);
+    }
+    if (plan.effect == Effect::tear) {
+        return Verdict::tear;
+    }
+    errno = plan.error;
+    return Verdict::refuse;
+}
+
+template <typename Function> Function* real(const char* name) {
+    return reinterpret_cast<Function*>(dlsym(RTLD_NEXT, name));
+}
+
+/// Runs the call of the C library unless a fault is due.
+template <typename Function, typename... Arguments> auto run(const char* name, Arguments... arguments) {
+    using Result = decltype(real<Function>(name)(arguments...));
+    switch (next()) {
+    case Verdict::refuse:
+        return static_cast<Result>(-1);
+    case Verdict::tear:
+        _exit(kDied);
+    default:
+        return real<Function>(name)(arguments...);
+    }
+}
+
+using Open = int(const char*, int, ...);
+
+int openFile(const char* name, const char* path, int flags, mode_t mode) {
+    return (flags & O_CREAT) != 0 ? run<Open>(name, path, flags, mode) : real<Open>(name)(path, flags, mode);
+}
+
+} // namespace
+
+void arm(Effect effect, int nth, int error, bool lasting) { plan = {true, effect, nth, error, lasting, 0}; }
+
+int disarm() {
+    plan.armed = false;
+    return plan.seen;
+}
+
+} // namespace zorel::faults
+
+namespace faults = zorel::faults;
+
+extern "C" {
+
+ssize_t write(int file, const void* bytes, size_t size) {
+    switch (faults::next()) {
+    case faults::Verdict::refuse:
+        return -1;
+    case faults::Verdict::tear:
+        faults::real<ssize_t(int, const void*, size_t)>("write")(file, bytes, size / 2);
+        _exit(faults::kDied);
+    default:
+        return faults::real<ssize_t(int, const void*, size_t)>("write")(file, bytes, size);
+    }
+}
+
+ssize_t pwrite64(int file, const void* bytes, size_t size, off64_t offset) {
+    using Function = ssize_t(int, const void*, size_t, off64_t);
+    switch (faults::next()) {
+    case faults::Verdict::refuse:
+        return -1;
+    case faults::Verdict::tear:
+        faults::real<Function>("pwrite64")(file, bytes, size / 2, offset);
+        _exit(faults::kDied);
+    default:
+        return faults::real<Function>("pwrite64")(file, bytes, size, offset);
+    }
+}
+
+int open(const char* path, int flags, ...) {
+    va_list arguments;
+    va_start(arguments, flags);
+    const auto mode = (flags & O_CREAT) != 0 ? va_arg(arguments, mode_t) : mode_t{0};
+    va_end(arguments);
+    return faults::openFile("open", path, flags, mode);
+}
+
+int open64(const char* path, int flags, ...) {
+    va_list arguments;
+    va_start(arguments, flags);
+    const auto mode = (flags & O_CREAT) != 0 ? va_arg(arguments, mode_t) : mode_t{0};
+    va_end(arguments);
+    return faults::openFile("open64", path, flags, mode);
+}
+
+int fsync(int file) { return faults::run<int(int)>("fsync", file); }
+int fdatasync(int file) { return faults::run<int(int)>("fdatasync", file); }
+int ftruncate64(int file, off64_t size) noexcept { return faults::run<int(int, off64_t)>("ftruncate64", file, size); }
+int unlink(const char* path) noexcept { return faults::run<int(const char*)>("unlink", path); }
+int mkdir(const char* path, mode_t mode) noexcept {
+    return faults::run<int(const char*, mode_t)>("mkdir", path, mode);
+}
+int rename(const char* from, const char* to) noexcept {
+    return faults::run<int(const char*, const char*)>("rename", from, to);
+}
+
+} // extern "C"
