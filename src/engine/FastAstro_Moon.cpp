@@ -111,8 +111,8 @@ double FastAstro::MoonTrueAltitude(double julianDay) {
         addWhileNegative((LMST(julianDay - 2400000.5, Lon) - MoonRA) * 15.0, 360.0) * kRadiansPerDegree;
     const double phi = Lat * kRadiansPerDegree;
     const double delta = MoonDec * kRadiansPerDegree;
-    MoonAlt = std::asin(std::cos(phi) * std::cos(delta) * std::cos(H) + std::sin(phi) * std::sin(delta)) *
-              kDegreesPerRadian;
+    MoonAlt = std::asin(std::cos(phi) * std::cos(delta) * std::cos(H) + std::sin(phi) * std::sin(delta)) /
+              kRadiansPerDegree;
     return MoonAlt;
 }
 
@@ -133,8 +133,8 @@ double FastAstro::MoonDistance(double julianDay) const {
 double FastAstro::MoonParallax(double altitude, double distance) const {
     const double horizontal = single(8.794) / (distance / kKmPerAu);
     return std::asin(std::cos(altitude * kRadiansPerDegree) *
-                     std::sin(horizontal / 3600.0 * kRadiansPerDegree)) *
-           kDegreesPerRadian;
+                     std::sin(horizontal / 3600.0 * kRadiansPerDegree)) /
+           kRadiansPerDegree;
 }
 
 double FastAstro::MoonAppAltitude(const DateTimeRecord& record) {
@@ -152,7 +152,7 @@ double FastAstro::MoonAzimuth(double declination, double gha, double altitude) c
     const double a = altitude * kRadiansPerDegree;
     const double cosine = (std::sin(declination * kRadiansPerDegree) - std::sin(phi) * std::sin(a)) /
                           (std::cos(a) * std::cos(phi));
-    const double azimuth = std::acos(cosine) * kDegreesPerRadian;
+    const double azimuth = std::acos(cosine) / kRadiansPerDegree;
     const bool east = std::sin((Lon + gha) * kRadiansPerDegree) <= 0.0;
     return east ? azimuth : 360.0 - azimuth;
 }

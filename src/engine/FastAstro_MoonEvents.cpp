@@ -4,7 +4,6 @@
 #include "engine/FastAstro.h"
 #include "engine/Integers.h"
 #include "engine/Single.h"
-#include "engine/Turns.h"
 
 #include <algorithm>
 #include <cmath>
@@ -33,10 +32,13 @@ std::int32_t wholeZone(double timeZone) {
 double FastAstro::SinElev2(double julianDay, double latitude, double, double declination,
                            double rightAscension) const {
     const double theta = MoonSideRealTime(julianDay) * kRadiansPerDegree / 240.0 * kHoursPerRadian;
-    const double H = addWhileNegative((theta - rightAscension) * 15.0, 360.0) * kRadiansPerDegree;
+    double H = (theta - rightAscension) * 15.0;
+    if (H < 0.0) {
+        H += 360.0;
+    }
     const double phi = latitude * kRadiansPerDegree;
     const double delta = declination * kRadiansPerDegree;
-    return std::cos(phi) * std::cos(delta) * std::cos(H) + std::sin(phi) * std::sin(delta);
+    return std::cos(phi) * std::cos(delta) * std::cos(H * kRadiansPerDegree) + std::sin(phi) * std::sin(delta);
 }
 
 void FastAstro::MoonRiseSet(std::int32_t day, std::int32_t month, std::int32_t year, std::int32_t hour) {

@@ -21,7 +21,7 @@ double siderealHours(const FastAstro& engine, double julianDay) {
 /// Parallax and semi-diameter follow from the distance alone.
 void fillSizes(MoonInfo& moon) {
     const double ratio = 6378.137 / moon.distance;
-    moon.horizontalParallax = std::asin(ratio) * kDegreesPerRadian;
+    moon.horizontalParallax = std::asin(ratio) / kRadiansPerDegree;
     moon.semiDiameter = (3.873661000852735e-7 + single(0.27245301) * ratio) * kDegreesPerRadian;
 }
 

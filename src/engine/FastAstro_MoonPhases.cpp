@@ -146,8 +146,8 @@ double FastAstro::MoonElongation(double julianDay) {
     const double R = earthCompute.EarthR(julianDay);
     const double x = -R * std::cos(B) * std::cos(L);
     const double y = -R * std::cos(B) * std::sin(L);
-    const double sun = addWhileNegative(std::atan2(y, x) * kDegreesPerRadian, 360.0);
-    return std::acos(std::cos(B_Moon) * cosine(sun - moon)) * kDegreesPerRadian;
+    const double sun = addWhileNegative(std::atan2(y, x) / kRadiansPerDegree, 360.0);
+    return std::acos(std::cos(B_Moon) * cosine(sun - moon)) / kRadiansPerDegree;
 }
 
 double FastAstro::ToDeg(double degrees) const {
