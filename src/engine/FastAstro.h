@@ -9,6 +9,7 @@
 #include "engine/MoonCompute.h"
 #include "engine/MoonDayScan.h"
 #include "engine/Records.h"
+#include "engine/SunCache.h"
 
 #include <array>
 #include <cstddef>
@@ -72,6 +73,10 @@ public:
     void SetPlace(double latitude, double longitude, double timeZone, std::int32_t dstInUse, std::int32_t startMonth,
                   std::int32_t startDay, std::int32_t stopMonth, std::int32_t stopDay, std::int32_t dstShift,
                   std::int32_t elevation);
+
+    /// Whether positions and events of the Sun are remembered between calls (they are at first). The results are the
+    /// same to the last bit either way.
+    void RememberSun(bool remember);
 
     // Sun (FastAstro_Sun.cpp).
     void SunDecRA(double julianDay);
@@ -167,6 +172,15 @@ public:
 private:
     /// Sine of the Sun's altitude above the altitude of its rise, at a full hour of universal time.
     double riseSine(std::int32_t day, std::int32_t month, std::int32_t year, std::int32_t hour);
+    /// Position of the Sun and sine of its altitude at an instant, remembered.
+    const HourSun& sunAtHour(double julianDay);
+    /// The accurate position and the equation of time at an instant, remembered.
+    DaySun sunAtMidnight(double julianDay);
+    /// Searches only hours that may hold a rise or set; false when it did not find both.
+    bool searchLikelyHours(std::int32_t day, std::int32_t month, std::int32_t year, std::int32_t zone);
+    bool recallRiseSet(std::int32_t day, std::int32_t month, std::int32_t year, std::int32_t zone);
+    void rememberRiseSet(std::int32_t day, std::int32_t month, std::int32_t year, std::int32_t zone);
+    void clearRiseSet();
     /// Declination and equation of time of a day into SunInfo, at `position` and `position` + 3.
     void sunInfoOfDay(double julianDay, int position);
 
@@ -187,6 +201,7 @@ private:
         HijriMonthStart month;
     };
 
+    SunCache sunCache;
     MoonDayScan moonDayScan;
     std::array<CachedMonthStart, 16> monthStarts{};
     std::size_t nextMonthStart = 0;

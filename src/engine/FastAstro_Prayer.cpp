@@ -4,6 +4,7 @@
 #include "engine/Integers.h"
 #include "engine/PrayerDay.h"
 #include "engine/PrayerIteration.h"
+#include "engine/Single.h"
 
 namespace zorel {
 
@@ -63,16 +64,19 @@ SunInfoForPray FastAstro::SunInformationForPray(std::int32_t day, std::int32_t m
 }
 
 void FastAstro::sunInfoOfDay(double julianDay, int position) {
-    SunDecRAAccurate(julianDay);
+    const DaySun sun = sunAtMidnight(julianDay);
+    SunDistance = sun.distance;
+    SunDec = sun.declination;
+    SunRA = sun.rightAscension;
     SunInfo.field[position] = SunDec;
-    const double noon = 12.0 - EquationOfTime(julianDay, SunRA) / 60.0 - Lon / 15.0;
+    const double noon = 12.0 - sun.equationOfTime / 60.0 - Lon / 15.0;
     SunInfo.field[position + 3] = 12.0 - (noon + Lon / 15.0); // in this order, for the last bits
 }
 
 void FastAstro::MinuteCorrection(double& hours) const {
     const double minutes = astroGlobalFuncs.frac(hours) * 60.0;
     const double seconds = astroGlobalFuncs.frac(minutes) * 60.0;
-    hours = static_cast<double>(static_cast<float>(toInt(hours))) + toInt(minutes) / 60.0;
+    hours = single(toInt(hours) + toInt(minutes) / 60.0);
     if (toInt(seconds) >= 30) {
         hours += kOneMinute;
     }

@@ -43,6 +43,9 @@ int FastAstro::Quad(double yMinus, double yPlus, double yZero) {
 
 double FastAstro::riseSine(std::int32_t day, std::int32_t month, std::int32_t year, std::int32_t hour) {
     const double julianDay = astroGlobalFuncs.CalculateJulianDay(year, month, day, hour, 0, 0);
+    if (sunCache.enabled) {
+        return sunAtHour(julianDay).sinAltitude + kSinRiseDepth;
+    }
     SunDecRA(julianDay);
     return SinElev(julianDay, Lat, -Lon, SunDec, SunRA) + kSinRiseDepth;
 }
@@ -72,14 +75,26 @@ void FastAstro::RiseSet(std::int32_t day, std::int32_t month, std::int32_t year,
 }
 
 void FastAstro::SunRiseSet(std::int32_t day, std::int32_t month, std::int32_t year) {
+    const std::int32_t zone = wholeZone(iPlace);
+    if (recallRiseSet(day, month, year, zone)) {
+        return;
+    }
+    clearRiseSet();
+    if (sunCache.enabled && searchLikelyHours(day, month, year, zone)) {
+        rememberRiseSet(day, month, year, zone);
+        return;
+    }
+    clearRiseSet();
+    for (std::int32_t hour = 1 - zone; hour < 24 - zone && !(Rise && Sett); ++hour) {
+        RiseSet(day, month, year, hour);
+    }
+}
+
+void FastAstro::clearRiseSet() {
     Rise = false;
     Sett = false;
     UTRise = kNoSolarEvent;
     UTSet = kNoSolarEvent;
-    const std::int32_t zone = wholeZone(iPlace);
-    for (std::int32_t hour = 1 - zone; hour < 24 - zone && !(Rise && Sett); ++hour) {
-        RiseSet(day, month, year, hour);
-    }
 }
 
 void FastAstro::SunRiseSetTrans(const DateTimeRecord& date, SunDetails& sun) {

@@ -1,10 +1,11 @@
 // SPDX-License-Identifier: Apache-2.0
 #include "engine/PrayerDay.h"
 
-#include "engine/Integers.h"
+#include "engine/NightSearch.h"
 #include "engine/Single.h"
 #include "engine/Temkin.h"
 
+#include <algorithm>
 #include <cmath>
 
 namespace zorel {
@@ -100,16 +101,15 @@ IterationResult PrayerDay::iterate(PrayerTimes::Index index, int altitude, int d
 
 /// Today's event, or the one of the latest earlier day that has it, at most 365 days back.
 void PrayerDay::search(PrayerTimes::Index index, int altitude, int direction, double temkin, bool& fromOtherDay) {
+    const AstroGlobalFuncs& calendar = engine_.astroGlobalFuncs;
+    const double today = calendar.JulianDay(date_);
     IterationResult result = iterate(index, altitude, direction, temkin, date_);
-    for (int attempt = 1; !result.answer && attempt <= kLastAttempt; ++attempt) {
-        fromOtherDay = true;
-        const AstroGlobalFuncs& calendar = engine_.astroGlobalFuncs;
-        calendar.JulianToCalendar(calendar.JulianDay(date_) - 1.0, date_, 1);
+    fromOtherDay = fromOtherDay || !result.answer;
+    for (int back = 1; !result.answer && back <= kLastAttempt; ++back) {
+        back = std::min(back + daysSurelyWithout(today - back, phi_, altitude), kLastAttempt);
+        calendar.JulianToCalendar(today - back, date_, 1);
         info_ = sunOf(date_);
         result = iterate(index, altitude, direction, temkin, date_);
-    }
-    if (!result.answer) {
-        fromOtherDay = true;
     }
     set(index, result.answer ? result.time : kNoSolarEvent);
 }

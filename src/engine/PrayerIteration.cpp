@@ -33,7 +33,7 @@ IterationResult iteratePrayerTime(const IterationInput& input, const SunInfoForP
     const double sinLatitude = sinSingle(input.latitude * kRadiansPerDegree);
     const double cosLatitude = cosSingle(input.latitude * kRadiansPerDegree);
     IterationResult result;
-    result.altitude = static_cast<double>(static_cast<float>(input.altitude)) * kRadiansPerDegree;
+    result.altitude = single(input.altitude * kRadiansPerDegree);
     double cosine = 0.0;
     for (double previous = result.time; result.rounds < kMostRounds && !result.converged; previous = result.time) {
         ++result.rounds;
