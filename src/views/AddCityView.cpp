@@ -1,0 +1,114 @@
+// SPDX-License-Identifier: Apache-2.0
+#include "views/AddCityView.h"
+
+#include "store/CitySearch.h"
+#include "views/Texts.h"
+
+namespace zorel {
+namespace {
+
+constexpr unsigned kFlexibleSides = UIViewAutoresizingFlexibleLeftMargin | UIViewAutoresizingFlexibleWidth |
+                                    UIViewAutoresizingFlexibleRightMargin;
+constexpr std::int32_t kSearchBarTag = 1010;
+constexpr std::int32_t kTableTag = 1033;
+constexpr double kSearchBarHeight = 44.0;
+constexpr double kRowHeight = 33.0;
+constexpr std::int32_t kPlaceholderKey = 1020;
+constexpr std::int32_t kConfirmKey = 1025;
+constexpr std::int32_t kCancelKey = 1028;
+constexpr int kConfirmIndex = 0;
+constexpr const char* kCellIdentifier = "SearchList";
+
+} // namespace
+
+AddCityView::AddCityView(const CGRect& frame) : UIView(frame) {
+    initializeControls();
+}
+
+AddCityView::~AddCityView() {
+    removeAllSubviews();
+}
+
+void AddCityView::initializeControls() {
+    makeSearchBar();
+    makeTable();
+}
+
+void AddCityView::makeSearchBar() {
+    const double width = frame().width;
+    aSearchBar_ = std::make_unique<UISearchBar>(CGRect{0.0, 0.0, width, kSearchBarHeight});
+    aSearchBar_->setCenter({width * 0.5, 86.0});
+    aSearchBar_->setAutoresizingMask(kFlexibleSides);
+    aSearchBar_->setPlaceholder(textForKey(glbFuncs_, kPlaceholderKey));
+    aSearchBar_->setDelegate(this);
+    aSearchBar_->setTag(kSearchBarTag);
+    addSubview(*aSearchBar_);
+}
+
+void AddCityView::makeTable() {
+    const double width = frame().width;
+    const double height = frame().height;
+    searchTableView_ =
+        std::make_unique<UITableView>(CGRect{0.0, 44.0, width, height - 44.0}, UITableViewStyle::plain);
+    searchTableView_->setCenter({width * 0.5, height - (height - 172.0) * 0.5});
+    searchTableView_->setBackgroundColor(UIColor::whiteColor());
+    searchTableView_->setDataSource(this);
+    searchTableView_->setDelegate(this);
+    searchTableView_->setRowHeight(kRowHeight);
+    searchTableView_->setAutoresizingMask(kFlexibleSides | UIViewAutoresizingFlexibleBottomMargin);
+    searchTableView_->setTag(kTableTag);
+    addSubview(*searchTableView_);
+}
+
+void AddCityView::searchBarSearchButtonClicked(UISearchBar& searchBar) {
+    searchCityList_ = searchCities(glbFuncs_, searchBar.text());
+    searchTableView_->reloadData();
+    searchBar.resignFirstResponder();
+}
+
+int AddCityView::numberOfRowsInSection(UITableView& /*table*/, int /*section*/) {
+    return static_cast<int>(searchCityList_.size());
+}
+
+std::unique_ptr<UITableViewCell> AddCityView::cellForRowAtIndexPath(UITableView& table,
+                                                                    NSIndexPath indexPath) {
+    auto cell = table.dequeueReusableCellWithIdentifier(kCellIdentifier);
+    if (!cell) {
+        cell = std::make_unique<UITableViewCell>(kCellIdentifier);
+    }
+    const City& city = searchCityList_.at(static_cast<std::size_t>(indexPath.row));
+    cell->textLabel().setText(citySearchText(glbFuncs_, city));
+    cell->textLabel().setAdjustsFontSizeToFitWidth(true);
+    return cell;
+}
+
+/// Search results are not the user's to delete.
+bool AddCityView::canEditRowAtIndexPath(UITableView& /*table*/, NSIndexPath /*indexPath*/) {
+    return false;
+}
+
+void AddCityView::didSelectRowAtIndexPath(UITableView& table, NSIndexPath /*indexPath*/) {
+    aSearchBar_->resignFirstResponder();
+    if (table.tag() != kTableTag) {
+        return;
+    }
+    confirmation_ =
+        std::make_unique<UIActionSheet>("", this, textForKey(glbFuncs_, kCancelKey),
+                                        std::vector<std::string>{textForKey(glbFuncs_, kConfirmKey)});
+    confirmation_->showInView(*this);
+}
+
+/// The city is copied before it is passed on: the delegate may search anew or take this screen away.
+void AddCityView::clickedButtonAtIndex(UIActionSheet& /*sheet*/, int index) {
+    const auto selected = searchTableView_->indexPathForSelectedRow();
+    if (index != kConfirmIndex || !selected || delegate_ == nullptr) {
+        return;
+    }
+    const auto row = static_cast<std::size_t>(selected->row);
+    if (row < searchCityList_.size()) {
+        const City city = searchCityList_[row];
+        delegate_->delegateAddCityView_AddTapped(city);
+    }
+}
+
+} // namespace zorel
