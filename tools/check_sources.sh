@@ -17,4 +17,5 @@ done
 qt=$(git grep -lE '#include <Q[A-Z]' -- src apps tools | grep -vE '^(src/host|apps/zorel-settings)/' || true)
 [ -z "$qt" ] || complain "Qt headers outside src/host: $qt"
 python3 tools/generate_series.py --check || complain "src/engine/series is not what tools/generate_series.py makes"
+python3 tools/make_tones.py --check || complain "resources/Ringtones is not what tools/make_tones.py makes"
 exit $bad
