@@ -36,17 +36,20 @@ class Database {
 public:
     /// The user database, read and written (only read when the file or its folder forbids writing):
     /// statements may read and change its three tables and create them; nothing else. Nothing when the file
-    /// is missing or cannot be opened; ":memory:" is a new empty database.
+    /// is missing or cannot be opened.
     [[nodiscard]] static std::optional<Database> openUser(const std::string& path);
-    /// The city catalogue, read only: statements may select from its four tables and compare with LIKE.
+    /// The city catalogue, read only: statements may select from its six tables and compare with LIKE.
     [[nodiscard]] static std::optional<Database> openCatalogue(const std::string& path);
+
+    /// A new empty database in memory, without limits.
+    [[nodiscard]] static std::optional<Database> openNew();
 
     /// Runs a statement, or several separated by semicolons, up to the first that fails; its error text, or
     /// nothing.
     [[nodiscard]] std::optional<std::string> execute(const std::string& statements) const;
     [[nodiscard]] Statement prepare(const std::string& statement) const;
 
-    /// The bytes of the database as a file holds them.
+    /// The bytes of a database from openNew() as a file holds them.
     [[nodiscard]] std::optional<std::string> image() const;
 
 private:

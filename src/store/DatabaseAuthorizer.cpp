@@ -27,7 +27,7 @@ struct Request {
 };
 
 constexpr std::array kUserTables = {"USER_CITY", "USER_ALARMS", "USER_SETTINGS"};
-constexpr std::array kCatalogueTables = {"CITY", "CITY_PARENT", "COUNTRY", "DST"};
+constexpr std::array kCatalogueTables = {"CITY", "CITY_PARENT", "COUNTRY", "DST", "ZONE", "CREDITS"};
 /// The table of contents, which SQLite itself writes when a table is created.
 constexpr std::array kSchemaTable = {"sqlite_master"};
 

@@ -11,7 +11,7 @@ namespace zorel {
 /// table, no recursion, no ATTACH, DETACH, DROP, PRAGMA, transaction, index, view or trigger.
 void allowUserTables(sqlite3* connection);
 
-/// Select from CITY, CITY_PARENT, COUNTRY and DST and compare with LIKE.
+/// Select from the catalogue's six tables and compare with LIKE.
 void allowCatalogueTables(sqlite3* connection);
 
 } // namespace zorel

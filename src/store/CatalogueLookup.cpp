@@ -1,0 +1,113 @@
+// SPDX-License-Identifier: Apache-2.0
+#include "store/CatalogueLookup.h"
+
+#include "common/GlobalFuncs.h"
+#include "platform/foundation/NumberText.h"
+#include "store/CatalogueRow.h"
+#include "store/TimeZoneNames.h"
+
+#include <sqlite3.h>
+#include <string>
+
+namespace zorel {
+
+namespace {
+
+constexpr const char* kPlaces =
+    "SELECT C.NAME, CP.NAME, CC.NAMEEN, CC.NAMETR, C.LAT, C.LON, CP.GMT, D.DST, D.STARTMONTH, D.STARTDAY, "
+    "D.STOPMONTH, D.STOPDAY, D.HOUR, C.TEMKIN, C.ID, CP.CID, CC.CODE, Z.NAME, C.ELEVATION, C.POPULATION "
+    "FROM CITY C, CITY_PARENT CP, COUNTRY CC, DST D, ZONE Z "
+    "WHERE CP.PARENT = C.PARENT AND CC.CID = CP.CID AND D.DSTID = CP.DSTID AND Z.ZONE = C.ZONE "
+    "AND C.ID >= ?1 ORDER BY C.ID";
+
+CataloguePlace readPlace(const Statement& row, const GlobalFuncs& glbFuncs) {
+    CataloguePlace place{City(glbFuncs), row.text(16), row.text(17), std::nullopt, 0};
+    readCityDetails(row, glbFuncs, place.city);
+    place.city.cityId = row.text(14);
+    place.city.countryId = row.text(15);
+    if (const std::string elevation = row.text(18); !elevation.empty()) {
+        place.elevation = integerValue(elevation);
+    }
+    place.population = integerValue(row.text(19));
+    return place;
+}
+
+/// Id of the largest place of the zone of that very name.
+std::optional<std::int32_t> largestPlaceId(const Database& catalogue, const std::string& timeZone) {
+    Statement zone = catalogue.prepare("SELECT Z.LARGEST FROM ZONE Z WHERE Z.NAME = ?1");
+    sqlite3_bind_text(zone.get(), 1, timeZone.c_str(), -1, SQLITE_TRANSIENT);
+    if (!zone.nextRow()) {
+        return std::nullopt;
+    }
+    return integerValue(zone.text(0));
+}
+
+/// The zone's name in the catalogue when it is listed under another of its names.
+std::optional<std::string> listedName(const Database& catalogue, const std::string& timeZone) {
+    const std::string canonical = canonicalTimeZone(timeZone);
+    Statement zones = catalogue.prepare("SELECT Z.NAME FROM ZONE Z");
+    while (!canonical.empty() && zones.nextRow()) {
+        const std::string name = zones.text(0);
+        if (canonicalTimeZone(name) == canonical) {
+            return name;
+        }
+    }
+    return std::nullopt;
+}
+
+} // namespace
+
+void forEachPlace(const GlobalFuncs& glbFuncs, std::int32_t firstId,
+                  const std::function<bool(const CataloguePlace&)>& take) {
+    const auto catalogue = Database::openCatalogue(cataloguePath(glbFuncs));
+    if (!catalogue) {
+        return;
+    }
+    Statement rows = catalogue->prepare(kPlaces);
+    sqlite3_bind_int(rows.get(), 1, firstId);
+    while (rows.nextRow()) {
+        if (!take(readPlace(rows, glbFuncs))) {
+            return;
+        }
+    }
+}
+
+std::optional<CataloguePlace> placeById(const GlobalFuncs& glbFuncs, std::int32_t id) {
+    std::optional<CataloguePlace> found;
+    forEachPlace(glbFuncs, id, [&](const CataloguePlace& place) {
+        if (integerValue(place.city.cityId) == id) {
+            found = place;
+        }
+        return false;
+    });
+    return found;
+}
+
+std::optional<CataloguePlace> largestPlaceOfTimeZone(const GlobalFuncs& glbFuncs, std::string_view timeZone) {
+    const auto catalogue = Database::openCatalogue(cataloguePath(glbFuncs));
+    if (!catalogue) {
+        return std::nullopt;
+    }
+    const std::string name(timeZone);
+    auto id = largestPlaceId(*catalogue, name);
+    if (!id) {
+        id = largestPlaceId(*catalogue, listedName(*catalogue, name).value_or(""));
+    }
+    return id ? placeById(glbFuncs, *id) : std::nullopt;
+}
+
+std::vector<CatalogueCredit> catalogueCredits(const GlobalFuncs& glbFuncs) {
+    std::vector<CatalogueCredit> credits;
+    const auto catalogue = Database::openCatalogue(cataloguePath(glbFuncs));
+    if (!catalogue) {
+        return credits;
+    }
+    Statement rows = catalogue->prepare("SELECT PART, SOURCE, EDITION, LICENCE, CREDIT, LICENCETEXT FROM CREDITS");
+    while (rows.nextRow()) {
+        credits.push_back(
+            {rows.text(0), rows.text(1), rows.text(2), rows.text(3), rows.text(4), rows.text(5)});
+    }
+    return credits;
+}
+
+} // namespace zorel

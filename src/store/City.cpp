@@ -1,0 +1,56 @@
+// SPDX-License-Identifier: Apache-2.0
+#include "store/City.h"
+
+#include "platform/foundation/NumberText.h"
+#include "store/CatalogueRow.h"
+
+#include <array>
+#include <cstddef>
+
+namespace zorel {
+
+namespace {
+
+/// The id follows at the end.
+constexpr const char* kDetailsOfCity =
+    "SELECT C.NAME, CP.NAME, CC.NAMEEN, CC.NAMETR, C.LAT, C.LON, CP.GMT, D.DST,"
+    "                           D.STARTMONTH, D.STARTDAY, D.STOPMONTH, D.STOPDAY, D.HOUR, C.TEMKIN"
+    "                           FROM CITY_PARENT CP, CITY C, DST D, COUNTRY CC"
+    "                           WHERE CP.PARENT = C.PARENT"
+    "                           AND   CC.CID = CP.CID"
+    "                           AND   CP.DSTID = D.DSTID"
+    "                           AND   C.ID=";
+
+constexpr std::int32_t kFirstPrayerId = 200;
+/// Position in the array of times for the prayer ids from 200 on. Ids 206 and 207 are crossed over: the times are in
+/// the array's order, the ids in the order of the prayers' names.
+constexpr std::array<PrayerTimes::Index, 9> kTimeOfPrayer = {
+    PrayerTimes::dawn,      PrayerTimes::sunrise,
+    PrayerTimes::noon,      PrayerTimes::afternoon,
+    PrayerTimes::sunset,    PrayerTimes::nightfall,
+    PrayerTimes::morningFiveDegrees, PrayerTimes::secondAfternoon,
+    PrayerTimes::afternoonFiveDegrees};
+
+} // namespace
+
+void City::getAllCityInfo(City& city) const {
+    const auto catalogue = Database::openCatalogue(cataloguePath(*glbFuncs_));
+    if (!catalogue) {
+        return;
+    }
+    Statement row = catalogue->prepare(kDetailsOfCity + std::to_string(integerValue(city.cityId)));
+    if (row.nextRow()) {
+        readCityDetails(row, *glbFuncs_, city);
+    }
+}
+
+double City::getRelevantPrayerTime(std::int32_t prayerId) const {
+    const auto position = static_cast<std::size_t>(static_cast<std::uint32_t>(prayerId) - kFirstPrayerId);
+    return position < kTimeOfPrayer.size() ? aNamazVakitleri.times.at(kTimeOfPrayer.at(position)) : 0.0;
+}
+
+void City::changeTemkin() {
+    temkin = integerValue(temkin) == 0 ? "1" : "0";
+}
+
+} // namespace zorel

@@ -1,0 +1,76 @@
+// SPDX-License-Identifier: Apache-2.0
+#include "store/CitySearch.h"
+
+#include "common/GlobalFuncs.h"
+#include "store/CatalogueRow.h"
+
+#include <algorithm>
+#include <fmt/format.h>
+
+namespace zorel {
+
+namespace {
+
+/// The text as typed and then kSearchEnd follow.
+constexpr const char* kSearch =
+    "SELECT C.NAME, CP.NAME, C.ID, CP.CID, CC.NAMEEN, CC.NAMETR"
+    "                     FROM CITY C, CITY_PARENT CP, COUNTRY CC"
+    "                     WHERE C.PARENT = CP.PARENT"
+    "                     AND   CP.CID = CC.CID"
+    "                     AND   C.NAMESRC LIKE '%";
+constexpr const char* kSearchEnd = "%'";
+
+constexpr std::ptrdiff_t kFewestCharacters = 3;
+
+/// Characters of UTF-8 text: every byte but continuation bytes begins one.
+std::ptrdiff_t characterCount(const std::string& text) {
+    return std::count_if(text.begin(), text.end(), [](char byte) { return (byte & 0xC0) != 0x80; });
+}
+
+City foundCity(const Statement& row, const GlobalFuncs& glbFuncs) {
+    City city(glbFuncs);
+    city.name = row.text(0);
+    city.nameParent = row.text(1);
+    city.cityId = row.text(2);
+    city.countryId = row.text(3);
+    city.countryNameEn = row.text(4);
+    city.countryNameTr = row.text(5);
+    return city;
+}
+
+/// All rows of a search. A search yields a place at most once: more rows than places mean that the text has changed
+/// the meaning of the statement, and then nothing is found.
+std::vector<City> foundCities(Statement& rows, const GlobalFuncs& glbFuncs, std::size_t places) {
+    std::vector<City> cities;
+    while (rows.nextRow()) {
+        if (cities.size() == places) {
+            return {};
+        }
+        cities.push_back(foundCity(rows, glbFuncs));
+    }
+    return cities;
+}
+
+} // namespace
+
+std::vector<City> searchCities(const GlobalFuncs& glbFuncs, const std::string& text) {
+    if (characterCount(text) < kFewestCharacters) {
+        return {};
+    }
+    const auto catalogue = Database::openCatalogue(cataloguePath(glbFuncs));
+    if (!catalogue) {
+        return {};
+    }
+    Statement rows = catalogue->prepare(kSearch + text + kSearchEnd);
+    return foundCities(rows, glbFuncs, placeCount(*catalogue));
+}
+
+std::string citySearchText(const GlobalFuncs& glbFuncs, const City& city) {
+    const std::string& country = glbFuncs.languageId == 0 ? city.countryNameTr : city.countryNameEn;
+    if (city.name == city.nameParent) {
+        return fmt::format("{} / {}", city.name, country);
+    }
+    return fmt::format("{} / {} / {}", city.name, city.nameParent, country);
+}
+
+} // namespace zorel
