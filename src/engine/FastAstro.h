@@ -74,9 +74,10 @@ public:
                   std::int32_t startDay, std::int32_t stopMonth, std::int32_t stopDay, std::int32_t dstShift,
                   std::int32_t elevation);
 
-    /// Whether positions and events of the Sun are remembered between calls (they are at first). The results are the
-    /// same to the last bit either way.
+    /// Whether positions and events of the Sun are remembered between calls, and hours and days that cannot hold an
+    /// event are passed over (both at first). The results are the same to the last bit either way.
     void RememberSun(bool remember);
+    [[nodiscard]] bool RemembersSun() const { return sunCache.enabled; }
 
     // Sun (FastAstro_Sun.cpp).
     void SunDecRA(double julianDay);
@@ -176,6 +177,8 @@ private:
     const HourSun& sunAtHour(double julianDay);
     /// The accurate position and the equation of time at an instant, remembered.
     DaySun sunAtMidnight(double julianDay);
+    /// Hour angle of the Sun at an instant from a position at most days away [deg], to a fraction of a degree.
+    [[nodiscard]] double hourAngleNear(const DaySun& sun, double julianDay) const;
     /// Searches only hours that may hold a rise or set; false when it did not find both.
     bool searchLikelyHours(std::int32_t day, std::int32_t month, std::int32_t year, std::int32_t zone);
     bool recallRiseSet(std::int32_t day, std::int32_t month, std::int32_t year, std::int32_t zone);

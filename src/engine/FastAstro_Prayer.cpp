@@ -49,13 +49,17 @@ bool FastAstro::Iterasyon(double latitude, double longitudeTerm, double temkin, 
 }
 
 SunInfoForPray FastAstro::SunInformationForPray(std::int32_t day, std::int32_t month, std::int32_t year) {
+    const double midnight = astroGlobalFuncs.CalculateJulianDay(year, month, day, 0, 0, 0);
+    if (sunCache.enabled) {
+        sunAtMidnight(midnight); // gives the searches below their rough Sun
+    }
     DateTimeRecord yesterday;
     astroGlobalFuncs.JulianToCalendar(
         astroGlobalFuncs.CalculateJulianDay(year, month, addInt(day, -1), 0, 0, 0), yesterday, 1);
     SunRiseSet(yesterday.day, yesterday.month, yesterday.year);
     SunInfo.field[6] = UTRise;
     SunInfo.field[7] = UTSet;
-    sunInfoOfDay(astroGlobalFuncs.CalculateJulianDay(year, month, day, 0, 0, 0), 0);
+    sunInfoOfDay(midnight, 0);
     SunRiseSet(day, month, year);
     SunInfo.field[8] = UTRise;
     SunInfo.field[9] = UTSet;

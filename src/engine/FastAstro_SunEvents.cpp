@@ -10,9 +10,6 @@ namespace zorel {
 
 namespace {
 
-/// Sine of 50 arc minutes: rise and set are at an altitude of -50'.
-constexpr double kSinRiseDepth = 0.014543315834289784;
-
 /// Hours from universal to local time, whole. The bound keeps hours of absurd zones countable.
 std::int32_t wholeZone(const PlaceRecord& place) {
     constexpr std::int32_t kBound = 1000000;

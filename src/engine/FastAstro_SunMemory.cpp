@@ -27,8 +27,8 @@ struct DayArc {
 };
 
 /// The 25 full hours of a local day at which the sine of the altitude lies away from that of the rise. The arc is
-/// within 0.01 of the true sine (declination and right ascension drift by half a degree in a day), its parabola
-/// within 0.002, and between full hours the curve bends by less than 0.01.
+/// within 0.015 of the true sine (its Sun is at most 1.6 days away), its parabola within 0.002, and
+/// between full hours the curve bends by less than 0.009.
 class LikelyHours {
 public:
     explicit LikelyHours(const DayArc& arc) {
@@ -102,15 +102,12 @@ const HourSun& FastAstro::sunAtHour(double julianDay) {
 
 DaySun FastAstro::sunAtMidnight(double julianDay) {
     DaySun& known = sunCache.days[slot(std::floor(julianDay), sunCache.days.size())];
-    if (sunCache.enabled && known.julianDay == julianDay) {
-        return known;
+    if (!sunCache.enabled || known.julianDay != julianDay) {
+        SunDecRAAccurate(julianDay);
+        known = {julianDay, SunDistance, SunDec, SunRA, EquationOfTime(julianDay, SunRA)};
     }
-    SunDecRAAccurate(julianDay);
-    const DaySun sun{julianDay, SunDistance, SunDec, SunRA, EquationOfTime(julianDay, SunRA)};
-    if (sunCache.enabled) {
-        known = sun;
-    }
-    return sun;
+    sunCache.nearby = known;
+    return known;
 }
 
 bool FastAstro::recallRiseSet(std::int32_t day, std::int32_t month, std::int32_t year, std::int32_t zone) {
@@ -145,16 +142,27 @@ void FastAstro::rememberRiseSet(std::int32_t day, std::int32_t month, std::int32
     sunCache.nextEvent = (sunCache.nextEvent + 1) % sunCache.events.size();
 }
 
+double FastAstro::hourAngleNear(const DaySun& sun, double julianDay) const {
+    constexpr double kAscensionPerDay = 24.0 / 365.2422; // mean motion of the Sun [h]
+    const double ascension = sun.rightAscension + (julianDay - sun.julianDay) * kAscensionPerDay;
+    return (GM_Sidereal_Time(julianDay) + Lon / 15.0 - ascension) * 15.0;
+}
+
 bool FastAstro::searchLikelyHours(std::int32_t day, std::int32_t month, std::int32_t year, std::int32_t zone) {
-    const double noon = astroGlobalFuncs.CalculateJulianDay(year, month, day, 12 - zone, 0, 0);
-    if (!inModelledEpoch(noon) || !(std::fabs(Lat) <= 360.0) || !(std::fabs(Lon) <= 720.0)) {
+    const double firstHour = astroGlobalFuncs.CalculateJulianDay(year, month, day, -zone, 0, 0);
+    if (!inModelledEpoch(firstHour) || !(std::fabs(Lat) <= 360.0) || !(std::fabs(Lon) <= 720.0)) {
         return false;
     }
-    const HourSun& sun = sunAtHour(noon);
-    constexpr double kSinRiseDepth = 0.014543315834289784;
-    const double hourAngle = (sun.greenwichSidereal + Lon / 15.0 - sun.rightAscension - 12.0) * 15.0;
-    const LikelyHours likely({sunCache.sinLatitude * sun.sinDeclination + kSinRiseDepth,
-                              sunCache.cosLatitude * sun.cosDeclination, hourAngle * kRadiansPerDegree});
+    if (!(std::fabs(firstHour + 0.5 - sunCache.nearby.julianDay) < 1.1)) {
+        sunAtHour(firstHour);
+        sunCache.nearby = {firstHour, 0.0, SunDec, SunRA, 0.0};
+    }
+    const DaySun& sun = sunCache.nearby;
+    const double declination = sun.declination * kRadiansPerDegree;
+    const double latitude = Lat * kRadiansPerDegree;
+    const LikelyHours likely({std::sin(latitude) * std::sin(declination) + kSinRiseDepth,
+                              std::cos(latitude) * std::cos(declination),
+                              hourAngleNear(sun, firstHour) * kRadiansPerDegree});
     for (std::int32_t hour = 1; hour < 24 && !(Rise && Sett); ++hour) {
         if (likely.mayHoldEvent(static_cast<std::size_t>(hour))) {
             RiseSet(day, month, year, hour - zone);

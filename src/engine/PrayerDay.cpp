@@ -106,7 +106,9 @@ void PrayerDay::search(PrayerTimes::Index index, int altitude, int direction, do
     IterationResult result = iterate(index, altitude, direction, temkin, date_);
     fromOtherDay = fromOtherDay || !result.answer;
     for (int back = 1; !result.answer && back <= kLastAttempt; ++back) {
-        back = std::min(back + daysSurelyWithout(today - back, phi_, altitude), kLastAttempt);
+        if (engine_.RemembersSun()) {
+            back = std::min(back + daysSurelyWithout(today - back, phi_, altitude), kLastAttempt);
+        }
         calendar.JulianToCalendar(today - back, date_, 1);
         info_ = sunOf(date_);
         result = iterate(index, altitude, direction, temkin, date_);

@@ -34,14 +34,16 @@ IterationResult iteratePrayerTime(const IterationInput& input, const SunInfoForP
     const double cosLatitude = cosSingle(input.latitude * kRadiansPerDegree);
     IterationResult result;
     result.altitude = single(input.altitude * kRadiansPerDegree);
+    double sinAltitude = std::sin(result.altitude);
     double cosine = 0.0;
     for (double previous = result.time; result.rounds < kMostRounds && !result.converged; previous = result.time) {
         ++result.rounds;
         const double declination = interpolateDay(info.declinationToday(), info.declinationTomorrow(), previous);
         if (isShadowRule(input.altitude)) {
             result.altitude = shadowAltitude(input.altitude, input.latitude, declination);
+            sinAltitude = std::sin(result.altitude);
         }
-        cosine = (std::sin(result.altitude) - sinLatitude * sinSingle(declination * kRadiansPerDegree)) /
+        cosine = (sinAltitude - sinLatitude * sinSingle(declination * kRadiansPerDegree)) /
                  (cosLatitude * cosSingle(declination * kRadiansPerDegree));
         const double T = 12.0 + input.direction * (std::acos(cosine) / kRadiansPerDegree) / 15.0;
         const double equation = interpolateDay(info.equationOfTimeToday(), info.equationOfTimeTomorrow(), T);

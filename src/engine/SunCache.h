@@ -12,6 +12,8 @@
 
 namespace zorel {
 
+/// Sine of 50 arc minutes: the Sun rises and sets at an altitude of -50'.
+inline constexpr double kSinRiseDepth = 0.014543315834289784;
 inline constexpr double kNeverEqual = std::numeric_limits<double>::quiet_NaN();
 
 /// Fast position at an instant, and the sine of the altitude at one place.
@@ -59,6 +61,7 @@ struct SunCache {
     std::array<DaySun, 64> days{};
     std::array<RiseSetDay, 4> events{};
     std::size_t nextEvent = 0;
+    DaySun nearby{}; ///< the position used last, for rough bounds
     double latitude = kNeverEqual; ///< of the two below
     double sinLatitude = 0.0;
     double cosLatitude = 0.0;
