@@ -75,6 +75,10 @@ std::optional<Database> Database::openCatalogue(const std::string& path) {
     return database;
 }
 
+std::optional<Database> Database::openNew() {
+    return open(":memory:", SQLITE_OPEN_READWRITE | SQLITE_OPEN_MEMORY);
+}
+
 std::optional<std::string> Database::execute(const std::string& statements) const {
     char* text = nullptr;
     sqlite3_exec(connection_.get(), statements.c_str(), nullptr, nullptr, &text);

@@ -21,8 +21,9 @@ struct Request {
     const char* second = nullptr;
     const char* database = nullptr;
 
+    /// Of a table that a statement names without one of its columns, SQLite does not tell the database.
     [[nodiscard]] bool isOnTableOf(std::span<const char* const> tables) const {
-        return isOneOf(database, std::array{"main"}) && isOneOf(first, tables);
+        return (database == nullptr || isOneOf(database, std::array{"main"})) && isOneOf(first, tables);
     }
 };
 

@@ -55,7 +55,7 @@ const UserSchema& userSchema() {
 std::string createUserDatabase(const std::string& path) {
     createDirectoryAtPath(std::filesystem::path(path).parent_path());
     removeAbandonedTemporaries(path);
-    const auto database = Database::openUser(":memory:");
+    const auto database = Database::openNew();
     if (!database) {
         return {};
     }
