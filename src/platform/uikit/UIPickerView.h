@@ -40,7 +40,7 @@ public:
     [[nodiscard]] int numberOfRows();
     /// The delegate's view of a row, made when first asked for; nullptr outside the rows or without a
     /// delegate.
-    [[nodiscard]] UIView* viewForRow(int row);
+    UIView* viewForRow(int row);
     /// Gives up the row views, to be asked for anew.
     void reloadAllComponents();
 

@@ -91,7 +91,7 @@ public:
     [[nodiscard]] std::string titleForHeader(int section);
     [[nodiscard]] std::string titleForFooter(int section);
     /// The header's own view, made a subview of the table and as wide; nullptr when the title is to be shown.
-    [[nodiscard]] UIView* viewForHeader(int section);
+    UIView* viewForHeader(int section);
     /// Whether the row may be deleted by the user.
     [[nodiscard]] bool canDeleteRow(NSIndexPath indexPath);
 
@@ -99,7 +99,7 @@ public:
 
     /// The row's cell, got from the data source if it is not yet on show and sized to the table's width;
     /// nullptr when there is no such row.
-    [[nodiscard]] UITableViewCell* cellForRowAtIndexPath(NSIndexPath indexPath);
+    UITableViewCell* cellForRowAtIndexPath(NSIndexPath indexPath);
     /// The row has left the screen: its cell is kept for reuse.
     void endDisplayingRow(NSIndexPath indexPath);
     /// For the data source: a cell that is no longer on show, or nullptr.
