@@ -5,6 +5,7 @@
 
 #include "engine/AstroGlobalFuncs.h"
 #include "engine/EarthCompute.h"
+#include "engine/ExplainPrayTime.h"
 #include "engine/HijriMonthStart.h"
 #include "engine/MoonCompute.h"
 #include "engine/MoonDayScan.h"
@@ -117,6 +118,10 @@ public:
     void MinuteCorrection(double& hours) const;
     [[nodiscard]] QiblaRecord KibleAcisi(double latitude, double longitude) const;
     void SetPrayTimesToDSTTimes(double shift, PrayerTimes& times) const;
+    /// Why a time of the current date, or of another one with today's zone, is what it is. Computes the day once
+    /// more beside this engine. @param index position in PrayerTimes::times; outside 0 to 15 the rule is none.
+    [[nodiscard]] PrayTimeExplanation ExplainPrayTime(int index) const;
+    [[nodiscard]] PrayTimeExplanation ExplainPrayTime(int index, const DateTimeRecord& date) const;
 
     // Sunset-based clock (FastAstro_Ezani.cpp).
     [[nodiscard]] double TimeToHourDeg(double hours) const;

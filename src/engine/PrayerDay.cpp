@@ -85,16 +85,16 @@ void PrayerDay::lowerLatitude() {
 }
 
 bool PrayerDay::missesAfterLowering() {
-    return !iterate(PrayerTimes::sunrise, 0, kMorning, -temkin_, callDate_).answer ||
-           !iterate(PrayerTimes::afternoon, 1, kAfternoon, temkin_, callDate_).answer;
+    return !iterate(PrayerTimes::sunrise, 0, kMorning, -temkin_).answer ||
+           !iterate(PrayerTimes::afternoon, 1, kAfternoon, temkin_).answer;
 }
 
-IterationResult PrayerDay::iterate(PrayerTimes::Index index, int altitude, int direction, double temkin,
-                                   const DateTimeRecord& date) {
+IterationResult PrayerDay::iterate(PrayerTimes::Index index, int altitude, int direction, double temkin) {
     const IterationInput input{phi_, longitudeTerm_, temkin, engine_.iPlace.timeZone, altitude, direction};
     const IterationResult result = iteratePrayerTime(input, info_);
     if (trace_ != nullptr) {
-        trace_->entries[index] = {input, result, date, phi_};
+        trace_->entries[index].input = input;
+        trace_->entries[index].result = result;
     }
     return result;
 }
@@ -103,7 +103,7 @@ IterationResult PrayerDay::iterate(PrayerTimes::Index index, int altitude, int d
 void PrayerDay::search(PrayerTimes::Index index, int altitude, int direction, double temkin, bool& fromOtherDay) {
     const AstroGlobalFuncs& calendar = engine_.astroGlobalFuncs;
     const double today = calendar.JulianDay(date_);
-    IterationResult result = iterate(index, altitude, direction, temkin, date_);
+    IterationResult result = iterate(index, altitude, direction, temkin);
     fromOtherDay = fromOtherDay || !result.answer;
     for (int back = 1; !result.answer && back <= kLastAttempt; ++back) {
         if (engine_.RemembersSun()) {
@@ -111,21 +111,21 @@ void PrayerDay::search(PrayerTimes::Index index, int altitude, int direction, do
         }
         calendar.JulianToCalendar(today - back, date_, 1);
         info_ = sunOf(date_);
-        result = iterate(index, altitude, direction, temkin, date_);
+        result = iterate(index, altitude, direction, temkin);
     }
-    set(index, result.answer ? result.time : kNoSolarEvent);
+    set(index, result.answer ? result.time : kNoSolarEvent, temkin);
 }
 
 void PrayerDay::fixed(PrayerTimes::Index index, int altitude, int direction, double temkin, double addition) {
-    const IterationResult result = iterate(index, altitude, direction, temkin, date_);
-    set(index, result.time + addition);
+    const IterationResult result = iterate(index, altitude, direction, temkin);
+    set(index, result.time + addition, temkin, addition);
 }
 
 void PrayerDay::transit() {
     const double today = info_.equationOfTimeToday();
     const double noon = 12.0 - (today + (today - info_.equationOfTimeTomorrow()) * -0.5) + longitudeTerm_;
-    set(PrayerTimes::noon, noon + temkin_ + engine_.iPlace.timeZone);
-    set(PrayerTimes::transitMinusTemkin, noon - temkin_ + engine_.iPlace.timeZone);
+    set(PrayerTimes::noon, noon + temkin_ + engine_.iPlace.timeZone, temkin_);
+    set(PrayerTimes::transitMinusTemkin, noon - temkin_ + engine_.iPlace.timeZone, -temkin_);
 }
 
 void PrayerDay::nightParts() {
@@ -156,11 +156,14 @@ void PrayerDay::qiblaTime() {
 }
 
 /// Not-a-number and infinity never get into the times.
-void PrayerDay::set(PrayerTimes::Index index, double time) {
+void PrayerDay::set(PrayerTimes::Index index, double time, double temkin, double addition) {
     out_.times[index] = std::isfinite(time) ? time : kNoSolarEvent;
     if (trace_ != nullptr) {
-        trace_->entries[index].date = date_;
-        trace_->entries[index].latitude = phi_;
+        PrayerTrace::Entry& entry = trace_->entries[index];
+        entry.date = date_;
+        entry.latitude = phi_;
+        entry.temkin = temkin;
+        entry.addition = addition;
     }
 }
 

@@ -16,7 +16,9 @@ struct PrayerTrace {
         IterationInput input;
         IterationResult result;
         DateTimeRecord date;
-        double latitude = 0.0;
+        double latitude = 0.0; // [deg]
+        double temkin = 0.0;   // signed [h]
+        double addition = 0.0; // after the iteration [h]
     };
     std::array<Entry, 16> entries{};
 };
@@ -33,14 +35,13 @@ private:
     SunInfoForPray sunOf(const DateTimeRecord& date);
     void lowerLatitude();
     [[nodiscard]] bool missesAfterLowering();
-    IterationResult iterate(PrayerTimes::Index index, int altitude, int direction, double temkin,
-                            const DateTimeRecord& date);
+    IterationResult iterate(PrayerTimes::Index index, int altitude, int direction, double temkin);
     void search(PrayerTimes::Index index, int altitude, int direction, double temkin, bool& fromOtherDay);
     void fixed(PrayerTimes::Index index, int altitude, int direction, double temkin, double addition = 0.0);
     void transit();
     void nightParts();
     void qiblaTime();
-    void set(PrayerTimes::Index index, double time);
+    void set(PrayerTimes::Index index, double time, double temkin = 0.0, double addition = 0.0);
 
     FastAstro& engine_;
     const double givenLatitude_;  // [deg]

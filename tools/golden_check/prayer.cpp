@@ -47,17 +47,35 @@ PrayerTimes timesOf(const std::vector<double>& values) {
 
 Outputs listOf(const std::array<double, 16>& values) { return {values.begin(), values.end()}; }
 
+/// Days that the searches for the indices 0, 5 and 7 went back, `ahead` days after the current date.
+Outputs daysBack(const Arguments& in, std::int32_t ahead) {
+    const FastAstro engine = engineOfPlace(in);
+    DateTimeRecord date = in.date(10);
+    engine.SetLocalTimeManual(date, ahead);
+    Outputs days;
+    for (const int index : {PrayerTimes::dawn, PrayerTimes::nightfall, PrayerTimes::secondNightfall}) {
+        days.push_back(engine.ExplainPrayTime(index, date).daysBack);
+    }
+    return days;
+}
+
 void addDay(Registry& registry) {
-    registry.add({"CalculatePrayTimes", [](const Arguments& in) {
-                      FastAstro engine = engineOfPlace(in);
-                      const PlaceRecord place = engine.CalculatePrayTimes();
-                      return placeAndTimes(engine, place.today);
-                  }});
-    registry.add({"CalculateNextPrayTimes", [](const Arguments& in) {
-                      FastAstro engine = engineOfPlace(in);
-                      engine.CalculateNextPrayTimes();
-                      return placeAndTimes(engine, engine.iPlace.tomorrow);
-                  }});
+    registry.add({.name = "CalculatePrayTimes",
+                  .run =
+                      [](const Arguments& in) {
+                          FastAstro engine = engineOfPlace(in);
+                          const PlaceRecord place = engine.CalculatePrayTimes();
+                          return placeAndTimes(engine, place.today);
+                      },
+                  .back = [](const Arguments& in) { return daysBack(in, 0); }});
+    registry.add({.name = "CalculateNextPrayTimes",
+                  .run =
+                      [](const Arguments& in) {
+                          FastAstro engine = engineOfPlace(in);
+                          engine.CalculateNextPrayTimes();
+                          return placeAndTimes(engine, engine.iPlace.tomorrow);
+                      },
+                  .back = [](const Arguments& in) { return daysBack(in, 1); }});
     registry.add({"SunInformationForPray",
                   [](const Arguments& in) {
                       FastAstro engine;
