@@ -1,7 +1,8 @@
 // SPDX-License-Identifier: Apache-2.0
 /// @file
-/// Lets a chosen one of the program's changes to the file system go wrong. Link FaultPoints.cpp into the test program: its
-/// definitions of write, rename, fsync and so on stand before those of the C library, for SQLite's calls too.
+/// Lets a chosen one of the program's changes to the file system go wrong. Link FaultPoints.cpp into the test
+/// program: its definitions of write, rename, fsync and so on stand before those of the C library, for
+/// SQLite's calls too.
 #pragma once
 
 namespace zorel::faults {
@@ -17,8 +18,8 @@ enum class Effect {
 /// Exit status of a process that a fault ended.
 inline constexpr int kDied = 99;
 
-/// From now on calls that make, change, sync, move or remove files are counted, and the `nth` (from 1) goes wrong.
-/// `error`: errno of a failing call; `lasting`: every later call fails too.
+/// From now on calls that make, change, sync, move or remove files are counted, and the `nth` (from 1) goes
+/// wrong. `error`: errno of a failing call; `lasting`: every later call fails too.
 void arm(Effect effect, int nth, int error = 0, bool lasting = false);
 /// Stops that and returns how many calls were counted.
 int disarm();
