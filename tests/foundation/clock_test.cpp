@@ -4,6 +4,7 @@
 #include <cstdlib>
 #include <gtest/gtest.h>
 #include <limits>
+#include <memory>
 #include <random>
 
 namespace zorel {
@@ -62,6 +63,14 @@ TEST(Clock, CanBeStoppedMovedAndNested) {
         EXPECT_EQ(now(), noon);
     }
     EXPECT_NE(now(), noon);
+}
+
+TEST(Clock, FollowsTheNewestOverrideInWhateverOrderTheyEnd) {
+    const Instant noon = utc(2024, 6, 1, 12);
+    auto first = std::make_unique<ClockOverride>(noon);
+    const auto second = std::make_unique<ClockOverride>(noon + 1h);
+    first.reset();
+    EXPECT_EQ(now(), noon + 1h);
 }
 
 TEST(TimeZoneOverride, PutsTheEarlierZoneBack) {

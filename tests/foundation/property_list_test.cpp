@@ -105,6 +105,21 @@ TEST(PropertyList, RefusesTrailersThatPointOutside) {
     }
 }
 
+TEST(PropertyList, RefusesTextsWithAZero) {
+    using namespace std::string_literals;
+    EXPECT_FALSE(PropertyList::parse(xml("<string>a\0b</string>"s)));
+    EXPECT_FALSE(PropertyList::parse(xml("<dict><key>a\0b</key><true/></dict>"s)));
+    EXPECT_FALSE(PropertyList::parse(binary({"\xA1\x01", "\x53"
+                                                         "a\0b"s})));
+    EXPECT_FALSE(PropertyList::parse(binary({"\xA1\x01", "\x62\0a\0\0"s})));
+    EXPECT_TRUE(PropertyList::parse(binary({"\xA1\x01", "\x62\0a\0b"s})));
+    for (const char* reference : {"&#0;", "&#x0;", "&#x00000;"}) {
+        EXPECT_NO_THROW(static_cast<void>(PropertyList::parse(xml("<string>a"s + reference + "b</string>"))));
+        EXPECT_NO_THROW(static_cast<void>(
+            PropertyList::parse(xml("<dict><key>a"s + reference + "b</key><true/></dict>"))));
+    }
+}
+
 TEST(PropertyList, NestsSixtyFourLevelsAndNoMore) {
     const auto nested = [](std::size_t levels) {
         return xml(repeated("<array>", levels) + repeated("</array>", levels));
@@ -148,6 +163,17 @@ TEST(PropertyList, SurvivesEveryTruncationAndDamage) {
             EXPECT_NO_THROW(static_cast<void>(PropertyList::parse(damaged)));
         }
     }
+}
+
+/// Inputs on which the reader once ended the program; found by tests/fuzz.
+TEST(PropertyList, SurvivesWhatWasFoundByFuzzing) {
+    int files = 0;
+    for (const auto& entry :
+         std::filesystem::directory_iterator(std::string(ZOREL_SOURCE_DIR) + "/tests/data/property_lists")) {
+        EXPECT_FALSE(PropertyList::read(entry.path().string())) << entry.path();
+        ++files;
+    }
+    EXPECT_GE(files, 1);
 }
 
 TEST(PropertyList, ReadsFilesAndNothingElse) {

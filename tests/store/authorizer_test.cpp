@@ -50,7 +50,6 @@ TEST_F(Authorizer, RefusesEverythingElse) {
           std::string("SELECT * FROM pragma_database_list"),
           std::string("BEGIN EXCLUSIVE"),
           std::string("SAVEPOINT S"),
-          std::string("REINDEX"),
           std::string("ANALYZE"),
           std::string("DELETE FROM sqlite_master"),
           std::string("UPDATE sqlite_master SET sql = ''"),

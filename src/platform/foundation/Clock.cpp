@@ -6,6 +6,7 @@
 #include <cstdlib>
 #include <ctime>
 #include <utility>
+#include <vector>
 
 namespace zorel {
 namespace {
@@ -14,9 +15,9 @@ using std::chrono::seconds;
 
 constexpr std::int64_t kSecondsPerDay = 86400;
 
-std::function<Instant()>& clockFunction() {
-    static std::function<Instant()> clock;
-    return clock;
+std::vector<const ClockOverride*>& livingOverrides() {
+    static std::vector<const ClockOverride*> overrides;
+    return overrides;
 }
 
 /// Local time of a count of seconds since 1970. localtime_r, unlike localtime and mktime, does not look at
@@ -79,7 +80,7 @@ void setTimeZone(const char* zone) {
 } // namespace
 
 Instant now() {
-    return clockFunction() ? clockFunction()() : std::chrono::system_clock::now();
+    return livingOverrides().empty() ? std::chrono::system_clock::now() : livingOverrides().back()->now();
 }
 
 LocalDateTime localDateTime(Instant instant) {
@@ -106,13 +107,14 @@ std::int32_t utcOffsetSeconds(Instant instant) {
         offsetAt(std::chrono::floor<seconds>(instant).time_since_epoch().count()));
 }
 
-ClockOverride::ClockOverride(std::function<Instant()> clock)
-    : previous_(std::exchange(clockFunction(), std::move(clock))) {}
+ClockOverride::ClockOverride(std::function<Instant()> clock) : clock_(std::move(clock)) {
+    livingOverrides().push_back(this);
+}
 
 ClockOverride::ClockOverride(Instant fixed) : ClockOverride([fixed] { return fixed; }) {}
 
 ClockOverride::~ClockOverride() {
-    clockFunction() = std::move(previous_);
+    std::erase(livingOverrides(), this);
 }
 
 TimeZoneOverride::TimeZoneOverride(const char* zone) {

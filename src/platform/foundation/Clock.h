@@ -34,7 +34,8 @@ struct LocalDateTime {
 /// Offset of local time from universal time at an instant [s, east positive].
 [[nodiscard]] std::int32_t utcOffsetSeconds(Instant instant);
 
-/// While it lives, now() answers with the given function (or a fixed instant).
+/// While it lives, now() answers with the given function (or a fixed instant); of several, the newest that
+/// lives.
 class ClockOverride {
 public:
     explicit ClockOverride(std::function<Instant()> clock);
@@ -43,8 +44,10 @@ public:
     ClockOverride& operator=(const ClockOverride&) = delete;
     ~ClockOverride();
 
+    [[nodiscard]] Instant now() const { return clock_(); }
+
 private:
-    std::function<Instant()> previous_;
+    std::function<Instant()> clock_;
 };
 
 /// While it lives, the process lives in the named time zone ("Europe/Berlin"; nullptr: TZ unset).

@@ -11,6 +11,8 @@ namespace {
 /// Layout of the last 32 bytes: six unused, two integer sizes, then three 64-bit numbers, big end first.
 constexpr std::size_t kHeaderSize = 8;
 constexpr std::size_t kTrailerSize = 32;
+constexpr std::uint8_t kAsciiText = 0x5;
+constexpr std::uint8_t kWideText = 0x6; ///< UTF-16, big end first
 constexpr std::uint8_t kArray = 0xA;
 constexpr std::uint8_t kDictionary = 0xD;
 constexpr std::uint8_t kCountFollows = 0xF;
@@ -86,13 +88,25 @@ private:
     }
 
     [[nodiscard]] bool visit(std::uint64_t index) {
-        const auto container = object(index);
-        if (!container) {
+        const auto visited = object(index);
+        if (!visited || !isWithoutZeros(*visited)) {
             return false;
         }
-        containers_ += container->isContainer() ? 1 : 0;
+        containers_ += visited->isContainer() ? 1 : 0;
         return containers_ <= kMostPropertyContainers &&
-               (!container->isContainer() || visitReferences(*container));
+               (!visited->isContainer() || visitReferences(*visited));
+    }
+
+    /// Whether no character of a text is a zero, on which libplist would end the program.
+    [[nodiscard]] bool isWithoutZeros(const Object& object) const {
+        const bool isText = object.type == kAsciiText || object.type == kWideText;
+        const std::uint64_t width = object.type == kWideText ? 2 : 1;
+        for (std::uint64_t i = 0; isText && i < object.count; ++i) {
+            if (number(object.content + i * width, width).value_or(0) == 0) {
+                return false;
+            }
+        }
+        return true;
     }
 
     [[nodiscard]] bool visitReferences(const Object& container) {
@@ -146,7 +160,8 @@ bool isHarmlessPropertyList(std::string_view bytes) {
         return false;
     }
     if (!isBinaryPropertyList(bytes)) {
-        return countOf("<dict", bytes) + countOf("<array", bytes) <= kMostPropertyContainers;
+        return bytes.find('\0') == std::string_view::npos &&
+               countOf("<dict", bytes) + countOf("<array", bytes) <= kMostPropertyContainers;
     }
     return bytes.size() >= kHeaderSize + kTrailerSize && BinaryWalk(bytes).isTree();
 }

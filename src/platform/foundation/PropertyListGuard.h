@@ -15,8 +15,9 @@ inline constexpr std::size_t kMostPropertyContainers = 4096;    ///< lists and d
 inline constexpr std::size_t kLargestPropertyContent = 4194304; ///< [bytes] when every reference is copied
 
 [[nodiscard]] bool isBinaryPropertyList(std::string_view bytes);
-/// Whether size, number of containers and references keep within bounds: in a binary list no container is
-/// referred to twice, so that it is a tree.
+/// Whether no text holds a zero (libplist's reader asserts that there is none) and size, number of containers
+/// and references keep within bounds: in a binary list no container is referred to twice, so that it is a
+/// tree.
 [[nodiscard]] bool isHarmlessPropertyList(std::string_view bytes);
 
 } // namespace zorel

@@ -1,0 +1,44 @@
+// SPDX-License-Identifier: Apache-2.0
+#include "platform/foundation/ProgramLocations.h"
+
+#include <cstdlib>
+#include <filesystem>
+
+namespace zorel {
+
+namespace {
+
+std::string absolutePathIn(const char* variable) {
+    const char* value = std::getenv(variable);
+    return value != nullptr && value[0] == '/' ? value : "";
+}
+
+} // namespace
+
+std::string bundleBesideProgram() {
+    std::error_code error;
+    const auto program = std::filesystem::read_symlink("/proc/self/exe", error);
+    for (auto folder = program.parent_path(); !error && folder.has_relative_path();
+         folder = folder.parent_path()) {
+        const auto bundle = folder / "share" / "zorel" / "Zorel.bundle";
+        if (std::filesystem::is_directory(bundle, error)) {
+            return bundle.string();
+        }
+        error.clear();
+    }
+    return Locations().bundle;
+}
+
+std::optional<std::string> userDataDirectory() {
+    if (const std::string dataHome = absolutePathIn("XDG_DATA_HOME"); !dataHome.empty()) {
+        return dataHome + "/zorel";
+    }
+    const std::string home = absolutePathIn("HOME");
+    return home.empty() ? std::nullopt : std::optional(home + "/.local/share/zorel");
+}
+
+std::string ringtonesBesideBundle(const std::string& bundle) {
+    return (std::filesystem::path(bundle).parent_path() / "Ringtones").string();
+}
+
+} // namespace zorel
