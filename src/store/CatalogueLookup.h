@@ -38,7 +38,8 @@ void forEachPlace(const GlobalFuncs& glbFuncs, std::int32_t firstId,
                   const std::function<bool(const CataloguePlace&)>& take);
 
 /// The best matches for a name as a person types it, at most `most`: places of exactly that name (in any of their
-/// spellings) first, then names that begin with it, then names that contain it; the larger place first among equals.
+/// spellings, an article before it aside) first, then names that begin with it, then names that contain it; the larger
+/// place first among equals. Cities of half a million and more are moved up: "Mecca" is not a village of that name.
 /// A quote is an ordinary character here. Filled as by searchCities.
 [[nodiscard]] std::vector<City> matchPlaces(const GlobalFuncs& glbFuncs, const std::string& name,
                                             std::size_t most);

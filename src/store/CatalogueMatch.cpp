@@ -1,10 +1,12 @@
 // SPDX-License-Identifier: Apache-2.0
 #include "common/GlobalFuncs.h"
+#include "platform/foundation/NumberText.h"
 #include "store/CatalogueLookup.h"
 #include "store/CatalogueRow.h"
 #include "store/CitySearch.h"
 
 #include <algorithm>
+#include <array>
 #include <sqlite3.h>
 #include <unordered_map>
 
@@ -16,6 +18,13 @@ namespace {
 enum Fit : int { exact = 0, begins = 1, contains = 2 };
 
 constexpr char kSeparator = '|'; // between the spellings of a place
+/// A city of this size [inhabitants] is meant before a village that fits the text better.
+constexpr std::int32_t kLargeCity = 500'000;
+
+/// What may stand before a name without being a part of it. The catalogue keeps "Medina" only as "Al Medina" and
+/// "Cologne" only as "Lungsod ng Cologne", because a search finds the one within the other.
+constexpr std::array<std::string_view, 12> kBeforeNames = {"al ", "al-", "el ", "el-",      "la ",   "le ",
+                                                           "il ", "o ",  "ad ", "city of ", "kota ", "lungsod ng "};
 
 std::string asciiLowerCase(std::string_view text) {
     std::string lower(text);
@@ -24,16 +33,35 @@ std::string asciiLowerCase(std::string_view text) {
     return lower;
 }
 
-/// The best fit of `name` among the spellings; both in lower case.
-Fit bestFit(std::string_view spellings, std::string_view name) {
+std::string_view withoutArticle(std::string_view spelling) {
+    for (const std::string_view article : kBeforeNames) {
+        if (spelling.starts_with(article)) {
+            return spelling.substr(article.size());
+        }
+    }
+    return spelling;
+}
+
+/// Fit of one spelling; both in lower case. In a large city's name, leading whole words count as the name ("Mecca
+/// City"), and any other part as its beginning.
+Fit fitOfSpelling(std::string_view spelling, std::string_view name, bool large) {
+    const std::string_view bare = withoutArticle(spelling);
+    if (spelling == name || bare == name) {
+        return exact;
+    }
+    if (spelling.starts_with(name) || bare.starts_with(name)) {
+        const bool wholeWords = (bare.starts_with(name) ? bare : spelling)[name.size()] == ' ';
+        return large && wholeWords ? exact : begins;
+    }
+    return large ? begins : contains;
+}
+
+/// The best fit among the spellings of a place.
+Fit bestFit(std::string_view spellings, std::string_view name, bool large) {
     Fit best = contains;
     while (!spellings.empty()) {
         const std::size_t end = spellings.find(kSeparator);
-        const std::string_view spelling = spellings.substr(0, end);
-        if (spelling == name) {
-            return exact;
-        }
-        best = spelling.starts_with(name) ? begins : best;
+        best = std::min(best, fitOfSpelling(spellings.substr(0, end), name, large));
         spellings.remove_prefix(end == std::string_view::npos ? spellings.size() : end + 1);
     }
     return best;
@@ -46,10 +74,11 @@ std::unordered_map<std::string, Fit> fits(const GlobalFuncs& glbFuncs, const std
         return result;
     }
     const std::string lower = asciiLowerCase(name);
-    Statement rows = catalogue->prepare("SELECT C.ID, C.NAMESRC FROM CITY C WHERE C.NAMESRC LIKE '%' || ?1 || '%'");
+    Statement rows = catalogue->prepare("SELECT C.ID, C.NAMESRC, C.POPULATION FROM CITY C WHERE C.NAMESRC LIKE '%' || ?1 || '%'");
     sqlite3_bind_text(rows.get(), 1, name.c_str(), -1, SQLITE_TRANSIENT);
     while (rows.nextRow()) {
-        result[rows.text(0)] = bestFit(asciiLowerCase(rows.text(1)), lower);
+        const bool large = integerValue(rows.text(2)) >= kLargeCity;
+        result[rows.text(0)] = bestFit(asciiLowerCase(rows.text(1)), lower, large);
     }
     return result;
 }

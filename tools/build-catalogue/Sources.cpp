@@ -3,8 +3,6 @@
 
 #include <algorithm>
 #include <fmt/format.h>
-#include <fstream>
-#include <iterator>
 #include <map>
 #include <unordered_set>
 
@@ -102,11 +100,12 @@ private:
     void takeCredit(const TsvRow& row, const Credit& credit) {
         CreditText entry{credit, {}};
         if (!credit.licenceFile.empty()) {
-            std::ifstream stream(folder_ / credit.licenceFile, std::ios::binary);
-            entry.licenceText.assign(std::istreambuf_iterator<char>(stream), {});
-        }
-        if (!credit.licenceFile.empty() && entry.licenceText.empty()) {
-            problems_.add(row.file, row.line, fmt::format("\"{}\" cannot be read", credit.licenceFile));
+            const auto text = readBytes(folder_ / credit.licenceFile);
+            if (!text) {
+                problems_.add(row.file, row.line, fmt::format("\"{}\" cannot be read", credit.licenceFile));
+                return;
+            }
+            entry.licenceText.assign(text->begin(), text->end());
         }
         sources_.credits.push_back(std::move(entry));
     }

@@ -4,12 +4,9 @@
 #include "tools/build-catalogue/Utf8.h"
 
 #include <algorithm>
-#include <cerrno>
-#include <cstring>
 #include <fmt/format.h>
 #include <fmt/ranges.h>
 #include <fstream>
-#include <iterator>
 
 namespace zorel::catalogue {
 
@@ -35,18 +32,26 @@ std::string_view takeFirstLine(std::string_view& text) {
 
 } // namespace
 
-std::optional<TsvFile> TsvFile::read(const std::filesystem::path& folder, const TsvLayout& layout,
-                                     Problems& problems) {
-    std::ifstream stream(folder / layout.file, std::ios::binary);
-    std::vector<char> text;
-    if (stream) {
-        text.assign(std::istreambuf_iterator<char>(stream), {});
-    }
-    if (!stream || stream.bad()) {
-        problems.add((folder / layout.file).string(), 0, fmt::format("cannot be read: {}", std::strerror(errno)));
+std::optional<std::vector<char>> readBytes(const std::filesystem::path& path) {
+    std::error_code error;
+    const std::uintmax_t size = std::filesystem::file_size(path, error);
+    std::ifstream stream(path, std::ios::binary);
+    if (error || !stream) {
         return std::nullopt;
     }
-    return TsvFile(std::move(text), layout);
+    std::vector<char> bytes(size);
+    stream.read(bytes.data(), static_cast<std::streamsize>(size));
+    return stream ? std::optional(std::move(bytes)) : std::nullopt;
+}
+
+std::optional<TsvFile> TsvFile::read(const std::filesystem::path& folder, const TsvLayout& layout,
+                                     Problems& problems) {
+    auto text = readBytes(folder / layout.file);
+    if (!text) {
+        problems.add((folder / layout.file).string(), 0, "cannot be read");
+        return std::nullopt;
+    }
+    return TsvFile(std::move(*text), layout);
 }
 
 TsvFile TsvFile::fromText(std::string_view text, const TsvLayout& layout) {

@@ -28,6 +28,9 @@ struct TsvRow {
     std::span<const std::string_view> fields;
 };
 
+/// The bytes of a file; nothing when it is no readable file.
+[[nodiscard]] std::optional<std::vector<char>> readBytes(const std::filesystem::path& path);
+
 /// A source file held in memory. Rows stay valid while the object (or the one it was moved to) lives.
 class TsvFile {
 public:
