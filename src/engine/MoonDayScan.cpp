@@ -15,7 +15,9 @@ constexpr double kMargin = 5e-4;      // many times the error of the curve
 constexpr double kFlat = 2e-4;        // parabolas flatter than this have ill-determined roots
 constexpr double kNodeDistance = 8.0; // hours between the positions
 constexpr double kSiderealRate = 15.04107 * kRadiansPerDegree; // [rad/h]
-constexpr double kMaxDaysFromJ2000 = 3e6;                      // beyond, Julian days resolve too little
+// Beyond four centuries the sidereal time, whose century is single precision, moves in steps too large for
+// the curve.
+constexpr double kMaxDaysFromJ2000 = 4.0 * 36525.0;
 
 struct Vector {
     double x, y, z;
