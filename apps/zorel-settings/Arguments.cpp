@@ -1,0 +1,58 @@
+// SPDX-License-Identifier: Apache-2.0
+#include "Arguments.h"
+
+#include <CLI/CLI.hpp>
+
+namespace zorel {
+
+namespace {
+
+constexpr int kBadUse = 2;
+
+void addOptions(CLI::App& app, Arguments& arguments) {
+    app.add_option("--data-dir", arguments.dataDir,
+                   "folder of your cities and alarms (default: ~/.local/share/zorel)")
+        ->type_name("DIR");
+    app.add_option("--bundle", arguments.bundle, "folder of the city catalogue and the texts")
+        ->type_name("DIR");
+    app.add_option("--ringtones", arguments.ringtones, "folder of the ringtones")->type_name("DIR");
+    app.add_option("--calendar", arguments.calendar,
+                   "folder of the alarm events (default: calendar in the data folder)")
+        ->type_name("DIR");
+    auto* screenshot = app.add_option("--screenshot", arguments.screenshot,
+                                      "draw the window into a PNG file and leave; needs no display")
+                           ->type_name("FILE");
+    app.add_option("--screen", arguments.screen, "the screen that --screenshot draws (default: cities)")
+        ->check(CLI::IsMember({"cities", "search", "alarm"}))
+        ->type_name("cities|search|alarm")
+        ->needs(screenshot);
+    app.add_option("--search", arguments.searchText,
+                   "what to search for on the search screen of --screenshot")
+        ->type_name("TEXT")
+        ->needs(screenshot);
+    app.add_option("--width", arguments.width, "width of the window [points]")->check(CLI::Range(320, 4096));
+    app.add_option("--height", arguments.height, "height of the window [points]")
+        ->check(CLI::Range(400, 4096));
+    app.add_option("--text-scale", arguments.textScale, "size of everything, 1 is the usual one")
+        ->check(CLI::Range(0.5, 4.0));
+    app.add_option("--appearance", arguments.appearance, "light or dark (default: as the desktop)")
+        ->check(CLI::IsMember({"light", "dark"}));
+}
+
+} // namespace
+
+bool readArguments(int argc, char** argv, Arguments& arguments, int& exitCode) {
+    CLI::App app("Cities and prayer alarms: the settings window of Zorel.", "zorel-settings");
+    app.set_version_flag("--version", std::string("zorel-settings ") + ZOREL_VERSION);
+    app.footer("Everything that the window does, the command line does too: zorel --help");
+    addOptions(app, arguments);
+    try {
+        app.parse(argc, argv);
+    } catch (const CLI::ParseError& error) {
+        exitCode = app.exit(error) == 0 ? 0 : kBadUse;
+        return false;
+    }
+    return true;
+}
+
+} // namespace zorel

@@ -1,0 +1,122 @@
+// SPDX-License-Identifier: Apache-2.0
+// zorel-settings: the settings pane in a window.
+#include "Arguments.h"
+#include "Pane.h"
+#include "SingleInstance.h"
+
+#include "platform/eventkit/EKEventStore.h"
+#include "platform/eventkit/FolderCalendar.h"
+#include "platform/foundation/Locations.h"
+#include "platform/foundation/ProgramLocations.h"
+
+#include <QGuiApplication>
+#include <QIcon>
+#include <QTimer>
+
+#include <clocale>
+#include <cstdlib>
+#include <iostream>
+#include <unistd.h>
+
+namespace {
+
+using namespace zorel;
+
+constexpr int kDataTrouble = 3;
+
+void setLocations(const Arguments& arguments) {
+    Locations& places = Locations::current();
+    places.bundle = arguments.bundle.empty() ? bundleBesideProgram() : arguments.bundle;
+    places.ringtones =
+        arguments.ringtones.empty() ? ringtonesBesideBundle(places.bundle) : arguments.ringtones;
+    places.data = arguments.dataDir.empty() ? userDataDirectory().value_or("") : arguments.dataDir;
+    if (!arguments.calendar.empty()) {
+        EKEventStore::setCalendar(std::make_shared<FolderCalendar>(arguments.calendar));
+    }
+}
+
+/// What keeps the pane from working, with the remedy; "" when nothing does.
+std::string troubleAtStart() {
+    const Locations& places = Locations::current();
+    const std::string catalogue = places.bundle + "/database/cities.sqlite";
+    if (!fileExistsAtPath(catalogue)) {
+        return "The city catalogue is missing: " + catalogue +
+               ". Install Zorel again, or name the folder that holds it with --bundle.";
+    }
+    if (places.data.empty()) {
+        return "There is no home folder to keep your cities in. Name one with --data-dir.";
+    }
+    if (!createDirectoryAtPath(places.data) || access(places.data.c_str(), W_OK | X_OK) != 0) {
+        return "The folder of your cities and alarms cannot be written: " + places.data +
+               ". Make it writable for yourself, or name another with --data-dir.";
+    }
+    return {};
+}
+
+/// Without a display a picture is drawn by the software renderer, the same on every machine.
+void chooseRenderer() {
+    setenv("QT_QPA_PLATFORM", "offscreen", 0);
+    setenv("QT_QUICK_BACKEND", "software", 1);
+}
+
+int drawPicture(Pane& pane, const Arguments& arguments) {
+    pane.window().show();
+    pane.openScreen(arguments.screen, arguments.searchText);
+    int code = kDataTrouble;
+    // Long enough for the new screen to have slid in.
+    QTimer::singleShot(arguments.screen == "cities" ? 50 : 500, [&] {
+        if (pane.picture().save(QString::fromStdString(arguments.screenshot))) {
+            code = 0;
+        } else {
+            std::cerr << "zorel-settings: the picture could not be written to " << arguments.screenshot
+                      << ". Does the folder exist, may you write there, does the name end in .png?\n";
+        }
+        QGuiApplication::quit();
+    });
+    QGuiApplication::exec();
+    return code;
+}
+
+int openWindow(Pane& pane, SingleInstance& instance) {
+    instance.listen();
+    QObject::connect(&instance, &SingleInstance::raiseRequested, &pane.window(), [&pane] {
+        pane.window().show();
+        pane.window().raise();
+        pane.window().requestActivate();
+    });
+    pane.window().show();
+    return QGuiApplication::exec();
+}
+
+int runProgram(int argc, char** argv, const Arguments& arguments) {
+    const QGuiApplication application(argc, argv);
+    std::setlocale(LC_NUMERIC, "C");
+    QGuiApplication::setDesktopFileName(QStringLiteral("org.zorel.Settings"));
+    QGuiApplication::setWindowIcon(QIcon::fromTheme(QStringLiteral("org.zorel.Settings")));
+    setLocations(arguments);
+    const std::string trouble = troubleAtStart();
+    if (!trouble.empty()) {
+        std::cerr << "zorel-settings: " << trouble << '\n';
+    }
+    SingleInstance instance(QString::fromStdString(Locations::current().data));
+    if (arguments.screenshot.empty() && instance.askOther()) {
+        std::cout << "zorel-settings: the window is open already; it has been asked to come forward.\n";
+        return 0;
+    }
+    Pane pane(arguments, QString::fromStdString(trouble));
+    return arguments.screenshot.empty() ? openWindow(pane, instance) : drawPicture(pane, arguments);
+}
+
+} // namespace
+
+int main(int argc, char** argv) {
+    Arguments arguments;
+    int exitCode = 0;
+    if (!readArguments(argc, argv, arguments, exitCode)) {
+        return exitCode;
+    }
+    if (!arguments.screenshot.empty()) {
+        chooseRenderer();
+    }
+    return runProgram(argc, argv, arguments);
+}

@@ -1,0 +1,336 @@
+// SPDX-License-Identifier: Apache-2.0
+#include "host/Host.h"
+
+#include "host/PickerModel.h"
+#include "host/TableModel.h"
+#include "host/ViewItem.h"
+#include "platform/uikit/RunLoop.h"
+#include "platform/uikit/UIScreen.h"
+#include "platform/uikit/UISearchBar.h"
+#include "platform/uikit/UISwitch.h"
+
+#include <QEvent>
+#include <QGuiApplication>
+#include <QPalette>
+#include <QQmlEngine>
+
+#include <algorithm>
+
+namespace zorel {
+
+namespace {
+
+constexpr double kFrameMilliseconds = 16.0;
+constexpr int kSlideMilliseconds = 1000;
+
+} // namespace
+
+PageHandle::PageHandle(Host& host, UIViewController& controller) : host_(host), controller_(&controller) {
+    refresh();
+}
+
+ViewHandle* PageHandle::content() const {
+    return controller_.get() != nullptr ? host_.handle(controller_.get()->view()) : nullptr;
+}
+
+void PageHandle::refresh() {
+    UIViewController* controller = controller_.get();
+    if (controller == nullptr) {
+        return;
+    }
+    title_ = QString::fromStdString(controller->navigationItem().title());
+    if (const UINavigationController* stack = controller->navigationController();
+        stack != nullptr && stack->topViewController() == controller) {
+        backTitle_ = QString::fromStdString(stack->backButtonTitle());
+    }
+    emit changed();
+}
+
+Host::Host(bool turkish) : clockStart_(RunLoop::main().time()), turkish_(turkish) {
+    clock_.start();
+    timer_.setTimerType(Qt::PreciseTimer);
+    timer_.setSingleShot(true);
+    connect(&timer_, &QTimer::timeout, this, &Host::wake);
+    qApp->installEventFilter(this);
+    followPalette();
+    UIObserver::install(this);
+    schedule();
+}
+
+Host::~Host() {
+    UIObserver::install(nullptr);
+    qDeleteAll(pages_);
+    qDeleteAll(handles_);
+}
+
+void Host::registerTypes() {
+    constexpr const char* uri = "Zorel.Views";
+    const QString reason = QStringLiteral("made by the host");
+    qmlRegisterType<ViewItem>(uri, 1, 0, "ViewItem");
+    qmlRegisterUncreatableType<ViewHandle>(uri, 1, 0, "ViewHandle", reason);
+    qmlRegisterUncreatableType<PageHandle>(uri, 1, 0, "PageHandle", reason);
+    qmlRegisterUncreatableType<Host>(uri, 1, 0, "Host", reason);
+}
+
+void Host::show(UINavigationController& navigation) {
+    navigation_ = UIWeak<UINavigationController>(&navigation);
+}
+
+void Host::setDark(bool dark) {
+    darkFixed_ = true;
+    if (dark_ != dark) {
+        dark_ = dark;
+        emit darkChanged();
+    }
+}
+
+void Host::followPalette() {
+    const bool dark = QGuiApplication::palette().color(QPalette::Window).lightness() < 128;
+    if (!darkFixed_ && dark != dark_) {
+        dark_ = dark;
+        emit darkChanged();
+    }
+}
+
+bool Host::eventFilter(QObject* object, QEvent* event) {
+    if (event->type() == QEvent::ApplicationPaletteChange) {
+        followPalette();
+    }
+    return QObject::eventFilter(object, event);
+}
+
+QString Host::deleteWord() const {
+    return turkish_ ? QStringLiteral("Sil") : QStringLiteral("Delete");
+}
+QString Host::backWord() const {
+    return turkish_ ? QStringLiteral("Geri") : QStringLiteral("Back");
+}
+QString Host::clearWord() const {
+    return turkish_ ? QStringLiteral("Temizle") : QStringLiteral("Clear");
+}
+
+// Handles.
+
+ViewHandle* Host::make(UIView& view) {
+    switch (view.kind()) {
+    case UIViewKind::switchControl:
+        return new SwitchHandle(*this, view);
+    case UIViewKind::searchBar:
+        return new SearchHandle(*this, view);
+    case UIViewKind::picker:
+        return new PickerHandle(*this, static_cast<UIPickerView&>(view));
+    case UIViewKind::table:
+        return new TableHandle(*this, static_cast<UITableView&>(view));
+    default:
+        return new ViewHandle(*this, view);
+    }
+}
+
+ViewHandle* Host::handle(UIView* view) {
+    if (view == nullptr) {
+        return nullptr;
+    }
+    const auto known = handles_.constFind(view);
+    if (known != handles_.constEnd()) {
+        return *known;
+    }
+    ViewHandle* made = make(*view);
+    QQmlEngine::setObjectOwnership(made, QQmlEngine::CppOwnership);
+    handles_.insert(view, made);
+    return made;
+}
+
+PageHandle* Host::page(UIViewController& controller) {
+    PageHandle*& page = pages_[&controller];
+    if (page == nullptr) {
+        page = new PageHandle(*this, controller);
+        QQmlEngine::setObjectOwnership(page, QQmlEngine::CppOwnership);
+    }
+    return page;
+}
+
+QVariantList Host::pages() {
+    QVariantList list;
+    if (navigation_.get() != nullptr) {
+        for (UIViewController* controller : navigation_.get()->viewControllers()) {
+            list << QVariant::fromValue(page(*controller));
+        }
+    }
+    return list;
+}
+
+// What the user does.
+
+void Host::tapSheet(int index) {
+    if (UIActionSheet* sheet = sheet_.get(); sheet != nullptr) {
+        syncClock();
+        sheet->userTapsButton(index);
+    }
+}
+
+void Host::cancelSheet() {
+    if (const UIActionSheet* sheet = sheet_.get(); sheet != nullptr) {
+        tapSheet(sheet->cancelButtonIndex());
+    }
+}
+
+void Host::back() {
+    if (sheetVisible()) {
+        cancelSheet();
+    } else if (navigation_.get() != nullptr) {
+        syncClock();
+        navigation_.get()->popViewControllerAnimated(true);
+    }
+}
+
+QString Host::sheetTitle() const {
+    return sheetVisible() ? QString::fromStdString(sheet_.get()->title()) : QString();
+}
+
+QStringList Host::sheetButtons() const {
+    QStringList titles;
+    if (sheetVisible()) {
+        for (const std::string& title : sheet_.get()->buttonTitles()) {
+            titles << QString::fromStdString(title);
+        }
+    }
+    return titles;
+}
+
+void Host::setScreenSize(double width, double height) {
+    UIScreen::mainScreen().setBounds({0.0, 0.0, width, height});
+}
+
+// What the views tell.
+
+void Host::redrawAround(UIView& view) {
+    for (UIView* step = &view; step != nullptr; step = step->superview()) {
+        if (ViewHandle* handle = handles_.value(step); handle != nullptr) {
+            emit handle->needsDisplay();
+        }
+    }
+}
+
+void Host::viewAdded(UIView& superview, UIView& /*view*/) {
+    if (ViewHandle* handle = handles_.value(&superview); handle != nullptr) {
+        emit handle->subviewsChanged();
+    }
+    redrawAround(superview);
+}
+
+void Host::viewRemoved(UIView& superview, UIView& view) {
+    viewAdded(superview, view);
+}
+
+void Host::viewDestroyed(UIView& view) {
+    if (ViewHandle* handle = handles_.take(&view); handle != nullptr) {
+        handle->deleteLater();
+    }
+}
+
+void Host::viewNeedsDisplay(UIView& view) {
+    redrawAround(view);
+}
+
+void Host::viewChanged(UIView& view, UIProperty what) {
+    if (ViewHandle* handle = handles_.value(&view); handle != nullptr) {
+        const bool visible =
+            what == UIProperty::presentation || what == UIProperty::alpha || what == UIProperty::transform;
+        if (visible) {
+            emit handle->presentationChanged();
+            return;
+        }
+        emit handle->changed();
+    }
+    redrawAround(view);
+}
+
+void Host::tableReloaded(UITableView& table) {
+    if (auto* handle = static_cast<TableHandle*>(handles_.value(&table)); handle != nullptr) {
+        handle->reload();
+    }
+}
+
+void Host::pickerReloaded(UIPickerView& picker) {
+    if (auto* handle = static_cast<PickerHandle*>(handles_.value(&picker)); handle != nullptr) {
+        handle->reload();
+    }
+}
+
+void Host::pickerRowSelected(UIPickerView& picker, bool /*animated*/) {
+    if (auto* handle = static_cast<PickerHandle*>(handles_.value(&picker)); handle != nullptr) {
+        emit handle->selectedRowChanged();
+    }
+}
+
+void Host::switchChanged(UISwitch& control, bool /*animated*/) {
+    if (auto* handle = static_cast<SwitchHandle*>(handles_.value(&control)); handle != nullptr) {
+        emit handle->onChanged();
+    }
+}
+
+void Host::firstResponderChanged(UISearchBar& searchBar) {
+    if (auto* handle = static_cast<SearchHandle*>(handles_.value(&searchBar)); handle != nullptr) {
+        emit handle->focusedChanged();
+    }
+}
+
+void Host::actionSheetPresented(UIActionSheet& sheet, UIView& /*view*/) {
+    sheet_ = UIWeak<UIActionSheet>(&sheet);
+    emit sheetChanged();
+}
+
+void Host::actionSheetDismissed(UIActionSheet& /*sheet*/) {
+    sheet_ = {};
+    emit sheetChanged();
+}
+
+void Host::viewControllerPushed(UINavigationController& navigation, UIViewController& controller,
+                                bool animated) {
+    if (&navigation == navigation_.get()) {
+        page(controller)->refresh();
+        emit pushed(page(controller), animated);
+    }
+}
+
+void Host::viewControllerPopped(UINavigationController& /*navigation*/, UIViewController& controller,
+                                bool animated) {
+    if (PageHandle* gone = pages_.take(&controller); gone != nullptr) {
+        emit popped(gone, animated);
+        // The screen still slides away.
+        QTimer::singleShot(kSlideMilliseconds, gone, &QObject::deleteLater);
+    }
+}
+
+void Host::viewControllerChanged(UIViewController& controller) {
+    if (PageHandle* known = pages_.value(&controller); known != nullptr) {
+        known->refresh();
+    }
+}
+
+// The run loop.
+
+void Host::syncClock() {
+    RunLoop::main().advanceTo(clockStart_ + static_cast<double>(clock_.nsecsElapsed()) * 1e-9);
+}
+
+void Host::runLoopWantsWake(double /*time*/) {
+    schedule();
+}
+
+void Host::schedule() {
+    const std::optional<double> wake = RunLoop::main().nextWake();
+    if (!wake) {
+        timer_.stop();
+        return;
+    }
+    const double present = clockStart_ + static_cast<double>(clock_.nsecsElapsed()) * 1e-9;
+    timer_.start(static_cast<int>(std::max(kFrameMilliseconds, (*wake - present) * 1000.0)));
+}
+
+void Host::wake() {
+    syncClock();
+    schedule();
+}
+
+} // namespace zorel

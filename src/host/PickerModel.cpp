@@ -1,0 +1,41 @@
+// SPDX-License-Identifier: Apache-2.0
+#include "host/PickerModel.h"
+
+#include "host/Host.h"
+#include "platform/uikit/UILabel.h"
+
+namespace zorel {
+
+int PickerModel::rowCount(const QModelIndex& parent) const {
+    return parent.isValid() ? 0 : rows_;
+}
+
+QString PickerModel::textOfRow(int row) const {
+    UIPickerView* picker = picker_.get();
+    const auto* label = picker != nullptr ? dynamic_cast<UILabel*>(picker->viewForRow(row)) : nullptr;
+    return label != nullptr ? QString::fromStdString(label->text()) : QString();
+}
+
+QVariant PickerModel::data(const QModelIndex& index, int role) const {
+    return role == Qt::DisplayRole ? QVariant(textOfRow(index.row())) : QVariant();
+}
+
+void PickerModel::reload() {
+    beginResetModel();
+    rows_ = picker_.get() != nullptr ? picker_.get()->numberOfRows() : 0;
+    endResetModel();
+}
+
+int PickerHandle::selectedRow() const {
+    return view() != nullptr ? static_cast<UIPickerView*>(view())->selectedRow() : -1;
+}
+
+void PickerHandle::pick(int row) {
+    if (view() != nullptr && row != selectedRow()) {
+        host().syncClock();
+        static_cast<UIPickerView*>(view())->userPicksRow(row);
+        emit selectedRowChanged();
+    }
+}
+
+} // namespace zorel

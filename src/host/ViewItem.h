@@ -1,0 +1,46 @@
+// SPDX-License-Identifier: Apache-2.0
+/// @file
+/// A Qt Quick item that paints a view without native parts whole and carries touches to it.
+#pragma once
+
+#include "host/ViewHandle.h"
+#include "platform/uikit/UITouch.h"
+
+#include <QPointer>
+#include <QQuickPaintedItem>
+
+#include <optional>
+
+namespace zorel {
+
+class ViewItem : public QQuickPaintedItem {
+    Q_OBJECT
+    Q_PROPERTY(zorel::ViewHandle* handle READ handle WRITE setHandle NOTIFY handleChanged)
+    Q_PROPERTY(bool dark READ dark WRITE setDark NOTIFY darkChanged)
+
+public:
+    explicit ViewItem(QQuickItem* parent = nullptr);
+
+    [[nodiscard]] ViewHandle* handle() const { return handle_; }
+    void setHandle(ViewHandle* handle);
+    [[nodiscard]] bool dark() const { return dark_; }
+    void setDark(bool dark);
+    void paint(QPainter* painter) override;
+
+signals:
+    void handleChanged();
+    void darkChanged();
+
+protected:
+    void mousePressEvent(QMouseEvent* event) override;
+    void mouseMoveEvent(QMouseEvent* event) override;
+    void mouseReleaseEvent(QMouseEvent* event) override;
+    void mouseUngrabEvent() override;
+
+private:
+    QPointer<ViewHandle> handle_;
+    std::optional<UITouchDispatcher> touch_;
+    bool dark_ = false;
+};
+
+} // namespace zorel

@@ -1,0 +1,144 @@
+// SPDX-License-Identifier: Apache-2.0
+#include "host/ViewPainter.h"
+
+#include "host/PainterContext.h"
+#include "platform/uikit/UILabel.h"
+
+#include <QFontMetricsF>
+#include <QPainter>
+#include <QTextLayout>
+
+#include <algorithm>
+#include <cmath>
+
+namespace zorel {
+
+namespace {
+
+/// A ground that hides what lies behind it: the colours on it need no change in dark surroundings.
+constexpr double kOwnGround = 0.5;
+
+QFont hostFont(const UIFont& font) {
+    QFont result(font.name.empty() ? QString() : QString::fromStdString(font.name));
+    result.setPixelSize(std::max(1, static_cast<int>(std::lround(font.size))));
+    return result;
+}
+
+Qt::Alignment horizontal(UITextAlignment alignment) {
+    switch (alignment) {
+    case UITextAlignment::center:
+        return Qt::AlignHCenter;
+    case UITextAlignment::right:
+        return Qt::AlignRight;
+    case UITextAlignment::left:
+        break;
+    }
+    return Qt::AlignLeft;
+}
+
+/// One line: made smaller down to half its size when the label asks for it, then cut at its end.
+void paintLine(QPainter& painter, const UILabel& label, const QRectF& box, const QString& text) {
+    constexpr double smallest = 0.5;
+    const QFontMetricsF metrics(painter.font());
+    const double width = metrics.horizontalAdvance(text);
+    double factor = 1.0;
+    if (label.adjustsFontSizeToFitWidth() && width > box.width() && width > 0.0) {
+        factor = std::max(smallest, box.width() / width);
+    }
+    painter.save();
+    painter.translate(box.topLeft());
+    painter.scale(factor, factor);
+    const QRectF scaled(0.0, 0.0, box.width() / factor, box.height() / factor);
+    const QString shown = metrics.elidedText(text, Qt::ElideRight, scaled.width());
+    painter.drawText(scaled, static_cast<int>(horizontal(label.textAlignment()) | Qt::AlignVCenter), shown);
+    painter.restore();
+}
+
+/// Several lines: broken at words, the last allowed one cut at its end, the block centred vertically.
+void paintLines(QPainter& painter, const UILabel& label, const QRectF& box, const QString& text) {
+    const QFontMetricsF metrics(painter.font());
+    const int most = label.numberOfLines() > 0 ? label.numberOfLines() : 1000;
+    QTextLayout layout(text, painter.font());
+    QStringList lines;
+    layout.beginLayout();
+    for (QTextLine line = layout.createLine(); line.isValid() && lines.size() < most;
+         line = layout.createLine()) {
+        line.setLineWidth(box.width());
+        const QString rest = text.mid(line.textStart());
+        lines << (lines.size() + 1 == most ? metrics.elidedText(rest, Qt::ElideRight, box.width())
+                                           : text.mid(line.textStart(), line.textLength()).trimmed());
+    }
+    layout.endLayout();
+    double y = box.top() + (box.height() - metrics.height() * static_cast<double>(lines.size())) / 2.0;
+    for (const QString& line : lines) {
+        const QRectF place(box.left(), y, box.width(), metrics.height());
+        painter.drawText(place, static_cast<int>(horizontal(label.textAlignment())), line);
+        y += metrics.height();
+    }
+}
+
+void paintText(QPainter& painter, const UILabel& label, const QRectF& box, const QColor& color) {
+    const QString text = QString::fromStdString(label.text());
+    painter.setPen(color);
+    if (label.numberOfLines() == 1) {
+        paintLine(painter, label, box, text);
+    } else {
+        paintLines(painter, label, box, text);
+    }
+}
+
+void paintLabel(QPainter& painter, const UILabel& label, bool dark) {
+    if (label.text().empty()) {
+        return;
+    }
+    painter.setFont(hostFont(label.font()));
+    const QRectF box(0.0, 0.0, label.frame().width, label.frame().height);
+    if (label.shadow()) {
+        const CGSize offset = label.shadow()->offset;
+        paintText(painter, label, box.translated(offset.width, offset.height),
+                  shownColor(label.shadow()->color, false));
+    }
+    paintText(painter, label, box, shownColor(label.textColor(), dark));
+}
+
+void paintBackground(QPainter& painter, const UIView& view) {
+    if (view.backgroundColor().alpha() <= 0.0) {
+        return;
+    }
+    painter.setPen(Qt::NoPen);
+    painter.setBrush(shownColor(view.backgroundColor(), false));
+    painter.drawRoundedRect(QRectF(0.0, 0.0, view.frame().width, view.frame().height), view.cornerRadius(),
+                            view.cornerRadius());
+}
+
+void paintSubview(QPainter& painter, UIView& view, bool dark) {
+    if (view.isHidden() || view.presentationAlpha() <= 0.0) {
+        return;
+    }
+    const CGRect& frame = view.frame();
+    painter.save();
+    painter.setOpacity(painter.opacity() * view.presentationAlpha());
+    painter.translate(frame.midX(), frame.midY());
+    painter.scale(view.presentationScale(), view.presentationScale());
+    painter.translate(-frame.width / 2.0, -frame.height / 2.0);
+    paintView(painter, view, dark);
+    painter.restore();
+}
+
+} // namespace
+
+void paintView(QPainter& painter, UIView& view, bool dark) {
+    const bool adapted = dark && view.backgroundColor().alpha() < kOwnGround;
+    paintBackground(painter, view);
+    PainterContext context(painter, adapted);
+    view.drawRect(context);
+    if (view.kind() == UIViewKind::label) {
+        paintLabel(painter, static_cast<const UILabel&>(view), adapted);
+    }
+    const std::vector<UIView*> subviews = view.subviews();
+    for (UIView* subview : subviews) {
+        paintSubview(painter, *subview, adapted);
+    }
+}
+
+} // namespace zorel

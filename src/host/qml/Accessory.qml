@@ -1,0 +1,66 @@
+// SPDX-License-Identifier: Apache-2.0
+// What stands in a row: a switch, a wheel, or a view that draws itself.
+import QtQuick
+import Zorel.Views
+
+Item {
+    id: accessory
+
+    property ViewHandle handle: null
+    // Whether a view that draws itself fills the whole row.
+    property bool wide: false
+    required property Theme theme
+    required property Host host
+    readonly property string kind: handle && handle.shown ? handle.kind : ""
+    readonly property bool operable: kind === "switch" || kind === "picker" || (kind === "plain" && handle.operable)
+    readonly property bool checkable: kind === "switch" || (kind === "plain" && handle.operable)
+    readonly property bool checked: kind === "switch" ? handle.on : (kind === "plain" && handle.marked)
+    readonly property string spoken: kind === "picker" ? handle.selectedText : (kind === "plain" ? handle.spoken : "")
+
+    implicitWidth: kind === "switch" ? 51 : (handle ? handle.viewWidth : 0)
+    implicitHeight: kind === "switch" ? 31 : (handle ? handle.viewHeight : 0)
+    function operate() {
+        if (kind === "switch")
+            handle.toggle()
+        else if (kind === "plain" && handle.operable)
+            handle.activate()
+    }
+    function turn(step: int) {
+        if (kind === "picker")
+            handle.pick(Math.max(0, Math.min(handle.model.rowCount() - 1, handle.selectedRow + step)))
+    }
+
+    Loader {
+        anchors.fill: parent
+        active: accessory.kind !== ""
+        sourceComponent: accessory.kind === "switch" ? toggleComponent
+                       : accessory.kind === "picker" ? wheelComponent : viewComponent
+    }
+    Component {
+        id: toggleComponent
+        Toggle {
+            handle: accessory.handle
+            theme: accessory.theme
+        }
+    }
+    Component {
+        id: wheelComponent
+        Wheel {
+            handle: accessory.handle
+            theme: accessory.theme
+        }
+    }
+    Component {
+        id: viewComponent
+        ViewItem {
+            handle: accessory.handle
+            dark: accessory.theme.dark
+            onWidthChanged: fit()
+            onHeightChanged: fit()
+            function fit() {
+                if (accessory.wide && accessory.handle && width > 0 && height > 0)
+                    accessory.handle.resize(width, height)
+            }
+        }
+    }
+}

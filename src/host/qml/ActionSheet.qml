@@ -1,0 +1,71 @@
+// SPDX-License-Identifier: Apache-2.0
+// A sheet of choices at the foot of the window; a tap beside it cancels.
+import QtQuick
+import Zorel.Views
+
+FocusScope {
+    id: sheet
+
+    required property Host host
+    required property Theme theme
+    readonly property bool shown: host.sheetVisible
+
+    visible: opacity > 0
+    opacity: shown ? 1 : 0
+    enabled: shown
+    focus: shown
+    Behavior on opacity { NumberAnimation { duration: 140 } }
+    onShownChanged: if (shown) { forceActiveFocus(); buttons.currentIndex = 0 }
+    Accessible.role: Accessible.Dialog
+    Accessible.name: host.sheetTitle
+    Accessible.ignored: !shown
+
+    Rectangle {
+        anchors.fill: parent
+        color: "#000000"
+        opacity: 0.45
+        MouseArea {
+            anchors.fill: parent
+            onClicked: sheet.host.cancelSheet()
+            onWheel: wheel => wheel.accepted = true
+        }
+    }
+    ListView {
+        id: buttons
+        anchors { bottom: parent.bottom; horizontalCenter: parent.horizontalCenter; bottomMargin: 12 }
+        width: Math.min(parent.width - 24, 480)
+        height: contentHeight
+        interactive: false
+        focus: true
+        spacing: 8
+        model: sheet.host.sheetButtons
+        Keys.onReturnPressed: sheet.host.tapSheet(currentIndex)
+        Keys.onEnterPressed: sheet.host.tapSheet(currentIndex)
+        Keys.onSpacePressed: sheet.host.tapSheet(currentIndex)
+        delegate: Rectangle {
+            required property string modelData
+            required property int index
+            width: ListView.view.width
+            height: 54
+            radius: 13
+            color: press.pressed ? sheet.theme.pressed : sheet.theme.row
+            border { width: ListView.isCurrentItem && buttons.activeFocus ? 2 : 0; color: sheet.theme.accent }
+            Text {
+                anchors.centerIn: parent
+                width: Math.min(implicitWidth, parent.width - 24)
+                elide: Text.ElideRight
+                text: parent.modelData
+                textFormat: Text.PlainText
+                color: sheet.theme.accent
+                font { pixelSize: 18; weight: parent.index + 1 === buttons.count ? Font.DemiBold : Font.Normal }
+            }
+            TapHandler {
+                id: press
+                onTapped: sheet.host.tapSheet(parent.index)
+            }
+            Accessible.role: Accessible.Button
+            Accessible.name: modelData
+            Accessible.onPressAction: sheet.host.tapSheet(index)
+        }
+    }
+}

@@ -1,0 +1,100 @@
+// SPDX-License-Identifier: Apache-2.0
+// One screen: a table, or a search field above a table, and whatever else lies on top of them.
+import QtQuick
+import Zorel.Views
+
+FocusScope {
+    id: screen
+
+    required property Host host
+    required property Theme theme
+    required property PageHandle page
+    property real columnWidth: width
+    property real slide: 0
+    readonly property ViewHandle content: page ? page.content : null
+    readonly property var parts: content && content.kind !== "table" ? content.subviews : []
+    readonly property ViewHandle table: content && content.kind === "table" ? content : part("table")
+    readonly property ViewHandle search: part("search")
+
+    transform: Translate { x: screen.slide }
+    function part(kind: string): ViewHandle {
+        for (const handle of parts)
+            if (handle && handle.kind === kind)
+                return handle
+        return null
+    }
+    function moveTo(x: real, then: var) {
+        sliding.to = x
+        sliding.then = then
+        sliding.restart()
+    }
+    function fitContent() {
+        if (content && width > 0)
+            content.resize(columnWidth, height)
+    }
+    onColumnWidthChanged: fitContent()
+    onHeightChanged: fitContent()
+    onContentChanged: fitContent()
+
+    NumberAnimation {
+        id: sliding
+        property var then: null
+        target: screen
+        property: "slide"
+        duration: 240
+        easing.type: Easing.OutCubic
+        onFinished: if (then) then()
+    }
+    Rectangle {
+        anchors.fill: parent
+        color: screen.theme.ground
+    }
+    Item {
+        id: column
+        width: screen.columnWidth
+        height: parent.height
+        anchors.horizontalCenter: parent.horizontalCenter
+
+        Loader {
+            id: searchField
+            active: screen.search !== null
+            width: parent.width
+            height: active ? 60 : 0
+            focus: active
+            sourceComponent: SearchField {
+                focus: true
+                handle: screen.search
+                theme: screen.theme
+                host: screen.host
+            }
+        }
+        Loader {
+            anchors { top: searchField.bottom; left: parent.left; right: parent.right; bottom: parent.bottom }
+            active: screen.table !== null
+            focus: !searchField.active
+            sourceComponent: TableList {
+                handle: screen.table
+                theme: screen.theme
+                host: screen.host
+                focus: true
+            }
+        }
+        Repeater {
+            model: screen.parts.filter(handle => handle && handle.kind === "plain")
+            delegate: ViewItem {
+                required property ViewHandle modelData
+                handle: modelData
+                dark: screen.theme.dark
+                x: modelData ? modelData.viewX : 0
+                y: modelData ? modelData.viewY : 0
+                width: modelData ? modelData.viewWidth : 0
+                height: modelData ? modelData.viewHeight : 0
+                opacity: modelData ? modelData.viewOpacity : 0
+                scale: modelData ? modelData.viewScale : 1
+                visible: modelData !== null && modelData.shown
+                Accessible.role: Accessible.AlertMessage
+                Accessible.name: modelData ? modelData.spoken : ""
+            }
+        }
+    }
+}

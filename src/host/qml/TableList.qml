@@ -1,0 +1,99 @@
+// SPDX-License-Identifier: Apache-2.0
+// A table of sections and rows with kinetic scrolling. The keyboard walks through the rows: Return opens, Space operates
+// what stands in the row, Delete asks for deletion, Left and Right turn a wheel.
+import QtQuick
+import Zorel.Views
+
+ListView {
+    id: rows
+
+    required property ViewHandle handle
+    required property Theme theme
+    required property Host host
+    property Item opened: null
+
+    model: handle ? handle.model : null
+    clip: true
+    activeFocusOnTab: true
+    boundsBehavior: Flickable.DragAndOvershootBounds
+    keyNavigationEnabled: false
+    highlightFollowsCurrentItem: true
+    highlightMoveDuration: 120
+    currentIndex: -1
+    topMargin: handle && handle.grouped ? 8 : 0
+    bottomMargin: 24
+    Accessible.role: Accessible.List
+    Accessible.name: handle ? handle.spoken : ""
+
+    function walk(step: int) {
+        const start = currentIndex
+        for (let index = start + step; index >= 0 && index < count; index += step) {
+            currentIndex = index
+            if (currentItem && currentItem.reachable)
+                return
+        }
+        currentIndex = start
+    }
+    onActiveFocusChanged: if (activeFocus && currentIndex < 0) walk(1)
+    onMovementStarted: closeOpened()
+    function closeOpened() {
+        if (opened)
+            opened.closeSwipe()
+    }
+    Keys.onUpPressed: walk(-1)
+    Keys.onDownPressed: walk(1)
+    Keys.onReturnPressed: if (currentItem) currentItem.open()
+    Keys.onEnterPressed: if (currentItem) currentItem.open()
+    Keys.onSpacePressed: if (currentItem) currentItem.operate()
+    Keys.onDeletePressed: if (currentItem) currentItem.askDelete()
+    Keys.onLeftPressed: if (currentItem) currentItem.turn(-1)
+    Keys.onRightPressed: if (currentItem) currentItem.turn(1)
+
+    delegate: Loader {
+        id: place
+
+        required property int index
+        required property string entryKind
+        required property var title
+        required property var rowText
+        required property var detail
+        required property var centred
+        required property var disclosure
+        required property var accessory
+        required property var entryHeight
+        required property var deletable
+        required property var firstInSection
+        required property var lastInSection
+        required property int section
+        required property int row
+        required property int generation
+        readonly property bool current: ListView.isCurrentItem && rows.activeFocus
+        readonly property bool reachable: item ? item.reachable : false
+
+        width: ListView.view.width
+        sourceComponent: entryKind === "row" ? rowComponent : headerComponent
+        function open() { if (item && item.open) item.open() }
+        function operate() { if (item && item.operate) item.operate() }
+        function askDelete() { if (item && item.askDelete) item.askDelete() }
+        function turn(step: int) { if (item && item.turn) item.turn(step) }
+
+        Component {
+            id: rowComponent
+            TableRow {
+                list: rows
+                entry: place
+                theme: rows.theme
+                host: rows.host
+            }
+        }
+        Component {
+            id: headerComponent
+            TableHeader {
+                entry: place
+                theme: rows.theme
+                host: rows.host
+                footer: place.entryKind === "footer"
+            }
+        }
+    }
+}

@@ -1,0 +1,186 @@
+// SPDX-License-Identifier: Apache-2.0
+// One row: a text, what stands at its right edge, and, behind it, the button that deletes it.
+import QtQuick
+import Zorel.Views
+
+Item {
+    id: cell
+
+    required property ListView list
+    required property Item entry
+    required property Theme theme
+    required property Host host
+    readonly property bool grouped: list.handle !== null && list.handle.grouped
+    readonly property bool reachable: !!entry.disclosure || accessory.operable || list.handle.selectable
+    readonly property real deleteWidth: 88
+    readonly property bool isOpen: face.x < -deleteWidth / 2
+
+    width: entry.width
+    height: entry.entryHeight || 44
+
+    function open() {
+        if (isOpen)
+            remove()
+        else
+            list.handle.model.select(entry.section, entry.row)
+    }
+    function operate() { accessory.operate() }
+    function turn(step: int) { accessory.turn(step) }
+    function askDelete() {
+        if (isOpen)
+            remove()
+        else if (entry.deletable)
+            swing(-deleteWidth)
+    }
+    function remove() { list.handle.model.remove(entry.section, entry.row) }
+    function closeSwipe() { swing(0) }
+    function swing(x: real) {
+        swinging.to = x
+        swinging.restart()
+        list.opened = x < 0 ? cell : (list.opened === cell ? null : list.opened)
+    }
+    Component.onDestruction: {
+        if (list && list.model)
+            list.model.hide(entry.section, entry.row, entry.generation)
+    }
+
+    Item {
+        id: frame
+        anchors { fill: parent; leftMargin: cell.grouped ? cell.theme.margin : 0; rightMargin: anchors.leftMargin }
+        clip: true
+
+        Rectangle {
+            id: deleteButton
+            anchors { top: parent.top; bottom: parent.bottom; right: parent.right }
+            width: Math.max(0, -face.x + cell.theme.corner)
+            visible: face.x < 0
+            color: cell.theme.danger
+            Text {
+                anchors { verticalCenter: parent.verticalCenter; right: parent.right; rightMargin: (cell.deleteWidth - width) / 2 }
+                text: cell.host.deleteWord
+                color: cell.theme.row
+                font.pixelSize: cell.theme.textSize
+            }
+            TapHandler { onTapped: cell.remove() }
+            Accessible.role: Accessible.Button
+            Accessible.name: cell.host.deleteWord
+            Accessible.ignored: !visible
+            Accessible.onPressAction: cell.remove()
+        }
+        Item {
+            id: face
+            width: parent.width
+            height: parent.height
+            Accessible.role: Accessible.ListItem
+            Accessible.name: [cell.entry.rowText, accessory.spoken, cell.entry.detail].filter(part => !!part).join(", ")
+            Accessible.selectable: cell.list.handle.selectable
+            Accessible.checkable: accessory.checkable
+            Accessible.checked: accessory.checked
+            Accessible.onPressAction: cell.entry.disclosure ? cell.open() : cell.operate()
+            Accessible.onToggleAction: cell.operate()
+
+            Rectangle {
+                id: body
+                anchors.fill: parent
+                radius: cell.grouped && (cell.entry.firstInSection || cell.entry.lastInSection) ? cell.theme.corner : 0
+                color: tap.pressed && cell.entry.disclosure ? cell.theme.pressed : cell.theme.row
+            }
+            Rectangle {
+                // Square corners where the section goes on.
+                visible: body.radius > 0 && !(cell.entry.firstInSection && cell.entry.lastInSection)
+                width: parent.width
+                height: parent.height / 2
+                y: cell.entry.firstInSection ? height : 0
+                color: body.color
+            }
+            Rectangle {
+                visible: !cell.entry.lastInSection
+                anchors { left: parent.left; right: parent.right; bottom: parent.bottom; leftMargin: cell.theme.margin }
+                height: 1
+                color: cell.theme.line
+            }
+            Text {
+                id: label
+                anchors {
+                    left: parent.left; leftMargin: cell.theme.margin
+                    right: accessory.left; rightMargin: 8
+                    verticalCenter: parent.verticalCenter
+                }
+                text: cell.entry.rowText || ""
+                textFormat: Text.PlainText
+                elide: Text.ElideRight
+                fontSizeMode: Text.HorizontalFit
+                minimumPixelSize: 11
+                horizontalAlignment: cell.entry.centred ? Text.AlignHCenter : Text.AlignLeft
+                color: cell.theme.text
+                font.pixelSize: cell.theme.textSize
+                Accessible.ignored: true
+            }
+            Accessory {
+                id: accessory
+                anchors { right: parent.right; rightMargin: wide ? 0 : cell.theme.margin; verticalCenter: parent.verticalCenter }
+                width: kind === "" ? trailing.implicitWidth : (wide ? parent.width : implicitWidth)
+                height: wide || kind === "" ? parent.height : implicitHeight
+                wide: !cell.entry.rowText && kind !== "switch"
+                handle: cell.entry.accessory || null
+                theme: cell.theme
+                host: cell.host
+                Row {
+                    id: trailing
+                    anchors { right: parent.right; verticalCenter: parent.verticalCenter }
+                    spacing: 8
+                    Text {
+                        anchors.verticalCenter: parent.verticalCenter
+                        width: Math.min(implicitWidth, frame.width * 0.55)
+                        text: cell.entry.detail || ""
+                        textFormat: Text.PlainText
+                        elide: Text.ElideRight
+                        color: cell.theme.quiet
+                        font.pixelSize: cell.theme.textSize - 1
+                        Accessible.ignored: true
+                    }
+                    Text {
+                        anchors.verticalCenter: parent.verticalCenter
+                        visible: !!cell.entry.disclosure
+                        text: "\u203a"
+                        color: cell.theme.quiet
+                        font.pixelSize: 22
+                        Accessible.ignored: true
+                    }
+                }
+            }
+            TapHandler {
+                id: tap
+                enabled: cell.list.handle !== null && cell.list.handle.selectable
+                onTapped: {
+                    const wasOpen = cell.list.opened !== null
+                    cell.list.closeOpened()
+                    if (!wasOpen)
+                        cell.list.handle.model.select(cell.entry.section, cell.entry.row)
+                }
+            }
+            DragHandler {
+                enabled: !!cell.entry.deletable
+                target: face
+                yAxis.enabled: false
+                xAxis { minimum: -cell.deleteWidth * 1.3; maximum: 0 }
+                grabPermissions: PointerHandler.CanTakeOverFromAnything
+                onActiveChanged: if (!active) cell.swing(cell.isOpen ? -cell.deleteWidth : 0)
+            }
+            NumberAnimation {
+                id: swinging
+                target: face
+                property: "x"
+                duration: 160
+                easing.type: Easing.OutCubic
+            }
+        }
+        Rectangle {
+            anchors { fill: parent; margins: 2 }
+            visible: cell.entry.current
+            color: "transparent"
+            border { color: cell.theme.accent; width: 2 }
+            radius: cell.theme.corner
+        }
+    }
+}

@@ -1,0 +1,63 @@
+// SPDX-License-Identifier: Apache-2.0
+// A wheel of rows; the one in the middle is selected.
+import QtQuick
+import Zorel.Views
+
+Item {
+    id: wheel
+
+    required property ViewHandle handle
+    required property Theme theme
+    readonly property real rowHeight: 30
+
+    clip: true
+    Rectangle {
+        anchors { left: parent.left; right: parent.right; verticalCenter: parent.verticalCenter; margins: 8 }
+        height: wheel.rowHeight
+        radius: 7
+        color: wheel.theme.pressed
+    }
+    ListView {
+        id: rows
+        anchors.fill: parent
+        model: wheel.handle ? wheel.handle.model : null
+        highlightRangeMode: ListView.StrictlyEnforceRange
+        preferredHighlightBegin: (height - wheel.rowHeight) / 2
+        preferredHighlightEnd: preferredHighlightBegin + wheel.rowHeight
+        highlightMoveDuration: 0
+        snapMode: ListView.SnapToItem
+        flickDeceleration: 3000
+        keyNavigationEnabled: false
+        onMovementEnded: if (wheel.handle) wheel.handle.pick(currentIndex)
+        delegate: Text {
+            required property string rowText
+            required property int index
+            width: ListView.view.width
+            height: wheel.rowHeight
+            leftPadding: 16
+            rightPadding: 16
+            text: rowText
+            textFormat: Text.PlainText
+            elide: Text.ElideRight
+            horizontalAlignment: Text.AlignHCenter
+            verticalAlignment: Text.AlignVCenter
+            color: wheel.theme.text
+            opacity: ListView.isCurrentItem ? 1 : 0.35
+            font.pixelSize: 18
+            TapHandler { onTapped: wheel.handle.pick(index) }
+        }
+        function follow() {
+            if (wheel.handle && !moving) {
+                currentIndex = wheel.handle.selectedRow
+                positionViewAtIndex(currentIndex, ListView.SnapPosition)
+            }
+        }
+        Component.onCompleted: follow()
+        onCountChanged: follow()
+        onHeightChanged: follow()
+    }
+    Connections {
+        target: wheel.handle
+        function onSelectedRowChanged() { rows.follow() }
+    }
+}
