@@ -7,11 +7,11 @@
 
 #include "platform/uikit/UITableViewCell.h"
 
-#include <compare>
 #include <map>
 #include <memory>
 #include <optional>
 #include <string>
+#include <utility>
 #include <vector>
 
 namespace zorel {
@@ -22,7 +22,10 @@ struct NSIndexPath {
     int section = 0;
     int row = 0;
 
-    friend auto operator<=>(const NSIndexPath&, const NSIndexPath&) = default;
+    friend bool operator==(const NSIndexPath&, const NSIndexPath&) = default;
+    friend bool operator<(const NSIndexPath& one, const NSIndexPath& other) {
+        return std::pair(one.section, one.row) < std::pair(other.section, other.row);
+    }
 };
 
 enum class UITableViewStyle { plain, grouped };
