@@ -10,6 +10,7 @@
 #include "store/AlarmOwner.h"
 #include "store/City.h"
 #include "store/Database.h"
+#include "store/StatementText.h"
 
 #include <algorithm>
 #include <cmath>
@@ -47,13 +48,6 @@ struct Context {
 
 std::int64_t timeIdOf(std::int32_t prayerId) {
     return std::int64_t{prayerId} - kTimeIdOffset;
-}
-
-/// Text as it stands between apostrophes in a statement. It ends with its first apostrophe: the statement
-/// then fails, as with any apostrophe, and nothing behind it can become part of the statement.
-std::string_view statementText(std::string_view text) {
-    const std::size_t apostrophe = text.find('\'');
-    return apostrophe == std::string_view::npos ? text : text.substr(0, apostrophe + 1);
 }
 
 /// Keeps a second process (the window and a daily timer, say) out of an operation that reads a row, changes

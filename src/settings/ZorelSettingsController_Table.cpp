@@ -1,0 +1,182 @@
+// SPDX-License-Identifier: Apache-2.0
+// The pane's table: cities, alarms, information.
+#include "settings/ZorelSettingsController.h"
+
+#include "common/GlobalFuncs.h"
+#include "platform/foundation/NumberText.h"
+#include "store/DatabaseFunctions.h"
+#include "views/Settings.h"
+#include "views/Texts.h"
+
+#include <algorithm>
+#include <cmath>
+#include <fmt/format.h>
+
+namespace zorel {
+namespace {
+
+enum Section : int { citySection = 0, alarmSection = 1, informationSection = 2 };
+
+constexpr int kSections = 3;
+constexpr int kAlarms = 6;
+constexpr double kCityRowHeight = 60.0;
+constexpr double kRowHeight = 40.0;
+constexpr double kHeaderHeight = 40.0;
+constexpr CGRect kCityFrame = {0.0, 0.0, 302.0, 60.0};
+constexpr std::int32_t kAlarmsTitleKey = 1024;
+constexpr std::int32_t kAlarmKey = 1039;
+constexpr std::int32_t kNoCityKey = 1040;
+constexpr std::int32_t kInformationKey = 1041;
+constexpr std::int32_t kNoSuchTimeKey = 1043;
+constexpr const char* kCellIdentifier = "CellIdentifier";
+constexpr std::int32_t kMinutesPerDay = 1440;
+
+/// Minutes since midnight, cut off as for the alarm's event.
+std::int32_t minutesOfDay(double hours) {
+    const double whole = std::trunc(hours);
+    return static_cast<std::int32_t>(whole) * 60 + static_cast<std::int32_t>((hours - whole) * 60.0);
+}
+
+std::string clockText(std::int64_t minutes) {
+    const std::int64_t day = (minutes % kMinutesPerDay + kMinutesPerDay) % kMinutesPerDay;
+    return fmt::format("{:02}:{:02}", day / 60, day % 60);
+}
+
+} // namespace
+
+int ZorelSettingsController::numberOfSectionsInTableView(UITableView& /*table*/) {
+    return kSections;
+}
+
+int ZorelSettingsController::numberOfRowsInSection(UITableView& /*table*/, int section) {
+    switch (section) {
+    case citySection:
+        return std::max(1, static_cast<int>(userCities_.size()));
+    case alarmSection:
+        return kAlarms;
+    default:
+        return 0;
+    }
+}
+
+double ZorelSettingsController::heightForRowAtIndexPath(UITableView& /*table*/, NSIndexPath indexPath) {
+    return indexPath.section == citySection ? kCityRowHeight : kRowHeight;
+}
+
+std::string ZorelSettingsController::titleForHeaderInSection(UITableView& /*table*/, int section) {
+    return section == alarmSection ? textForKey(*glbFuncs_, kAlarmsTitleKey) : std::string();
+}
+
+UIView* ZorelSettingsController::viewForHeaderInSection(UITableView& /*table*/, int section) {
+    return section == citySection ? cityHeaderView_.get() : nullptr;
+}
+
+double ZorelSettingsController::heightForHeaderInSection(UITableView& /*table*/, int section) {
+    return section == citySection ? cityHeaderView_->frame().height : kHeaderHeight;
+}
+
+std::string ZorelSettingsController::titleForFooterInSection(UITableView& /*table*/, int section) {
+    return section == informationSection ? textForKey(*glbFuncs_, kInformationKey) : std::string();
+}
+
+std::unique_ptr<UITableViewCell> ZorelSettingsController::cellForRowAtIndexPath(UITableView& table,
+                                                                                NSIndexPath indexPath) {
+    auto cell = table.dequeueReusableCellWithIdentifier(kCellIdentifier);
+    if (!cell) {
+        cell = std::make_unique<UITableViewCell>(kCellIdentifier);
+        cell->setBackgroundColor(UIColor::whiteColor());
+    }
+    if (indexPath.section == citySection) {
+        fillCityCell(*cell, indexPath.row);
+    } else {
+        fillAlarmCell(*cell, indexPath.row);
+    }
+    return cell;
+}
+
+/// The row shows a view of its own; without cities that view says so.
+void ZorelSettingsController::fillCityCell(UITableViewCell& cell, int row) {
+    auto view = std::make_unique<UICityView>(kCityFrame, *glbFuncs_, *glbSettings_);
+    view->setDelegate(this);
+    if (userCities_.empty()) {
+        view->cityName().setText(textForKey(*glbFuncs_, kNoCityKey));
+        view->cityName().setTextAlignment(UITextAlignment::center);
+        view->buttonHome().setHidden(true);
+    } else {
+        const City& city = userCities_.at(static_cast<std::size_t>(row));
+        view->setCityId(integerValue(city.cityId));
+        view->cityName().setText(city.name);
+        if (integerValue(city.setAsHome) == 1) {
+            view->buttonHome().setSelected(true);
+            view->buttonHome().setNeedsDisplay();
+        }
+    }
+    cell.textLabel().setText("");
+    cell.setAccessoryType(UITableViewCellAccessoryType::none);
+    cell.setAccessoryView(std::move(view));
+    cell.setTag(0);
+}
+
+void ZorelSettingsController::fillAlarmCell(UITableViewCell& cell, int row) {
+    const std::int32_t prayerId = kFirstAlarmPrayerId + row;
+    cell.setAccessoryView(nullptr);
+    cell.textLabel().setText(glbFuncs_->GetTextPrayLabels(prayerId).value_or(std::string()));
+    cell.textLabel().setTextAlignment(UITextAlignment::left);
+    cell.setAccessoryType(UITableViewCellAccessoryType::disclosureIndicator);
+    cell.setTag(prayerId);
+}
+
+void ZorelSettingsController::didSelectRowAtIndexPath(UITableView& table, NSIndexPath indexPath) {
+    if (indexPath.section != alarmSection) {
+        return;
+    }
+    if (const UITableViewCell* cell = table.cellForRowAtIndexPath(indexPath)) {
+        alarmView_->setAlarmInfo(cell->tag());
+        push(*alarmViewCotroller_);
+    }
+}
+
+bool ZorelSettingsController::canEditRowAtIndexPath(UITableView& /*table*/, NSIndexPath indexPath) {
+    return indexPath.section == citySection;
+}
+
+/// The row that says that there is no city cannot be deleted.
+UITableViewCellEditingStyle ZorelSettingsController::editingStyleForRowAtIndexPath(UITableView& /*table*/,
+                                                                                   NSIndexPath indexPath) {
+    const bool deletable = indexPath.section == citySection && !userCities_.empty();
+    return deletable ? UITableViewCellEditingStyle::deleteRow : UITableViewCellEditingStyle::none;
+}
+
+void ZorelSettingsController::commitEditingStyle(UITableView& /*table*/, UITableViewCellEditingStyle style,
+                                                 NSIndexPath indexPath) {
+    if (style == UITableViewCellEditingStyle::deleteRow && indexPath.section == citySection) {
+        deleteCity(indexPath.row);
+    }
+}
+
+std::optional<std::string> ZorelSettingsController::noticeForAlarm(std::int32_t prayerId) const {
+    const City* home = homeCity();
+    if (home == nullptr || home->getRelevantPrayerTime(prayerId) >= 0.0) {
+        return std::nullopt;
+    }
+    return textForKey(*glbFuncs_, kNoSuchTimeKey);
+}
+
+std::string ZorelSettingsController::summaryOfAlarm(std::int32_t prayerId) const {
+    const City* home = homeCity();
+    if (home == nullptr) {
+        return {};
+    }
+    if (const auto notice = noticeForAlarm(prayerId)) {
+        return *notice;
+    }
+    const std::int64_t prayerTime = minutesOfDay(home->getRelevantPrayerTime(prayerId));
+    const AlarmInfo alarm = dbFuncs_->getAlarmInfo(prayerId);
+    if (!alarm.active) {
+        return clockText(prayerTime);
+    }
+    return fmt::format("{} · {} {}", clockText(prayerTime), textForKey(*glbFuncs_, kAlarmKey),
+                       clockText(prayerTime + alarm.timeOffset));
+}
+
+} // namespace zorel
