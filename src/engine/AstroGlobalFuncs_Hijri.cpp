@@ -21,14 +21,14 @@ bool isJulianDate(std::int32_t day, std::int32_t month, std::int32_t year) {
     return month < 10 || (month == 10 && day < 15);
 }
 
-double julianDayNumber(std::int64_t D, std::int64_t M, std::int64_t Y) {
-    return static_cast<double>(367 * Y - 7 * (Y + 5001 + (M - 9) / 7) / 4 + 275 * M / 9 + D + 1729777);
+std::int64_t julianDayNumber(std::int64_t D, std::int64_t M, std::int64_t Y) {
+    return 367 * Y - 7 * (Y + 5001 + (M - 9) / 7) / 4 + 275 * M / 9 + D + 1729777;
 }
 
-double gregorianDayNumber(std::int64_t D, std::int64_t M, std::int64_t Y) {
+std::int64_t gregorianDayNumber(std::int64_t D, std::int64_t M, std::int64_t Y) {
     const std::int64_t a = (M - 14) / 12;
-    return static_cast<double>(1461 * (Y + 4800 + a) / 4 + 367 * (M - 2 - 12 * a) / 12 -
-                               3 * ((Y + 4900 + a) / 100) / 4 + D - 32075);
+    return 1461 * (Y + 4800 + a) / 4 + 367 * (M - 2 - 12 * a) / 12 - 3 * ((Y + 4900 + a) / 100) / 4 + D -
+           32075;
 }
 
 } // namespace
@@ -49,8 +49,9 @@ HijriDate AstroGlobalFuncs::JulianToHicri(double julianDay) const {
 }
 
 HijriDate AstroGlobalFuncs::GregJulToHicri(std::int32_t day, std::int32_t month, std::int32_t year) const {
-    return JulianToHicri(isJulianDate(day, month, year) ? julianDayNumber(day, month, year)
-                                                        : gregorianDayNumber(day, month, year));
+    const std::int64_t number = isJulianDate(day, month, year) ? julianDayNumber(day, month, year)
+                                                               : gregorianDayNumber(day, month, year);
+    return JulianToHicri(static_cast<double>(number));
 }
 
 } // namespace zorel

@@ -79,8 +79,9 @@ void FastAstro::MoonDecRA(double julianDay) {
     MoonRA = std::atan2(y, x + rho) * single(7.6394372);
     MoonGHA = hourAngle(LMST(julianDay - 2400000.5, 0.0), MoonRA);
     MoonRA = addWhileNegative(MoonRA, 24.0);
-    if (MoonRA >= 24.0)
+    if (MoonRA >= 24.0) {
         MoonRA -= 24.0;
+    }
 }
 
 void FastAstro::MoonDecRAAccurate(double julianDay) {
@@ -168,8 +169,9 @@ void FastAstro::CalculateTLong() {
     const double r = std::sqrt(x * x * cosPhi * cosPhi + z * z * sinPhi * sinPhi);
     // Rounding may lift the cosine above one at the equator.
     tLat = std::acos(std::min(1.0, x * cosPhi / r)) * kDegreesPerRadian;
-    if (Lat < 0.0)
+    if (Lat < 0.0) {
         tLat = -tLat;
+    }
     trho = r / equatorialRadius;
 }
 
@@ -177,15 +179,17 @@ void FastAstro::DiurnalAberration(double& rightAscension, double& declination, d
     const double k = single(1.5472e-6) * trho * std::cos(tLat * kRadiansPerDegree);
     const double H = siderealAngle - rightAscension;
     const double cosDeclination = std::cos(declination);
-    if (cosDeclination != 0.0)
+    if (cosDeclination != 0.0) {
         rightAscension += k * std::cos(H) / cosDeclination;
+    }
     declination += k * std::sin(H) * std::sin(declination);
 }
 
 void FastAstro::DiurnalParallax(double& rightAscension, double& declination, double siderealAngle,
                                 double distance) const {
-    if (distance > single(1758.8))
+    if (distance > single(1758.8)) {
         return;
+    }
     const double r = distance * kKmPerAu / single(6378.137);
     const double rhoCos = trho * std::cos(tLat * kRadiansPerDegree);
     const double rhoSin = trho * std::sin(tLat * kRadiansPerDegree);

@@ -38,7 +38,8 @@ double FastAstro::SinElev2(double julianDay, double latitude, double, double dec
     }
     const double phi = latitude * kRadiansPerDegree;
     const double delta = declination * kRadiansPerDegree;
-    return std::cos(phi) * std::cos(delta) * std::cos(H * kRadiansPerDegree) + std::sin(phi) * std::sin(delta);
+    return std::cos(phi) * std::cos(delta) * std::cos(H * kRadiansPerDegree) +
+           std::sin(phi) * std::sin(delta);
 }
 
 void FastAstro::MoonRiseSet(std::int32_t day, std::int32_t month, std::int32_t year, std::int32_t hour) {
@@ -69,8 +70,9 @@ void FastAstro::SearchMoonEvent(double& event, std::int32_t day, std::int32_t mo
     constexpr int last = MoonDayScan::kHours - 1;
     for (int i = 0; i <= last && event == kNoLunarEvent; ++i) {
         // The last hour is always evaluated, so that the working fields are those of a whole search.
-        if (i == last || moonDayScan.mayHoldEvent(i))
+        if (i == last || moonDayScan.mayHoldEvent(i)) {
             MoonRiseSet(day, month, year, firstHour + i);
+        }
     }
 }
 

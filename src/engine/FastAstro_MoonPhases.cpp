@@ -28,10 +28,12 @@ double cosine(double degrees) {
 
 /// What a phase code adds to the number of the lunation.
 double lunationFraction(int phase) {
-    if (phase == kFullMoon)
+    if (phase == kFullMoon) {
         return 0.5;
-    if (phase == kFirstQuarter)
+    }
+    if (phase == kFirstQuarter) {
         return 0.25;
+    }
     return phase == kLastQuarter ? 0.75 : 0.0;
 }
 
@@ -114,9 +116,10 @@ constexpr std::array<PlanetaryTerm, 14> kPlanetary{{
 
 double planetaryTerms(const FastAstro& engine, double k, double T) {
     double sum = 0.0;
-    for (const PlanetaryTerm& term : kPlanetary)
+    for (const PlanetaryTerm& term : kPlanetary) {
         sum +=
             term.amplitude * sine(engine.ToDeg(term.base + term.perLunation * k + term.perCentury2 * T * T));
+    }
     return sum;
 }
 
@@ -158,12 +161,14 @@ double FastAstro::ToDeg(double degrees) const {
 double FastAstro::MoonPhaze(double decimalYear, int phase) const {
     const double lunations = (decimalYear - 2000.0) * single(12.3685);
     double k = std::trunc(lunations);
-    if (lunations - k < -0.5)
+    if (lunations - k < -0.5) {
         k -= 1.0;
+    }
     const double T = k / single(1236.85); // from the whole lunation
     const double fraction = lunationFraction(phase);
-    if (fraction != 0.0)
+    if (fraction != 0.0) {
         k = single(k + fraction);
+    }
     const double T2 = T * T;
     // Without the fraction .09765 of the epoch: every phase is 0.09765 day early. MoonDay.h puts it back.
     const double mean = 2451550.0 + single(29.530588853) * k + single(0.0001337) * T2 -

@@ -19,8 +19,9 @@ namespace {
 constexpr double kFastTruncationLimit = 1e18;
 
 double truncated(double x) {
-    if (std::abs(x) < kFastTruncationLimit)
+    if (std::abs(x) < kFastTruncationLimit) {
         return static_cast<double>(static_cast<std::int64_t>(x));
+    }
     return std::trunc(x);
 }
 
@@ -29,22 +30,24 @@ inline double putIn360(double degrees) {
     double reduced = degrees - truncated(degrees / 360.0) * 360.0;
     if (reduced < 0.0) {
         reduced += 360.0;
-        if (reduced < 0.0)
+        if (reduced < 0.0) {
             reduced = addWhileNegative(reduced, 360.0);
+        }
     }
     return reduced;
 }
 
-/// Degrees to the single-precision radians that every sine of the theory takes.
-inline float singleRadians(double degrees) {
-    return static_cast<float>(putIn360(degrees) * kRadiansPerDegree);
+/// Degrees to radians; the single-precision functions round them.
+inline double radians(double degrees) {
+    return putIn360(degrees) * kRadiansPerDegree;
 }
 
 inline double sinDeg(double degrees) {
-    return static_cast<double>(std::sin(singleRadians(degrees)));
+    return sinSingle(radians(degrees));
 }
+
 inline double cosDeg(double degrees) {
-    return static_cast<double>(std::cos(singleRadians(degrees)));
+    return cosSingle(radians(degrees));
 }
 
 /// Julian centuries from J2000.
@@ -79,10 +82,10 @@ NutationSums nutationSums(double T) {
     constexpr double tenth = single(0.1);
     NutationSums sums;
     for (const NutationTerm& row : kNutation) {
-        const float angle =
-            singleRadians(a.D * row.D + a.M * row.M + a.Mp * row.Mp + a.F * row.F + a.Omega * row.Omega);
-        sums.psi += (row.dpsi + row.dpsiRate * T * tenth) * static_cast<double>(std::sin(angle));
-        sums.epsilon += (row.deps + row.depsRate * T * tenth) * static_cast<double>(std::cos(angle));
+        const double angle =
+            radians(a.D * row.D + a.M * row.M + a.Mp * row.Mp + a.F * row.F + a.Omega * row.Omega);
+        sums.psi += (row.dpsi + row.dpsiRate * T * tenth) * sinSingle(angle);
+        sums.epsilon += (row.deps + row.depsRate * T * tenth) * cosSingle(angle);
     }
     return sums;
 }
@@ -129,10 +132,10 @@ struct LunarSums {
 void addLongitudeAndDistance(const LunarArguments& a, LunarSums& sums) {
     const EccentricityFactors factors(a.E);
     for (const MoonLongitudeTerm& row : kMoonLongitude) {
-        const float angle = singleRadians(a.D * row.D + a.M * row.M + a.Mp * row.Mp + a.F * row.F);
+        const double angle = radians(a.D * row.D + a.M * row.M + a.Mp * row.Mp + a.F * row.F);
         const double factor = factors.of(row.M);
-        sums.l += row.sigmaL * static_cast<double>(std::sin(angle)) * factor;
-        sums.r += row.sigmaR * static_cast<double>(std::cos(angle)) * factor;
+        sums.l += row.sigmaL * sinSingle(angle) * factor;
+        sums.r += row.sigmaR * cosSingle(angle) * factor;
     }
     sums.l += 3958.0 * sinDeg(a.A1) + 1962.0 * sinDeg(a.Lp - a.F) + 318.0 * sinDeg(a.A2);
 }
@@ -140,8 +143,8 @@ void addLongitudeAndDistance(const LunarArguments& a, LunarSums& sums) {
 void addLatitude(const LunarArguments& a, LunarSums& sums) {
     const EccentricityFactors factors(a.E);
     for (const MoonLatitudeTerm& row : kMoonLatitude) {
-        const float angle = singleRadians(a.D * row.D + a.M * row.M + a.Mp * row.Mp + a.F * row.F);
-        sums.b += row.sigmaB * static_cast<double>(std::sin(angle)) * factors.of(row.M);
+        const double angle = radians(a.D * row.D + a.M * row.M + a.Mp * row.Mp + a.F * row.F);
+        sums.b += row.sigmaB * sinSingle(angle) * factors.of(row.M);
     }
     sums.b += -2235.0 * sinDeg(a.Lp) + 382.0 * sinDeg(a.A3) + 175.0 * sinDeg(a.A1 - a.F) +
               175.0 * sinDeg(a.A1 + a.F) + 127.0 * sinDeg(a.Lp - a.Mp) - 115.0 * sinDeg(a.Lp + a.Mp);
@@ -162,7 +165,7 @@ double MoonCompute::Sin_Deg(double degrees) const {
 }
 
 double MoonCompute::Tan_Deg(double degrees) const {
-    return static_cast<double>(std::tan(singleRadians(degrees)));
+    return tanSingle(radians(degrees));
 }
 
 double MoonCompute::ArcSin_Deg(double x) const {

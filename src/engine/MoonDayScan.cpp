@@ -75,8 +75,9 @@ bool comesNearZero(double yMinus, double yZero, double yPlus) {
 void MoonDayScan::prepare(FastAstro& engine, std::int32_t day, std::int32_t month, std::int32_t year,
                           std::int32_t firstHour) {
     const Key wanted{engine.Lat, engine.Lon, day, month, year, firstHour};
-    if (built && key == wanted)
+    if (built && key == wanted) {
         return;
+    }
     key = wanted;
     built = true;
     build(engine);
@@ -88,8 +89,9 @@ void MoonDayScan::build(FastAstro& engine) {
     const bool calendarChange = key.year == 1582 && key.month == 10;
     usable = std::abs(midnight - 2451545.0) < kMaxDaysFromJ2000 && key.firstHour >= -24 &&
              key.firstHour <= 24 && !calendarChange;
-    if (!usable)
+    if (!usable) {
         return;
+    }
     const double start = midnight + (key.firstHour - 1.0) / 24.0;
     constexpr double step = kNodeDistance / 24.0;
     const Vector a = moonDirection(engine, start);
@@ -117,8 +119,9 @@ void MoonDayScan::build(FastAstro& engine) {
 }
 
 bool MoonDayScan::mayHoldEvent(int index) const {
-    if (!usable)
+    if (!usable) {
         return true;
+    }
     const auto i = static_cast<std::size_t>(index);
     return comesNearZero(altitude[i], altitude[i + 1], altitude[i + 2]);
 }
