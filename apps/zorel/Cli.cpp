@@ -1,0 +1,167 @@
+// SPDX-License-Identifier: Apache-2.0
+#include "Cli.h"
+
+#include "Arguments.h"
+#include "Commands.h"
+#include "ZoneClock.h"
+#include "ZorelVersion.h"
+
+#include "platform/eventkit/EKEventStore.h"
+#include "platform/eventkit/FolderCalendar.h"
+#include "platform/foundation/Clock.h"
+#include "platform/foundation/Locations.h"
+
+#include <fmt/format.h>
+
+#include <cstdlib>
+#include <filesystem>
+#include <map>
+#include <memory>
+#include <optional>
+
+namespace zorel::cli {
+
+namespace {
+using Command = Exit (*)(const Context&);
+
+const std::map<std::string, Command>& commands() {
+    static const std::map<std::string, Command> table{
+        {"today", runToday},
+        {"tomorrow", runTomorrow},
+        {"table", runTable},
+        {"sky", runSky},
+        {"hijri", runHijri},
+        {"compass", runCompass},
+        {"search", runSearch},
+        {"cities", runCities},
+        {"cities add", runCitiesAdd},
+        {"cities home", runCitiesHome},
+        {"cities remove", runCitiesRemove},
+        {"alarms", runAlarms},
+        {"alarms on", runAlarmsOn},
+        {"alarms off", runAlarmsOff},
+        {"alarms offset", runAlarmsOffset},
+        {"alarms ringtone", runAlarmsRingtone},
+        {"alarms duration", runAlarmsDuration},
+        {"alarms refresh", runAlarmsRefresh},
+        {"widget", runWidget},
+    };
+    return table;
+}
+
+std::string environment(const char* name) {
+    const char* value = std::getenv(name);
+    return value == nullptr ? std::string() : std::string(value);
+}
+
+/// $XDG_DATA_HOME/zorel; the variable counts only when it holds an absolute path (XDG Base Directory Specification).
+std::string defaultDataDir() {
+    const std::string dataHome = environment("XDG_DATA_HOME");
+    if (dataHome.starts_with('/'))
+        return dataHome + "/zorel";
+    const std::string home = environment("HOME");
+    if (home.empty())
+        throw CliError(Exit::dataTrouble, "neither HOME nor XDG_DATA_HOME is set",
+                       "name the folder of your cities and alarms with --data-dir DIR");
+    return home + "/.local/share/zorel";
+}
+
+std::string ringtonesBeside(const std::string& bundle) {
+    return (std::filesystem::path(bundle).parent_path() / "Ringtones").string();
+}
+
+void setLocations(const Options& options) {
+    Locations& locations = Locations::current();
+    locations.bundle = options.bundle.empty() ? bundleBesideProgram() : options.bundle;
+    locations.data = options.dataDir.empty() ? defaultDataDir() : options.dataDir;
+    locations.ringtones = options.ringtones.empty() ? ringtonesBeside(locations.bundle) : options.ringtones;
+    EKEventStore::setCalendar(options.calendar.empty() ? nullptr : std::make_shared<FolderCalendar>(options.calendar));
+}
+
+/// The instant that --now names, read in the system's time zone when it has no offset of its own.
+Instant pretendedNow(const std::string& text) {
+    const auto moment = parseMoment(text);
+    if (!moment || !moment->date)
+        throw CliError(Exit::badUse, fmt::format("--now: {} is not a moment", quote(text)),
+                       "write it as 2026-11-21T15:04 or 2026-11-21T15:04:00+03:00");
+    const UtcSeconds wall = std::chrono::sys_days(*moment->date) + moment->timeOfDay;
+    const ZoneClock system(NamedClock{});
+    const auto offset = moment->offset ? *moment->offset : system.offsetAt(wall - system.offsetAt(wall));
+    return Instant(std::chrono::duration_cast<Instant::duration>((wall - offset).time_since_epoch()));
+}
+
+/// The services write to the log; without its folder they would try and fail for every line.
+void makeDataDir() {
+    const std::string& folder = Locations::current().data;
+    if (!createDirectoryAtPath(folder))
+        throw CliError(Exit::dataTrouble, fmt::format("cannot make the folder {}", folder),
+                       "check its permissions, or name another one with --data-dir DIR");
+}
+
+bool changesData(const std::string& command) { return command.starts_with("cities") || command.starts_with("alarms"); }
+
+Exit printDescription(const Options& options, Streams& streams) {
+    if (options.command == "completion")
+        streams.out << completionScript(options.shell);
+    else
+        streams.out << (options.markdown ? manualMarkdown() : manualPage());
+    return Exit::ok;
+}
+
+Exit runCommand(const Options& options, Streams& streams) {
+    if (options.command == "completion" || options.command == "manual")
+        return printDescription(options, streams);
+    setLocations(options);
+    std::optional<ClockOverride> clock;
+    if (!options.now.empty())
+        clock.emplace(pretendedNow(options.now));
+    if (changesData(options.command))
+        makeDataDir();
+    const Context context(options, streams);
+    return commands().at(options.command)(context);
+}
+
+int failed(Streams& streams, Exit code, std::string_view what, std::string_view hint) {
+    streams.out.flush();
+    streams.err << "zorel: " << what << '\n';
+    if (!hint.empty())
+        streams.err << "  " << hint << '\n';
+    return static_cast<int>(code);
+}
+} // namespace
+
+std::string bundleBesideProgram() {
+    std::error_code error;
+    const auto program = std::filesystem::read_symlink("/proc/self/exe", error);
+    for (auto folder = program.parent_path(); !error && folder.has_relative_path(); folder = folder.parent_path()) {
+        const auto bundle = folder / kZorelDataFolder / "Zorel.bundle";
+        if (std::filesystem::is_directory(bundle, error))
+            return bundle.string();
+        error.clear();
+    }
+    return Locations().bundle;
+}
+
+int runZorel(std::span<const std::string> words, Streams& streams) {
+    Options options;
+    try {
+        const ParseResult parsed = parseArguments(words, options);
+        if (!parsed.run && parsed.code == Exit::ok) {
+            streams.out << parsed.text;
+            return 0;
+        }
+        if (!parsed.run)
+            return failed(streams, parsed.code, parsed.text, "zorel --help shows the commands, with examples");
+        const Exit code = runCommand(options, streams);
+        streams.out.flush();
+        if (!streams.out.good())
+            return failed(streams, Exit::dataTrouble, "the output could not be written", "is the disk full?");
+        return static_cast<int>(code);
+    } catch (const CliError& error) {
+        return failed(streams, error.code(), error.what(), error.hint());
+    } catch (const std::exception& error) {
+        return failed(streams, Exit::dataTrouble, error.what(), {});
+    }
+}
+
+} // namespace zorel::cli

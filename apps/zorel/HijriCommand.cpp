@@ -1,0 +1,43 @@
+// SPDX-License-Identifier: Apache-2.0
+#include "Commands.h"
+
+#include "Calendars.h"
+#include "DayJson.h"
+#include "ZoneClock.h"
+
+#include <fmt/format.h>
+
+namespace zorel::cli {
+
+namespace {
+std::string halfYearText(const Context& context, const AllCalendarRecord& calendars) {
+    const Word half = calendars.summerHalf == 1 ? Word::dayOfSummerHalf : Word::dayOfWinterHalf;
+    return fmt::format("{} {}", context.word(half), calendars.dayOfHalf);
+}
+
+void printText(const Context& context, Date date, const AllCalendarRecord& calendars) {
+    TextTable table("ll");
+    const std::string hijri = hijriText(calendars, context.language);
+    table.add({std::string(context.word(Word::hijri)), hijri.empty() ? "-" : hijri}, TextTable::Emphasis::bold);
+    table.add({std::string(context.word(Word::rumi)), rumiText(calendars, context.language)});
+    context.streams.out << context.style.bold(longDate(date, context.language)) << '\n'
+                        << table.text(context.style, "  ") << "  " << halfYearText(context, calendars) << '\n';
+}
+} // namespace
+
+Exit runHijri(const Context& context) {
+    const Date today = ZoneClock(NamedClock{}).dateAt(context.now());
+    const std::string text = context.argument();
+    const Date date = text.empty() ? today : requireDate(text, today, "DATE");
+    const AllCalendarRecord calendars = calendarsOf(date);
+    if (context.options.json) {
+        Json document{{"schema", "zorel/hijri/1"}, {"date", isoDate(date)}};
+        document.update(calendarsJson(context, calendars));
+        writeJson(context, document);
+    } else {
+        printText(context, date, calendars);
+    }
+    return Exit::ok;
+}
+
+} // namespace zorel::cli

@@ -1,0 +1,72 @@
+// SPDX-License-Identifier: Apache-2.0
+#include "IcsTable.h"
+
+#include <libical/ical.h>
+
+#include <cstdlib>
+#include <memory>
+
+namespace zorel::cli {
+
+namespace {
+struct ComponentFree {
+    void operator()(icalcomponent* component) const { icalcomponent_free(component); }
+};
+using Component = std::unique_ptr<icalcomponent, ComponentFree>;
+
+icaltimetype utcTime(UtcSeconds instant) {
+    return icaltime_from_timet_with_zone(instant.time_since_epoch().count(), 0, icaltimezone_get_utc_timezone());
+}
+
+icalproperty* extension(const char* name, const std::string& value) {
+    icalproperty* property = icalproperty_new_x(value.c_str());
+    icalproperty_set_x_name(property, name);
+    return property;
+}
+
+icalproperty* refreshInterval() {
+    icaldurationtype day{};
+    day.days = 1;
+    icalproperty* property = icalproperty_new_refreshinterval(day);
+    icalproperty_add_parameter(property, icalparameter_new_value(ICAL_VALUE_DURATION));
+    return property;
+}
+
+Component emptyCalendar(const std::string& name) {
+    Component calendar(icalcomponent_new_vcalendar());
+    icalcomponent_add_property(calendar.get(), icalproperty_new_version("2.0"));
+    icalcomponent_add_property(calendar.get(), icalproperty_new_prodid("-//Zorel//Prayer times//EN"));
+    icalcomponent_add_property(calendar.get(), icalproperty_new_calscale("GREGORIAN"));
+    icalcomponent_add_property(calendar.get(), icalproperty_new_name(name.c_str()));
+    icalcomponent_add_property(calendar.get(), extension("X-WR-CALNAME", name));
+    icalcomponent_add_property(calendar.get(), refreshInterval());
+    icalcomponent_add_property(calendar.get(), extension("X-PUBLISHED-TTL", "P1D"));
+    return calendar;
+}
+
+icalcomponent* eventOf(const IcsEntry& entry, const std::string& location, icaltimetype stamp) {
+    icalcomponent* event = icalcomponent_new_vevent();
+    icalcomponent_add_property(event, icalproperty_new_uid(entry.uid.c_str()));
+    icalcomponent_add_property(event, icalproperty_new_dtstamp(stamp));
+    icalcomponent_add_property(event, icalproperty_new_dtstart(utcTime(entry.start)));
+    icalcomponent_add_property(event, icalproperty_new_dtend(utcTime(entry.start + std::chrono::minutes(1))));
+    icalcomponent_add_property(event, icalproperty_new_summary(entry.title.c_str()));
+    icalcomponent_add_property(event, icalproperty_new_location(location.c_str()));
+    icalcomponent_add_property(event, icalproperty_new_transp(ICAL_TRANSP_TRANSPARENT));
+    return event;
+}
+} // namespace
+
+std::string icsDocument(const std::string& calendarName, const std::string& location,
+                        const std::vector<IcsEntry>& entries, UtcSeconds made) {
+    const Component calendar = emptyCalendar(calendarName);
+    const icaltimetype stamp = utcTime(made);
+    for (const IcsEntry& entry : entries)
+        icalcomponent_add_component(calendar.get(), eventOf(entry, location, stamp));
+    char* text = icalcomponent_as_ical_string_r(calendar.get());
+    std::string result = text == nullptr ? std::string() : std::string(text);
+    std::free(text);
+    return result;
+}
+
+} // namespace zorel::cli

@@ -1,0 +1,62 @@
+// SPDX-License-Identifier: Apache-2.0
+/// @file
+/// What the command line asked for, as plain values.
+#pragma once
+
+#include <cstdint>
+#include <string>
+#include <vector>
+
+namespace zorel::cli {
+
+struct Options {
+    std::string command; ///< "today", "cities add" and so on
+
+    // Every command.
+    std::string bundle;
+    std::string dataDir;
+    std::string ringtones;
+    std::string calendar;
+    std::string language;
+    std::string colour = "auto";
+    std::string now;
+
+    // What is asked about.
+    std::vector<std::string> words; ///< the PLACE, TEXT or DATE argument, as many words as were typed
+    std::string date;
+    std::string from;
+    std::string to;
+    std::string on;
+    std::string at;
+    int temkin = 0; ///< 0: the place's own; 250 or 500 [m]
+
+    // How it is shown.
+    bool json = false;
+    bool csv = false;
+    bool ics = false;
+    bool seconds = false;
+    bool shortForm = false;
+    bool ezani = false;
+    bool explain = false;
+
+    // Whole catalogue.
+    bool all = false;
+    std::int32_t fromId = 0;
+    std::int64_t count = 0; ///< 0: no limit
+
+    int limit = 20; ///< search results
+
+    // Status bar.
+    bool follow = false;
+    bool countdown = false;
+    int soon = 15; ///< [min]
+
+    // Alarms.
+    std::string prayer;
+    std::string value;
+
+    std::string shell;
+    bool markdown = false;
+};
+
+} // namespace zorel::cli

@@ -1,0 +1,29 @@
+// SPDX-License-Identifier: Apache-2.0
+/// @file
+/// From the PLACE argument to a place.
+#pragma once
+
+#include "Context.h"
+#include "Place.h"
+#include "PlaceSpec.h"
+
+#include "store/City.h"
+
+#include <vector>
+
+namespace zorel::cli {
+
+/// The place that the argument names; without one the home city, else the largest place of the system's time zone.
+/// Says on the error stream which place was taken when several have its name.
+/// @throws CliError: no result (nothing found), bad use, data trouble (no catalogue).
+[[nodiscard]] Place resolvePlace(const Context& context);
+
+/// Every catalogue city that fits a name, best first.
+/// @throws CliError: bad use (fewer than three characters), data trouble (no catalogue).
+[[nodiscard]] std::vector<City> citiesByName(const Context& context, const PlaceByName& wanted);
+
+/// The catalogue id of the home city, read from the user database by the pane's rule: the first city marked as home,
+/// else the first one; 0 when there is none.
+[[nodiscard]] std::int32_t homeCityId();
+
+} // namespace zorel::cli
