@@ -12,6 +12,8 @@ namespace {
 
 constexpr int kFirstYear = 1700;
 constexpr int kLastYear = 2200;
+/// No clock is further from universal time [s]; a zone of a file may claim anything.
+constexpr std::int64_t kLargestOffset = 26 * 3600;
 constexpr const char* kProduct = "-//Zorel//Prayer alarms//EN";
 
 // Times.
@@ -23,9 +25,13 @@ std::optional<Instant> instantOf(const icaltimetype& time) {
     if (time.is_date != 0 || time.zone == nullptr) {
         return instantFromLocal({time.year, time.month, time.day, time.hour, time.minute, time.second, 0.0});
     }
-    const auto zone =
-        const_cast<icaltimezone*>(time.zone); // libical takes zones without const, but keeps them as they are
-    return Instant(std::chrono::seconds(icaltime_as_timet_with_zone(time, zone)));
+    // libical takes zones without const, but keeps them as they are.
+    const auto zone = const_cast<icaltimezone*>(time.zone);
+    const std::int64_t seconds = icaltime_as_timet_with_zone(time, zone);
+    if (std::abs(icaltime_as_timet(time) - seconds) > kLargestOffset) {
+        return std::nullopt;
+    }
+    return Instant(std::chrono::seconds(seconds));
 }
 
 bool isWritable(Instant instant) {

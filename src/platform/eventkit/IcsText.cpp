@@ -3,6 +3,7 @@
 
 #include <algorithm>
 #include <cstdlib>
+#include <iterator>
 
 namespace zorel {
 namespace {
@@ -18,16 +19,16 @@ bool startsWithIgnoringCase(std::string_view line, std::string_view upper) {
                       [&](char right, char left) { return same(left, right); });
 }
 
-/// Whether BEGIN and END lines nest no deeper than any calendar program writes them.
+/// Whether BEGIN and END lines pair and nest no deeper than any calendar program writes them.
 bool nestsReasonably(std::string_view text) {
     int depth = 0;
-    while (!text.empty() && depth <= kDeepestNesting) {
+    while (!text.empty() && depth >= 0 && depth <= kDeepestNesting) {
         const std::string_view line = text.substr(0, text.find('\n'));
         depth += startsWithIgnoringCase(line, "BEGIN") ? 1 : 0;
         depth -= startsWithIgnoringCase(line, "END:") ? 1 : 0;
         text.remove_prefix(std::min(line.size() + 1, text.size()));
     }
-    return depth <= kDeepestNesting;
+    return depth == 0;
 }
 
 bool isItem(icalcomponent_kind kind) {
