@@ -4,6 +4,9 @@
 #include "engine/Single.h"
 #include "engine/series/EarthSeries.h"
 
+#include <cmath>
+#include <cstdint>
+
 namespace zorel {
 
 namespace {
@@ -12,10 +15,35 @@ constexpr double kEpoch = 2451545.0;
 constexpr double kDaysPerMillennium = 365250.0;
 constexpr double kUnitsPerOne = 100000000.0;
 
+using Pair [[gnu::vector_size(16)]] = double;
+using PairBits [[gnu::vector_size(16)]] = std::uint64_t;
+using SinglePair [[gnu::vector_size(8)]] = float;
+
+Pair singles(Pair x) { return __builtin_convertvector(__builtin_convertvector(x, SinglePair), Pair); }
+
+/// The cosines of two terms at once, with the same bits as cosSingle.
+Pair cosines(Pair x) { return singles(portable::cosine<Pair, PairBits>(singles(x))); }
+
+double termValue(const EarthTerm& term, double tau) {
+    return term.amplitude * cosSingle(term.phase + term.frequency * tau);
+}
+
+/// Terms are summed in their order, two at a time.
 template <std::size_t Rows> double seriesSum(const std::array<EarthTerm, Rows>& series, double tau) {
+    constexpr double kFastestFrequency = 100000.0; // [rad per Julian millennium]
+    std::size_t row = 0;
     double sum = 0.0;
-    for (const EarthTerm& term : series) {
-        sum += term.amplitude * cosSingle(term.phase + term.frequency * tau);
+    if (std::fabs(tau) * kFastestFrequency < portable::kTurnLimit) {
+        for (; row + 1 < Rows; row += 2) {
+            const EarthTerm& a = series[row];
+            const EarthTerm& b = series[row + 1];
+            const Pair cosine = cosines(Pair{a.phase, b.phase} + Pair{a.frequency, b.frequency} * tau);
+            sum += a.amplitude * cosine[0];
+            sum += b.amplitude * cosine[1];
+        }
+    }
+    for (; row < Rows; ++row) {
+        sum += termValue(series[row], tau);
     }
     return sum;
 }

@@ -106,8 +106,9 @@ double FastAstro::SunL(double T) const {
                     tau3 * tau / -15299.0 + tau3 * tau2 / 1988000.0);
 }
 
-double FastAstro::Epsilon(double T) const {
-    const NutationArguments a = nutationArguments(T, SunL(T));
+namespace {
+
+double trueObliquity(double T, const NutationArguments& a) {
     return 23.43929100036621 -
            (46.814998626708984 * T + 0.000590000010561198 * T * T - 0.0018129999516531825 * T * T * T) / 3600.0 +
            (9.199999809265137 * cosDegrees(a.node) + 0.5699999928474426 * cosDegrees(2.0 * a.sun) +
@@ -115,17 +116,24 @@ double FastAstro::Epsilon(double T) const {
                3600.0;
 }
 
-double FastAstro::DeltaPSI(double T) const {
-    const NutationArguments a = nutationArguments(T, SunL(T));
+double nutationInLongitude(const NutationArguments& a) {
     const double moon = intoClosedTurn(a.moon);
     return (-17.200000762939453 * sinDegrees(a.node) - 1.3200000524520874 * sinDegrees(2.0 * a.sun) -
             0.23000000417232513 * sinDegrees(2.0 * moon) + 0.20999999344348907 * sinDegrees(2.0 * a.node)) /
            3600.0;
 }
 
+} // namespace
+
+double FastAstro::Epsilon(double T) const { return trueObliquity(T, nutationArguments(T, SunL(T))); }
+
+double FastAstro::DeltaPSI(double T) const { return nutationInLongitude(nutationArguments(T, SunL(T))); }
+
 double FastAstro::EquationOfTime(double julianDay, double rightAscension) const {
     const double T = centuries(julianDay);
-    double E = SunL(T) - 0.0057183001190423965 - 15.0 * rightAscension + DeltaPSI(T) * cosDegrees(Epsilon(T));
+    const NutationArguments arguments = nutationArguments(T, SunL(T));
+    double E = arguments.sun - 0.0057183001190423965 - 15.0 * rightAscension +
+               nutationInLongitude(arguments) * cosDegrees(trueObliquity(T, arguments));
     if (E > 5.0) {
         E -= 360.0;
     }

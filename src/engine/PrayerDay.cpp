@@ -78,7 +78,7 @@ void PrayerDay::lowerLatitude() {
         out_.latitudeLowered = true;
         out_.priorLatitude = engine_.Lat;
         engine_.Lat -= 1.0;
-        phi_ = engine_.Lat;
+        phi_ = IterationLatitude(engine_.Lat);
         info_ = sunOf(callDate_);
         missing = riseOrSetMissing(info_) || missesAfterLowering();
     }
@@ -107,7 +107,7 @@ void PrayerDay::search(PrayerTimes::Index index, int altitude, int direction, do
     fromOtherDay = fromOtherDay || !result.answer;
     for (int back = 1; !result.answer && back <= kLastAttempt; ++back) {
         if (engine_.RemembersSun()) {
-            back = std::min(back + daysSurelyWithout(today - back, phi_, altitude), kLastAttempt);
+            back = std::min(back + daysSurelyWithout(today - back, phi_.degrees, altitude), kLastAttempt);
         }
         calendar.JulianToCalendar(today - back, date_, 1);
         info_ = sunOf(date_);
@@ -161,7 +161,7 @@ void PrayerDay::set(PrayerTimes::Index index, double time, double temkin, double
     if (trace_ != nullptr) {
         PrayerTrace::Entry& entry = trace_->entries[index];
         entry.date = date_;
-        entry.latitude = phi_;
+        entry.latitude = phi_.degrees;
         entry.temkin = temkin;
         entry.addition = addition;
     }

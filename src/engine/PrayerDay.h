@@ -53,7 +53,7 @@ private:
     PrayerTimes& out_;
     const QiblaRecord qibla_;
     PrayerTrace* trace_;
-    double phi_;          // latitude used [deg]
+    IterationLatitude phi_; // latitude used
     SunInfoForPray info_; // of date_
 };
 

@@ -24,14 +24,11 @@ double shadowAltitude(std::int32_t factor, double latitude, double declination) 
 
 } // namespace
 
-double interpolateDay(double today, double tomorrow, double hour) {
-    const double change = std::fabs((today - tomorrow) * hour / 24.0);
-    return tomorrow < today ? today - change : today + change;
-}
+IterationLatitude::IterationLatitude(double latitude)
+    : degrees(latitude), sine(sinSingle(latitude * kRadiansPerDegree)),
+      cosine(cosSingle(latitude * kRadiansPerDegree)) {}
 
 IterationResult iteratePrayerTime(const IterationInput& input, const SunInfoForPray& info) {
-    const double sinLatitude = sinSingle(input.latitude * kRadiansPerDegree);
-    const double cosLatitude = cosSingle(input.latitude * kRadiansPerDegree);
     IterationResult result;
     result.altitude = single(input.altitude * kRadiansPerDegree);
     double sinAltitude = std::sin(result.altitude);
@@ -40,11 +37,11 @@ IterationResult iteratePrayerTime(const IterationInput& input, const SunInfoForP
         ++result.rounds;
         const double declination = interpolateDay(info.declinationToday(), info.declinationTomorrow(), previous);
         if (isShadowRule(input.altitude)) {
-            result.altitude = shadowAltitude(input.altitude, input.latitude, declination);
+            result.altitude = shadowAltitude(input.altitude, input.latitude.degrees, declination);
             sinAltitude = std::sin(result.altitude);
         }
-        cosine = (sinAltitude - sinLatitude * sinSingle(declination * kRadiansPerDegree)) /
-                 (cosLatitude * cosSingle(declination * kRadiansPerDegree));
+        const SineCosine sun = sineCosineSingle(declination * kRadiansPerDegree);
+        cosine = (sinAltitude - input.latitude.sine * sun.sine) / (input.latitude.cosine * sun.cosine);
         const double T = 12.0 + input.direction * (std::acos(cosine) / kRadiansPerDegree) / 15.0;
         const double equation = interpolateDay(info.equationOfTimeToday(), info.equationOfTimeTomorrow(), T);
         result.time = T - equation + input.longitudeTerm + input.temkin + input.timeZone;

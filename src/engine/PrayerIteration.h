@@ -5,13 +5,24 @@
 
 #include "engine/Records.h"
 
+#include <cmath>
 #include <cstdint>
 
 namespace zorel {
 
+/// A latitude with the functions of it that every round needs.
+struct IterationLatitude {
+    IterationLatitude() : IterationLatitude(0.0) {}
+    explicit IterationLatitude(double latitude);
+
+    double degrees;
+    double sine;   ///< in single precision
+    double cosine; ///< in single precision
+};
+
 /// What is asked of the iteration.
 struct IterationInput {
-    double latitude = 0.0;      ///< [deg]
+    IterationLatitude latitude;
     double longitudeTerm = 0.0; ///< minus the longitude, as time [h]
     double temkin = 0.0;        ///< signed [h]
     double timeZone = 0.0;      ///< [h]
@@ -35,6 +46,9 @@ constexpr bool isShadowRule(std::int32_t altitude) { return altitude == 1 || alt
 
 /// The value at a local hour between the day's and the next day's, with the sign of the change as the engine takes
 /// it: the absolute change is subtracted when the value falls.
-[[nodiscard]] double interpolateDay(double today, double tomorrow, double hour);
+[[nodiscard]] inline double interpolateDay(double today, double tomorrow, double hour) {
+    const double change = std::fabs((today - tomorrow) * hour / 24.0);
+    return tomorrow < today ? today - change : today + change;
+}
 
 } // namespace zorel
