@@ -7,15 +7,12 @@
 
 #include <algorithm>
 #include <cmath>
+#include <vector>
 
 namespace zorel {
 
 namespace {
 
-constexpr int kMorning = -1;
-constexpr int kAfternoon = 1;
-constexpr double kSunriseCorrection = 0.013888888992369175; // 50 seconds [h]
-constexpr double kSunsetAddition = 0.05000000074505806;     // 3 minutes [h]
 constexpr int kLastAttempt = 365;                            // days back
 constexpr double kLowestLatitude = -90.0;
 constexpr int kMostLowerings = 181;
@@ -25,6 +22,33 @@ bool riseOrSetMissing(const SunInfoForPray& info) {
 }
 
 } // namespace
+
+/// Altitude or shadow code, side of noon (-1 morning), sign of the temkin, addition after the iteration [h].
+struct PrayerDay::Event {
+    PrayerTimes::Index index;
+    int altitude;
+    int direction;
+    int temkin;
+    double addition;
+};
+
+namespace {
+
+enum EventPosition { dawn, sunrise, afternoon, secondAfternoon, sunset, nightfall, secondNightfall, morning5, afternoon5 };
+
+} // namespace
+
+const std::array<PrayerDay::Event, 9> PrayerDay::kEvents{{
+    {PrayerTimes::dawn, -19, -1, -1, 0.0},
+    {PrayerTimes::sunrise, 0, -1, -1, -0.013888888992369175}, // 50 seconds
+    {PrayerTimes::afternoon, 1, 1, 1, 0.0},
+    {PrayerTimes::secondAfternoon, 2, 1, 1, 0.0},
+    {PrayerTimes::sunset, 0, 1, 1, 0.05000000074505806}, // 3 minutes
+    {PrayerTimes::nightfall, -17, 1, 1, 0.0},
+    {PrayerTimes::secondNightfall, -19, 1, 1, 0.0},
+    {PrayerTimes::morningFiveDegrees, 5, -1, 1, 0.0},
+    {PrayerTimes::afternoonFiveDegrees, 5, 1, 0, 0.0},
+}};
 
 PrayerDay::PrayerDay(FastAstro& engine, double latitude, double longitude, const DateTimeRecord& date,
                      bool elevation, PrayerTimes& out, const QiblaRecord& qibla, PrayerTrace* trace)
@@ -36,31 +60,25 @@ void PrayerDay::run() {
     out_.latitudeLowered = false;
     info_ = sunOf(callDate_);
     lowerLatitude();
-    const SunInfoForPray callInfo = info_;
-    out_.ezani[PrayerTimes::sunrise] = std::asin(std::tan(info_.declinationToday() * kRadiansPerDegree) *
-                                                 std::tan(givenLatitude_ * kRadiansPerDegree)) /
-                                       kRadiansPerDegree * 4.0;
-    search(PrayerTimes::dawn, -19, kMorning, -temkin_, out_.dawnFromOtherDay);
-    const auto backToCallDate = [&] {
-        date_ = callDate_;
-        info_ = callInfo;
-    };
+    startCallDate();
+    ascensionalDifference();
+    search(kEvents[dawn], out_.dawnFromOtherDay);
     backToCallDate();
-    fixed(PrayerTimes::sunrise, 0, kMorning, -temkin_, -kSunriseCorrection);
+    fixed(kEvents[sunrise]);
     transit();
-    fixed(PrayerTimes::afternoon, 1, kAfternoon, temkin_);
-    fixed(PrayerTimes::secondAfternoon, 2, kAfternoon, temkin_);
-    fixed(PrayerTimes::sunset, 0, kAfternoon, temkin_, kSunsetAddition);
-    search(PrayerTimes::nightfall, -17, kAfternoon, temkin_, out_.nightfallFromOtherDay);
+    fixed(kEvents[afternoon]);
+    fixed(kEvents[secondAfternoon]);
+    fixed(kEvents[sunset]);
+    search(kEvents[nightfall], out_.nightfallFromOtherDay);
     backToCallDate();
     if (out_.times[PrayerTimes::nightfall] == kNoSolarEvent) {
         set(PrayerTimes::secondNightfall, kNoSolarEvent);
     } else {
         // What follows stays on the date at which this search stops.
-        search(PrayerTimes::secondNightfall, -19, kAfternoon, temkin_, out_.secondNightfallFromOtherDay);
+        search(kEvents[secondNightfall], out_.secondNightfallFromOtherDay);
     }
-    fixed(PrayerTimes::morningFiveDegrees, 5, kMorning, temkin_);
-    fixed(PrayerTimes::afternoonFiveDegrees, 5, kAfternoon, 0.0);
+    fixed(kEvents[morning5]);
+    fixed(kEvents[afternoon5]);
     nightParts();
     qiblaTime();
     engine_.SunInfo = info_;
@@ -85,40 +103,76 @@ void PrayerDay::lowerLatitude() {
 }
 
 bool PrayerDay::missesAfterLowering() {
-    return !iterate(PrayerTimes::sunrise, 0, kMorning, -temkin_).answer ||
-           !iterate(PrayerTimes::afternoon, 1, kAfternoon, temkin_).answer;
+    return !iterate(kEvents[sunrise]).answer || !iterate(kEvents[afternoon]).answer;
 }
 
-IterationResult PrayerDay::iterate(PrayerTimes::Index index, int altitude, int direction, double temkin) {
-    const IterationInput input{phi_, longitudeTerm_, temkin, engine_.iPlace.timeZone, altitude, direction};
-    const IterationResult result = iteratePrayerTime(input, info_);
+IterationInput PrayerDay::inputOf(const Event& event) const {
+    return {phi_,
+            longitudeTerm_,
+            event.temkin * temkin_,
+            engine_.iPlace.timeZone,
+            event.altitude,
+            event.direction};
+}
+
+/// Iterates every event of the date of the call, side by side.
+void PrayerDay::startCallDate() {
+    callInfo_ = info_;
+    std::vector<PrayerIteration> iterations;
+    iterations.reserve(kEvents.size());
+    for (const Event& event : kEvents) {
+        iterations.emplace_back(inputOf(event), info_);
+    }
+    iterateTogether(iterations);
+    for (std::size_t i = 0; i < kEvents.size(); ++i) {
+        callResults_[kEvents[i].index] = iterations[i].result();
+    }
+    onCallDate_ = true;
+}
+
+void PrayerDay::backToCallDate() {
+    date_ = callDate_;
+    info_ = callInfo_;
+    onCallDate_ = true;
+}
+
+IterationResult PrayerDay::iterate(const Event& event) {
+    const IterationInput input = inputOf(event);
+    const IterationResult result = onCallDate_ ? callResults_[event.index] : iteratePrayerTime(input, info_);
     if (trace_ != nullptr) {
-        trace_->entries[index].input = input;
-        trace_->entries[index].result = result;
+        trace_->entries[event.index].input = input;
+        trace_->entries[event.index].result = result;
     }
     return result;
 }
 
 /// Today's event, or the one of the latest earlier day that has it, at most 365 days back.
-void PrayerDay::search(PrayerTimes::Index index, int altitude, int direction, double temkin, bool& fromOtherDay) {
+void PrayerDay::search(const Event& event, bool& fromOtherDay) {
     const AstroGlobalFuncs& calendar = engine_.astroGlobalFuncs;
     const double today = calendar.JulianDay(date_);
-    IterationResult result = iterate(index, altitude, direction, temkin);
+    IterationResult result = iterate(event);
     fromOtherDay = fromOtherDay || !result.answer;
     for (int back = 1; !result.answer && back <= kLastAttempt; ++back) {
         if (engine_.RemembersSun()) {
-            back = std::min(back + daysSurelyWithout(today - back, phi_.degrees, altitude), kLastAttempt);
+            back = std::min(back + daysSurelyWithout(today - back, phi_.degrees, event.altitude), kLastAttempt);
         }
         calendar.JulianToCalendar(today - back, date_, 1);
         info_ = sunOf(date_);
-        result = iterate(index, altitude, direction, temkin);
+        onCallDate_ = false;
+        result = iterate(event);
     }
-    set(index, result.answer ? result.time : kNoSolarEvent, temkin);
+    set(event.index, result.answer ? result.time : kNoSolarEvent, event.temkin * temkin_);
 }
 
-void PrayerDay::fixed(PrayerTimes::Index index, int altitude, int direction, double temkin, double addition) {
-    const IterationResult result = iterate(index, altitude, direction, temkin);
-    set(index, result.time + addition, temkin, addition);
+void PrayerDay::fixed(const Event& event) {
+    set(event.index, iterate(event).time + event.addition, event.temkin * temkin_, event.addition);
+}
+
+/// Half the difference of the day's length from twelve hours, as time [min]; the sunset clock overwrites it.
+void PrayerDay::ascensionalDifference() {
+    out_.ezani[PrayerTimes::sunrise] = std::asin(std::tan(info_.declinationToday() * kRadiansPerDegree) *
+                                                 std::tan(givenLatitude_ * kRadiansPerDegree)) /
+                                       kRadiansPerDegree * 4.0;
 }
 
 void PrayerDay::transit() {

@@ -32,12 +32,18 @@ public:
     void run();
 
 private:
+    struct Event; // a time that the iteration finds
+
     SunInfoForPray sunOf(const DateTimeRecord& date);
     void lowerLatitude();
     [[nodiscard]] bool missesAfterLowering();
-    IterationResult iterate(PrayerTimes::Index index, int altitude, int direction, double temkin);
-    void search(PrayerTimes::Index index, int altitude, int direction, double temkin, bool& fromOtherDay);
-    void fixed(PrayerTimes::Index index, int altitude, int direction, double temkin, double addition = 0.0);
+    [[nodiscard]] IterationInput inputOf(const Event& event) const;
+    void startCallDate();
+    void backToCallDate();
+    IterationResult iterate(const Event& event);
+    void search(const Event& event, bool& fromOtherDay);
+    void fixed(const Event& event);
+    void ascensionalDifference();
     void transit();
     void nightParts();
     void qiblaTime();
@@ -55,6 +61,12 @@ private:
     PrayerTrace* trace_;
     IterationLatitude phi_; // latitude used
     SunInfoForPray info_; // of date_
+    // Of the date of the call, once its latitude is settled:
+    SunInfoForPray callInfo_;
+    std::array<IterationResult, 16> callResults_{};
+    bool onCallDate_ = false;
+
+    static const std::array<Event, 9> kEvents;
 };
 
 } // namespace zorel

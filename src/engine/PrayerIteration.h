@@ -7,6 +7,7 @@
 
 #include <cmath>
 #include <cstdint>
+#include <span>
 
 namespace zorel {
 
@@ -38,17 +39,39 @@ struct IterationResult {
     double altitude = 0.0; ///< target of the last round [rad]
 };
 
-/// Whether an altitude code stands for a shadow as long as 1 or 2 staffs, beyond the shadow of noon.
-constexpr bool isShadowRule(std::int32_t altitude) { return altitude == 1 || altitude == 2; }
-
-/// At most ten rounds; not-a-number ends it at once with the answer false.
-[[nodiscard]] IterationResult iteratePrayerTime(const IterationInput& input, const SunInfoForPray& info);
-
 /// The value at a local hour between the day's and the next day's, with the sign of the change as the engine takes
 /// it: the absolute change is subtracted when the value falls.
 [[nodiscard]] inline double interpolateDay(double today, double tomorrow, double hour) {
     const double change = std::fabs((today - tomorrow) * hour / 24.0);
     return tomorrow < today ? today - change : today + change;
 }
+
+/// One event's iteration: at most ten rounds; not-a-number ends it at once with the answer false.
+class PrayerIteration {
+public:
+    PrayerIteration(const IterationInput& input, const SunInfoForPray& info);
+    [[nodiscard]] bool active() const { return active_; }
+    void round();
+    [[nodiscard]] const IterationResult& result() const { return result_; }
+
+private:
+    void finish();
+
+    IterationInput input_;
+    double declinationToday_;
+    double declinationTomorrow_;
+    double equationToday_;
+    double equationTomorrow_;
+    double sinAltitude_;
+    double cosine_ = 0.0; // of the hour angle
+    bool active_ = true;
+    IterationResult result_;
+};
+
+[[nodiscard]] IterationResult iteratePrayerTime(const IterationInput& input, const SunInfoForPray& info);
+
+/// Runs iterations round by round side by side: each is a long chain of dependent operations, and a processor works
+/// on several chains at once.
+void iterateTogether(std::span<PrayerIteration> iterations);
 
 } // namespace zorel
