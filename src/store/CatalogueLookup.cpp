@@ -102,7 +102,8 @@ std::vector<CatalogueCredit> catalogueCredits(const GlobalFuncs& glbFuncs) {
     if (!catalogue) {
         return credits;
     }
-    Statement rows = catalogue->prepare("SELECT PART, SOURCE, EDITION, LICENCE, CREDIT, LICENCETEXT FROM CREDITS");
+    Statement rows =
+        catalogue->prepare("SELECT PART, SOURCE, EDITION, LICENCE, CREDIT, LICENCETEXT FROM CREDITS");
     while (rows.nextRow()) {
         credits.push_back(
             {rows.text(0), rows.text(1), rows.text(2), rows.text(3), rows.text(4), rows.text(5)});

@@ -1,7 +1,7 @@
 // SPDX-License-Identifier: Apache-2.0
 /// @file
-/// Further questions to the city catalogue: a place by its id, by its time zone, by its name as typed, and all places
-/// one after the other. A catalogue that cannot be read has no places.
+/// Further questions to the city catalogue: a place by its id, by its time zone, by its name as typed, and
+/// all places one after the other. A catalogue that cannot be read has no places.
 #pragma once
 
 #include "store/City.h"
@@ -18,29 +18,29 @@ namespace zorel {
 
 /// A place with everything the catalogue knows of it.
 struct CataloguePlace {
-    City city;               ///< as getAllCityInfo fills it, with its ids
-    std::string countryCode; ///< ISO 3166-1 alpha-2, or XK
-    std::string timeZone;    ///< IANA name
+    City city;                             ///< as getAllCityInfo fills it, with its ids
+    std::string countryCode;               ///< ISO 3166-1 alpha-2, or XK
+    std::string timeZone;                  ///< IANA name
     std::optional<std::int32_t> elevation; ///< [m]
     std::int64_t population = 0;           ///< 0 = unknown
 };
 
 [[nodiscard]] std::optional<CataloguePlace> placeById(const GlobalFuncs& glbFuncs, std::int32_t id);
 
-/// The place with the most inhabitants in a time zone ("Asia/Kolkata"); nothing for a zone without places. Former
-/// names of a zone ("Asia/Calcutta") are understood.
+/// The place with the most inhabitants in a time zone ("Asia/Kolkata"); nothing for a zone without places.
+/// Former names of a zone ("Asia/Calcutta") are understood.
 [[nodiscard]] std::optional<CataloguePlace> largestPlaceOfTimeZone(const GlobalFuncs& glbFuncs,
                                                                    std::string_view timeZone);
 
-/// Hands over every place with an id of at least `firstId`, in the order of ids, until `take` answers false. One place
-/// is held at a time.
+/// Hands over every place with an id of at least `firstId`, in the order of ids, until `take` answers false.
+/// One place is held at a time.
 void forEachPlace(const GlobalFuncs& glbFuncs, std::int32_t firstId,
                   const std::function<bool(const CataloguePlace&)>& take);
 
-/// The best matches for a name as a person types it, at most `most`: places of exactly that name (in any of their
-/// spellings, an article before it aside) first, then names that begin with it, then names that contain it; the larger
-/// place first among equals. Cities of half a million and more are moved up: "Mecca" is not a village of that name.
-/// A quote is an ordinary character here. Filled as by searchCities.
+/// The best matches for a name as a person types it, at most `most`: places of exactly that name (in any of
+/// their spellings, an article before it aside) first, then names that begin with it, then names that contain
+/// it; the larger place first among equals. Cities of half a million and more are moved up: "Mecca" is not a
+/// village of that name. A quote is an ordinary character here. Filled as by searchCities.
 [[nodiscard]] std::vector<City> matchPlaces(const GlobalFuncs& glbFuncs, const std::string& name,
                                             std::size_t most);
 

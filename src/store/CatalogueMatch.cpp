@@ -21,15 +21,16 @@ constexpr char kSeparator = '|'; // between the spellings of a place
 /// A city of this size [inhabitants] is meant before a village that fits the text better.
 constexpr std::int32_t kLargeCity = 500'000;
 
-/// What may stand before a name without being a part of it. The catalogue keeps "Medina" only as "Al Medina" and
-/// "Cologne" only as "Lungsod ng Cologne", because a search finds the one within the other.
-constexpr std::array<std::string_view, 12> kBeforeNames = {"al ", "al-", "el ", "el-",      "la ",   "le ",
-                                                           "il ", "o ",  "ad ", "city of ", "kota ", "lungsod ng "};
+/// What may stand before a name without being a part of it. The catalogue keeps "Medina" only as "Al Medina"
+/// and "Cologne" only as "Lungsod ng Cologne", because a search finds the one within the other.
+constexpr std::array<std::string_view, 12> kBeforeNames = {
+    "al ", "al-", "el ", "el-", "la ", "le ", "il ", "o ", "ad ", "city of ", "kota ", "lungsod ng "};
 
 std::string asciiLowerCase(std::string_view text) {
     std::string lower(text);
-    std::ranges::transform(lower, lower.begin(),
-                           [](char c) { return c >= 'A' && c <= 'Z' ? static_cast<char>(c - 'A' + 'a') : c; });
+    std::ranges::transform(lower, lower.begin(), [](char c) {
+        return c >= 'A' && c <= 'Z' ? static_cast<char>(c - 'A' + 'a') : c;
+    });
     return lower;
 }
 
@@ -42,8 +43,8 @@ std::string_view withoutArticle(std::string_view spelling) {
     return spelling;
 }
 
-/// Fit of one spelling; both in lower case. In a large city's name, leading whole words count as the name ("Mecca
-/// City"), and any other part as its beginning.
+/// Fit of one spelling; both in lower case. In a large city's name, leading whole words count as the name
+/// ("Mecca City"), and any other part as its beginning.
 Fit fitOfSpelling(std::string_view spelling, std::string_view name, bool large) {
     const std::string_view bare = withoutArticle(spelling);
     if (spelling == name || bare == name) {
@@ -74,7 +75,8 @@ std::unordered_map<std::string, Fit> fits(const GlobalFuncs& glbFuncs, const std
         return result;
     }
     const std::string lower = asciiLowerCase(name);
-    Statement rows = catalogue->prepare("SELECT C.ID, C.NAMESRC, C.POPULATION FROM CITY C WHERE C.NAMESRC LIKE '%' || ?1 || '%'");
+    Statement rows = catalogue->prepare(
+        "SELECT C.ID, C.NAMESRC, C.POPULATION FROM CITY C WHERE C.NAMESRC LIKE '%' || ?1 || '%'");
     sqlite3_bind_text(rows.get(), 1, name.c_str(), -1, SQLITE_TRANSIENT);
     while (rows.nextRow()) {
         const bool large = integerValue(rows.text(2)) >= kLargeCity;

@@ -14,9 +14,9 @@ namespace zorel {
 /// "cities.sqlite" in the "database" folder of the bundle.
 [[nodiscard]] std::string cataloguePath(const GlobalFuncs& glbFuncs);
 
-/// Sets what a catalogue row says of a city from its first fourteen columns: name, region, country in English and in
-/// Turkish, latitude and longitude (deciphered, in decimal degrees), GMT, the six fields of the daylight-saving rule,
-/// temkin.
+/// Sets what a catalogue row says of a city from its first fourteen columns: name, region, country in English
+/// and in Turkish, latitude and longitude (deciphered, in decimal degrees), GMT, the six fields of the
+/// daylight-saving rule, temkin.
 void readCityDetails(const Statement& row, const GlobalFuncs& glbFuncs, City& city);
 
 /// Number of places of a catalogue; 0 when it cannot be read.

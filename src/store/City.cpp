@@ -22,14 +22,17 @@ constexpr const char* kDetailsOfCity =
     "                           AND   C.ID=";
 
 constexpr std::int32_t kFirstPrayerId = 200;
-/// Position in the array of times for the prayer ids from 200 on. Ids 206 and 207 are crossed over: the times are in
-/// the array's order, the ids in the order of the prayers' names.
-constexpr std::array<PrayerTimes::Index, 9> kTimeOfPrayer = {
-    PrayerTimes::dawn,      PrayerTimes::sunrise,
-    PrayerTimes::noon,      PrayerTimes::afternoon,
-    PrayerTimes::sunset,    PrayerTimes::nightfall,
-    PrayerTimes::morningFiveDegrees, PrayerTimes::secondAfternoon,
-    PrayerTimes::afternoonFiveDegrees};
+/// Position in the array of times for the prayer ids from 200 on. Ids 206 and 207 are crossed over: the times
+/// are in the array's order, the ids in the order of the prayers' names.
+constexpr std::array<PrayerTimes::Index, 9> kTimeOfPrayer = {PrayerTimes::dawn,
+                                                             PrayerTimes::sunrise,
+                                                             PrayerTimes::noon,
+                                                             PrayerTimes::afternoon,
+                                                             PrayerTimes::sunset,
+                                                             PrayerTimes::nightfall,
+                                                             PrayerTimes::morningFiveDegrees,
+                                                             PrayerTimes::secondAfternoon,
+                                                             PrayerTimes::afternoonFiveDegrees};
 
 } // namespace
 

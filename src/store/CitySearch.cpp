@@ -12,12 +12,11 @@ namespace zorel {
 namespace {
 
 /// The text as typed and then kSearchEnd follow.
-constexpr const char* kSearch =
-    "SELECT C.NAME, CP.NAME, C.ID, CP.CID, CC.NAMEEN, CC.NAMETR"
-    "                     FROM CITY C, CITY_PARENT CP, COUNTRY CC"
-    "                     WHERE C.PARENT = CP.PARENT"
-    "                     AND   CP.CID = CC.CID"
-    "                     AND   C.NAMESRC LIKE '%";
+constexpr const char* kSearch = "SELECT C.NAME, CP.NAME, C.ID, CP.CID, CC.NAMEEN, CC.NAMETR"
+                                "                     FROM CITY C, CITY_PARENT CP, COUNTRY CC"
+                                "                     WHERE C.PARENT = CP.PARENT"
+                                "                     AND   CP.CID = CC.CID"
+                                "                     AND   C.NAMESRC LIKE '%";
 constexpr const char* kSearchEnd = "%'";
 
 constexpr std::ptrdiff_t kFewestCharacters = 3;
@@ -38,8 +37,8 @@ City foundCity(const Statement& row, const GlobalFuncs& glbFuncs) {
     return city;
 }
 
-/// All rows of a search. A search yields a place at most once: more rows than places mean that the text has changed
-/// the meaning of the statement, and then nothing is found.
+/// All rows of a search. A search yields a place at most once: more rows than places mean that the text has
+/// changed the meaning of the statement, and then nothing is found.
 std::vector<City> foundCities(Statement& rows, const GlobalFuncs& glbFuncs, std::size_t places) {
     std::vector<City> cities;
     while (rows.nextRow()) {

@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: Apache-2.0
 #include "store/Database.h"
 
+#include "store/CatalogueLike.h"
 #include "store/DatabaseAuthorizer.h"
 
 #include <sqlite3.h>
@@ -70,6 +71,7 @@ std::optional<Database> Database::openUser(const std::string& path) {
 std::optional<Database> Database::openCatalogue(const std::string& path) {
     auto database = open(path, SQLITE_OPEN_READONLY);
     if (database) {
+        useCatalogueLike(database->connection_.get());
         allowCatalogueTables(database->connection_.get());
     }
     return database;

@@ -9,8 +9,8 @@
 
 namespace zorel::test {
 
-inline const std::string kPlaceHeader =
-    "geonameid\tname\tasciiname\talternates\tcountry\tadmin1\tlatitude\tlongitude\televation\tzone\tpopulation\n";
+inline const std::string kPlaceHeader = "geonameid\tname\tasciiname\talternates\tcountry\tadmin1\tlatitude\tl"
+                                        "ongitude\televation\tzone\tpopulation\n";
 inline const std::string kZoneHeader =
     "zone\tgmt\tdst\tstartmonth\tstartday\tstopmonth\tstopday\thour\texact\tdays2026\tdays2027\tdays2028\t"
     "days2029\tdays2030\tlawstartmonth\tlawstartday\tlawstopmonth\tlawstopday\tplaces\n";
@@ -21,7 +21,8 @@ class SourceFolder {
 public:
     SourceFolder() {
         write("countries.tsv", "country\tname_en\tname_tr\nCH\tSwitzerland\tİsviçre\nTR\tTürkiye\tTürkiye\n");
-        write("regions.tsv", "country\tadmin1\tname\tplaces\nCH\tZH\tZurich\t1\nTR\t34\tİstanbul\t2\nTR\t\tTürkiye\t1\n");
+        write("regions.tsv",
+              "country\tadmin1\tname\tplaces\nCH\tZH\tZurich\t1\nTR\t34\tİstanbul\t2\nTR\t\tTürkiye\t1\n");
         write("zones.tsv", kZoneHeader + "Europe/Istanbul\t3\t0\t0\t0\t0\t0\t0" + kZoneTail +
                                "Europe/Zurich\t1\t1\t2\t35\t9\t35\t1" + kZoneTail);
         write("places.tsv", kPlaceHeader + places());
@@ -31,14 +32,19 @@ public:
     }
 
     static std::string places() {
-        return "745044\tİstanbul\tIstanbul\tStambul\tTR\t34\t41.01384\t28.94966\t39\tEurope/Istanbul\t15701602\n"
+        return "745044\tİstanbul\tIstanbul\tStambul\tTR\t34\t41.01384\t28.94966\t39\tEurope/"
+               "Istanbul\t15701602\n"
                "2657896\tZürich\tZurich\t\tCH\tZH\t47.36667\t8.55\t429\tEurope/Zurich\t341730\n"
                "100\tN'Dere\t\t\tTR\t34\t41.2\t29.1\t\tEurope/Istanbul\t20\n"
                "7\tOva\t\t\tTR\t\t39\t-0.5\t375\tEurope/Istanbul\t0\n";
     }
 
-    void write(const std::string& name, const std::string& text) const { writeFile(folder_.path(name), text); }
-    void addPlace(const std::string& line) const { write("places.tsv", kPlaceHeader + places() + line + "\n"); }
+    void write(const std::string& name, const std::string& text) const {
+        writeFile(folder_.path(name), text);
+    }
+    void addPlace(const std::string& line) const {
+        write("places.tsv", kPlaceHeader + places() + line + "\n");
+    }
     [[nodiscard]] const std::string& path() const { return folder_.path(); }
 
 private:

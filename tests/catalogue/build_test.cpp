@@ -1,7 +1,7 @@
 // SPDX-License-Identifier: Apache-2.0
+#include "store/CatalogueLookup.h"
 #include "store/City.h"
 #include "store/CitySearch.h"
-#include "store/CatalogueLookup.h"
 #include "tests/catalogue/Fixture.h"
 #include "tools/build-catalogue/Build.h"
 #include "tools/build-catalogue/Output.h"
@@ -63,8 +63,8 @@ TEST_F(Build, ACityHasAllItsDetails) {
     EXPECT_EQ(city.latitude, "47.366670");
     EXPECT_EQ(city.longitude, "8.550000");
     EXPECT_EQ(city.GMT, "1");
-    EXPECT_THAT((std::vector<std::string>{city.DST, city.startMonth, city.startDay, city.stopMonth, city.stopDay,
-                                          city.hour}),
+    EXPECT_THAT((std::vector<std::string>{city.DST, city.startMonth, city.startDay, city.stopMonth,
+                                          city.stopDay, city.hour}),
                 ElementsAre("1", "2", "35", "9", "35", "1"));
     EXPECT_EQ(city.temkin, "1");
 }
@@ -113,13 +113,15 @@ TEST_F(Build, AnOutputThatCannotBeWrittenIsAnError) {
     EXPECT_THROW(build(bundle_.path("missing/cities.sqlite")), OutputError);
     std::filesystem::create_directories(bundle_.path("folder/inside"));
     EXPECT_THROW(build(bundle_.path("folder")), OutputError);
-    EXPECT_EQ(std::distance(std::filesystem::directory_iterator(bundle_.path()), {}), 2) << "nothing is left over";
+    EXPECT_EQ(std::distance(std::filesystem::directory_iterator(bundle_.path()), {}), 2)
+        << "nothing is left over";
 }
 
 TEST_F(Build, LookupsOfTheSmallCatalogue) {
     ASSERT_TRUE(build(output()));
     EXPECT_EQ(largestPlaceOfTimeZone(glbFuncs_, "Europe/Istanbul")->city.name, "İstanbul");
-    EXPECT_EQ(largestPlaceOfTimeZone(glbFuncs_, "Turkey")->city.name, "İstanbul") << "another name of the zone";
+    EXPECT_EQ(largestPlaceOfTimeZone(glbFuncs_, "Turkey")->city.name, "İstanbul")
+        << "another name of the zone";
     EXPECT_FALSE(largestPlaceOfTimeZone(glbFuncs_, "Asia/Tokyo"));
     EXPECT_FALSE(largestPlaceOfTimeZone(glbFuncs_, ""));
     const auto credits = catalogueCredits(glbFuncs_);

@@ -69,11 +69,15 @@ TEST_F(Coordinates, TheCipherCarriesNoZeroByte) {
     EXPECT_THROW(encipher(std::string_view("a\0b", 3), 1, kDecryptKey), std::invalid_argument);
 }
 
-TEST_F(Coordinates, AnEmptyTextIsItsFirstPair) { EXPECT_EQ(encipher("", 0x0A, kDecryptKey), "0A"); }
+TEST_F(Coordinates, AnEmptyTextIsItsFirstPair) {
+    EXPECT_EQ(encipher("", 0x0A, kDecryptKey), "0A");
+}
 
 TEST_F(Coordinates, KeysOfMoreThanEightBits) {
-    // With such a key the mixed value is always above the previous one, so the byte is the difference's low part.
-    const std::array<std::uint16_t, 10> key{0x1FF, 0x1FF, 0x1FF, 0x1FF, 0x1FF, 0x1FF, 0x1FF, 0x1FF, 0x1FF, 0x1FF};
+    // With such a key the mixed value is always above the previous one, so the byte is the difference's low
+    // part.
+    const std::array<std::uint16_t, 10> key{0x1FF, 0x1FF, 0x1FF, 0x1FF, 0x1FF,
+                                            0x1FF, 0x1FF, 0x1FF, 0x1FF, 0x1FF};
     const std::string text = encipher("\xF0", 0x20, key);
     const auto pair = static_cast<unsigned>(std::stoi(text.substr(2), nullptr, 16));
     EXPECT_EQ(((0x1FFU ^ pair) - 0x20U) & 0xFFU, 0xF0U);

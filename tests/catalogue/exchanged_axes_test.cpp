@@ -22,9 +22,10 @@ std::vector<std::string> faultsWith(double latitude, double longitude) {
 }
 
 TEST(ExchangedAxes, FindsAnExchangedPlace) {
-    EXPECT_THAT(faultsWith(28.9, 41.0),
-                ElementsAre("places.tsv:6: Yeni lies 15 degrees from the middle of its region: latitude 28.9 and "
-                            "longitude 41 look exchanged"));
+    EXPECT_THAT(
+        faultsWith(28.9, 41.0),
+        ElementsAre("places.tsv:6: Yeni lies 15 degrees from the middle of its region: latitude 28.9 and "
+                    "longitude 41 look exchanged"));
 }
 
 TEST(ExchangedAxes, LeavesRemotePlacesAlone) {
@@ -35,10 +36,9 @@ TEST(ExchangedAxes, LeavesRemotePlacesAlone) {
 
 TEST(ExchangedAxes, ThinksAcrossTheDateLine) {
     const test::SourceFolder folder;
-    folder.write("places.tsv", test::kPlaceHeader +
-                                   "1\tA\t\t\tTR\t34\t-17\t179.9\t\tEurope/Istanbul\t0\n"
-                                   "2\tB\t\t\tTR\t34\t-17\t-179.9\t\tEurope/Istanbul\t0\n"
-                                   "3\tC\t\t\tTR\t34\t-17\t179.8\t\tEurope/Istanbul\t0\n");
+    folder.write("places.tsv", test::kPlaceHeader + "1\tA\t\t\tTR\t34\t-17\t179.9\t\tEurope/Istanbul\t0\n"
+                                                    "2\tB\t\t\tTR\t34\t-17\t-179.9\t\tEurope/Istanbul\t0\n"
+                                                    "3\tC\t\t\tTR\t34\t-17\t179.8\t\tEurope/Istanbul\t0\n");
     Problems problems;
     static_cast<void>(Sources::read(folder.path(), problems));
     EXPECT_THAT(problems.lines(), IsEmpty());

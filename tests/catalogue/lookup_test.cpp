@@ -126,7 +126,8 @@ TEST_F(Lookup, WithoutACatalogueThereAreNoPlaces) {
 TEST_F(Lookup, CreditsTravelWithTheCatalogue) {
     const auto credits = catalogueCredits(real_.glbFuncs);
     ASSERT_THAT(credits, SizeIs(3));
-    EXPECT_EQ(credits[0].credit, "Contains data from GeoNames (geonames.org), licensed under CC BY 4.0, modified.");
+    EXPECT_EQ(credits[0].credit,
+              "Contains data from GeoNames (geonames.org), licensed under CC BY 4.0, modified.");
     EXPECT_THAT(credits[1].licenceText, HasSubstr("UNICODE LICENSE V3"));
     EXPECT_EQ(credits[2].edition, "2026f");
 }

@@ -15,7 +15,8 @@
 namespace zorel {
 namespace {
 
-const std::string kCatalogue = std::string(ZOREL_BINARY_DIR) + "/share/zorel/Zorel.bundle/database/cities.sqlite";
+const std::string kCatalogue =
+    std::string(ZOREL_BINARY_DIR) + "/share/zorel/Zorel.bundle/database/cities.sqlite";
 
 /// First column of the first row.
 std::string answer(const std::string& query) {
@@ -52,7 +53,8 @@ TEST(Catalogue, EveryReferenceHoldsForEveryPlace) {
                      "JOIN COUNTRY CC ON CC.CID = P.CID JOIN DST D ON D.DSTID = P.DSTID "
                      "JOIN ZONE Z ON Z.ZONE = C.ZONE"),
               "146487");
-    EXPECT_EQ(answer("SELECT count(*) FROM ZONE Z JOIN CITY C ON C.ID = Z.LARGEST AND C.ZONE = Z.ZONE"), "391");
+    EXPECT_EQ(answer("SELECT count(*) FROM ZONE Z JOIN CITY C ON C.ID = Z.LARGEST AND C.ZONE = Z.ZONE"),
+              "391");
     EXPECT_EQ(answer("SELECT count(*) FROM CITY_PARENT P WHERE NOT EXISTS "
                      "(SELECT 1 FROM COUNTRY CC WHERE CC.CID = P.CID)"),
               "0");
@@ -102,8 +104,8 @@ TEST(Catalogue, ASecondBuildGivesTheSameBytes) {
     const test::TemporaryFolder folder;
     catalogue::Problems problems;
     catalogue::Progress progress(true);
-    catalogue::buildCatalogue(std::string(ZOREL_SOURCE_DIR) + "/resources/catalogue", folder.path("again.sqlite"),
-                              problems, progress);
+    catalogue::buildCatalogue(std::string(ZOREL_SOURCE_DIR) + "/resources/catalogue",
+                              folder.path("again.sqlite"), problems, progress);
     EXPECT_TRUE(problems.empty());
     EXPECT_TRUE(test::readFile(folder.path("again.sqlite")) == test::readFile(kCatalogue));
 }

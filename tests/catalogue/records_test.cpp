@@ -17,8 +17,8 @@ std::optional<Record> parse(std::vector<std::string_view> fields, const TsvLayou
 }
 
 std::vector<std::string_view> placeFields() {
-    return {"745044", "İstanbul", "Istanbul", "Stambul", "TR",      "34", "41.01384",
-            "28.94966", "39",     "Europe/Istanbul", "15701602"};
+    return {"745044",   "İstanbul", "Istanbul", "Stambul",         "TR",      "34",
+            "41.01384", "28.94966", "39",       "Europe/Istanbul", "15701602"};
 }
 
 /// The faults of a place whose one field is replaced.
@@ -69,14 +69,18 @@ TEST(Records, FaultsOfAPlaceNameTheirFile) {
     EXPECT_THAT(faultsOfPlace(0, " 5"), ElementsAre("places.tsv:7: geonameid \" 5\" is not a whole number"));
     EXPECT_THAT(faultsOfPlace(1, ""), ElementsAre("places.tsv:7: name is missing"));
     EXPECT_THAT(faultsOfPlace(4, ""), ElementsAre("places.tsv:7: country is missing"));
-    EXPECT_THAT(faultsOfPlace(7, "-180.5"), ElementsAre("places.tsv:7: longitude -180.5 is outside -180 to 180"));
-    EXPECT_THAT(faultsOfPlace(8, "9999"), ElementsAre("places.tsv:7: elevation 9999 is outside -500 to 6000"));
+    EXPECT_THAT(faultsOfPlace(7, "-180.5"),
+                ElementsAre("places.tsv:7: longitude -180.5 is outside -180 to 180"));
+    EXPECT_THAT(faultsOfPlace(8, "9999"),
+                ElementsAre("places.tsv:7: elevation 9999 is outside -500 to 6000"));
     EXPECT_THAT(faultsOfPlace(9, ""), ElementsAre("places.tsv:7: zone is missing"));
-    EXPECT_THAT(faultsOfPlace(10, "-1"), ElementsAre("places.tsv:7: population -1 is outside 0 to 100000000"));
+    EXPECT_THAT(faultsOfPlace(10, "-1"),
+                ElementsAre("places.tsv:7: population -1 is outside 0 to 100000000"));
 }
 
 TEST(Records, NumbersHaveOneFormOnly) {
-    for (const std::string_view text : {"nan", "inf", "1e1", "41,5", "0x29", "+41", "41.5.", "", "41 ", "--1"}) {
+    for (const std::string_view text :
+         {"nan", "inf", "1e1", "41,5", "0x29", "+41", "41.5.", "", "41 ", "--1"}) {
         EXPECT_EQ(faultsOfPlace(6, text).size(), 1U) << text;
     }
     EXPECT_EQ(faultsOfPlace(10, "99999999999999999999").size(), 1U);
@@ -84,8 +88,25 @@ TEST(Records, NumbersHaveOneFormOnly) {
 }
 
 std::vector<std::string_view> zoneFields() {
-    return {"Europe/Zurich", "1", "1", "2", "35", "9", "35", "1", "yes", "0",
-            "0",             "0", "0", "0", "2",  "35", "9", "35", "12"};
+    return {"Europe/Zurich",
+            "1",
+            "1",
+            "2",
+            "35",
+            "9",
+            "35",
+            "1",
+            "yes",
+            "0",
+            "0",
+            "0",
+            "0",
+            "0",
+            "2",
+            "35",
+            "9",
+            "35",
+            "12"};
 }
 
 bool isFaultyZone(std::size_t column, std::string_view value) {
@@ -133,8 +154,8 @@ TEST(Records, NamesOfCountriesAndRegionsAreNeeded) {
 
 TEST(Records, ACreditNeedsItsLineButNoNotice) {
     Problems problems;
-    EXPECT_TRUE(parse<Credit>({"zones", "tz", "2026f", "public domain", "From tz.", ""}, kCredits, parseCredit,
-                              problems));
+    EXPECT_TRUE(parse<Credit>({"zones", "tz", "2026f", "public domain", "From tz.", ""}, kCredits,
+                              parseCredit, problems));
     EXPECT_FALSE(
         parse<Credit>({"zones", "tz", "2026f", "public domain", "", ""}, kCredits, parseCredit, problems));
     EXPECT_THAT(problems.lines(), ElementsAre("credits.tsv:7: credit is missing"));

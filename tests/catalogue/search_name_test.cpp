@@ -6,7 +6,9 @@
 namespace zorel::catalogue {
 namespace {
 
-TEST(SearchName, AnAsciiNameStandsAlone) { EXPECT_EQ(searchableName({"Konya", "", ""}), "Konya"); }
+TEST(SearchName, AnAsciiNameStandsAlone) {
+    EXPECT_EQ(searchableName({"Konya", "", ""}), "Konya");
+}
 
 TEST(SearchName, AnAccentedNameHasItsPlainAndItsCasedForms) {
     EXPECT_EQ(searchableName({"Øster", "", ""}), "Øster|Oster|øster");
@@ -27,15 +29,16 @@ TEST(SearchName, ContainmentFoldsAsciiLettersOnly) {
 
 TEST(SearchName, TurkishFormsOfLatinNames) {
     EXPECT_EQ(searchableName({"Izmir", "", "", true, false}), "Izmir|IZMİR");
-    EXPECT_EQ(searchableName({"Iğdır", "Igdir", "", true, true}),
-              "Iğdır|Igdir|IĞDIR|ığdır|IGDİR|ıgdir");
+    EXPECT_EQ(searchableName({"Iğdır", "Igdir", "", true, true}), "Iğdır|Igdir|IĞDIR|ığdır|IGDİR|ıgdir");
 }
 
 TEST(SearchName, TurkishFormsSkipOtherScripts) {
     EXPECT_EQ(searchableName({"Oran", "", "وهران", true, true}), "Oran|وهران");
 }
 
-TEST(SearchName, EmptyAlternatesAreNothing) { EXPECT_EQ(searchableName({"Oran", "", ",,"}), "Oran"); }
+TEST(SearchName, EmptyAlternatesAreNothing) {
+    EXPECT_EQ(searchableName({"Oran", "", ",,"}), "Oran");
+}
 
 TEST(WithoutLatinAccents, StripsAccents) {
     EXPECT_EQ(withoutLatinAccents("São Paulo"), "Sao Paulo");

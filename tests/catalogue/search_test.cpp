@@ -37,7 +37,8 @@ TEST_F(Search, NeedsThreeCharacters) {
 }
 
 TEST_F(Search, TwoCharactersRunNoQuery) {
-    // A missing catalogue and two characters look the same from outside; a text that would match tells them apart.
+    // A missing catalogue and two characters look the same from outside; a text that would match tells them
+    // apart.
     EXPECT_FALSE(search("%%%").empty());
     EXPECT_EQ(found("%%"), 0U);
 }
@@ -64,7 +65,8 @@ TEST_F(Search, TextThatReachesForOtherTablesFindsNothing) {
              "x' UNION SELECT load_extension('x'), 1, 1, 1, 1, 1 --",
              "x' UNION SELECT hex(randomblob(1000000000)), 1, 1, 1, 1, 1 --",
              "x' UNION SELECT * FROM pragma_database_list --",
-             "x' UNION WITH RECURSIVE c(x) AS (VALUES(1) UNION ALL SELECT x+1 FROM c) SELECT x,x,x,x,x,x FROM c --",
+             "x' UNION WITH RECURSIVE c(x) AS (VALUES(1) UNION ALL SELECT x+1 FROM c) SELECT x,x,x,x,x,x "
+             "FROM c --",
          }) {
         EXPECT_EQ(found(text), 0U) << text;
     }
@@ -98,7 +100,8 @@ TEST_F(Search, AMissingOrForeignCatalogueFindsNothing) {
     real_.glbFuncs.appBundlePath = folder.path();
     EXPECT_EQ(found("London"), 0U);
     EXPECT_FALSE(std::filesystem::exists(folder.path("database/cities.sqlite"))) << "none is made";
-    for (const std::string& bytes : {std::string(), std::string("not a database at all"), std::string(20'000, 'x')}) {
+    for (const std::string& bytes :
+         {std::string(), std::string("not a database at all"), std::string(20'000, 'x')}) {
         test::writeFile(folder.path("database/cities.sqlite"), bytes);
         EXPECT_EQ(found("London"), 0U);
         EXPECT_TRUE(matchPlaces(real_.glbFuncs, "London", 5).empty());

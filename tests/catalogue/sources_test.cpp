@@ -49,11 +49,10 @@ TEST(Sources, NamesUnknownReferencesByLine) {
     folder.addPlace("8\tA\t\t\tXX\t\t1\t1\t\tEurope/Istanbul\t0\n"
                     "9\tB\t\t\tTR\t99\t1\t1\t\tEurope/Istanbul\t0\n"
                     "10\tC\t\t\tTR\t34\t41\t29\t\tAsia/Nowhere\t0");
-    EXPECT_THAT(faultsOf(folder),
-                ElementsAre("places.tsv:6: unknown country \"XX\"",
-                            "places.tsv:6: unknown region \"\" of country \"XX\"",
-                            "places.tsv:7: unknown region \"99\" of country \"TR\"",
-                            "places.tsv:8: unknown time zone \"Asia/Nowhere\""));
+    EXPECT_THAT(faultsOf(folder), ElementsAre("places.tsv:6: unknown country \"XX\"",
+                                              "places.tsv:6: unknown region \"\" of country \"XX\"",
+                                              "places.tsv:7: unknown region \"99\" of country \"TR\"",
+                                              "places.tsv:8: unknown time zone \"Asia/Nowhere\""));
 }
 
 TEST(Sources, NamesDuplicates) {
@@ -68,8 +67,8 @@ TEST(Sources, ARegionNeedsItsCountry) {
     const SourceFolder folder;
     folder.write("regions.tsv", "country\tadmin1\tname\tplaces\nCH\tZH\tZurich\t1\nTR\t34\tİstanbul\t2\n"
                                 "TR\t\tTürkiye\t1\nQQ\t1\tNowhere\t1\nCH\tZH\tAgain\t1\n");
-    EXPECT_THAT(faultsOf(folder), ElementsAre("regions.tsv:5: unknown country \"QQ\"",
-                                              "regions.tsv:6: \"CH\" is there twice"));
+    EXPECT_THAT(faultsOf(folder),
+                ElementsAre("regions.tsv:5: unknown country \"QQ\"", "regions.tsv:6: \"CH\" is there twice"));
 }
 
 TEST(Sources, EveryFileIsNeeded) {

@@ -1,7 +1,7 @@
 // SPDX-License-Identifier: Apache-2.0
+#include "tests/support/TemporaryFolder.h"
 #include "tools/build-catalogue/TsvFile.h"
 #include "tools/build-catalogue/Utf8.h"
-#include "tests/support/TemporaryFolder.h"
 
 #include <array>
 #include <gmock/gmock.h>
@@ -37,7 +37,9 @@ TEST(TsvFile, HandsOverFieldsWithTheirLine) {
     EXPECT_TRUE(reading.problems.empty());
 }
 
-TEST(TsvFile, TheLastLineNeedsNoLineEnd) { EXPECT_THAT(readText("a\tb\n1\t2").rows, ElementsAre("2:1,2")); }
+TEST(TsvFile, TheLastLineNeedsNoLineEnd) {
+    EXPECT_THAT(readText("a\tb\n1\t2").rows, ElementsAre("2:1,2"));
+}
 
 TEST(TsvFile, RefusesAnotherHeader) {
     for (const char* text : {"", "a\n", "b\ta\n1\t2\n", "a\tb\tc\n", "a b\n"}) {
@@ -49,14 +51,15 @@ TEST(TsvFile, RefusesAnotherHeader) {
 
 TEST(TsvFile, NamesTheLineWithAWrongNumberOfColumns) {
     const Reading reading = readText("a\tb\n1\t2\n1\n1\t2\t3\n\n5\t6\n");
-    EXPECT_THAT(reading.problems.lines(), ElementsAre("table.tsv:3: 1 columns instead of 2",
-                                                      "table.tsv:4: 3 columns instead of 2",
-                                                      "table.tsv:5: 1 columns instead of 2"));
+    EXPECT_THAT(reading.problems.lines(),
+                ElementsAre("table.tsv:3: 1 columns instead of 2", "table.tsv:4: 3 columns instead of 2",
+                            "table.tsv:5: 1 columns instead of 2"));
     EXPECT_THAT(reading.rows, ElementsAre("2:1,2", "6:5,6"));
 }
 
 TEST(TsvFile, RefusesMalformedText) {
-    for (const char* field : {"\xC3", "\xC0\xAF", "\xED\xA0\x80", "\xF4\x90\x80\x80", "\xFF", "a\r", "\x01"}) {
+    for (const char* field :
+         {"\xC3", "\xC0\xAF", "\xED\xA0\x80", "\xF4\x90\x80\x80", "\xFF", "a\r", "\x01"}) {
         const Reading reading = readText("a\tb\nx\t" + std::string(field) + "\n");
         ASSERT_EQ(reading.problems.count(), 1U) << field;
         EXPECT_THAT(reading.problems.lines()[0], HasSubstr("table.tsv:2: not well-formed"));

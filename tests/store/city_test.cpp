@@ -112,7 +112,7 @@ TEST_F(CityTest, OtherPrayerIdsAreZero) {
 }
 
 TEST_F(CityTest, TemkinToggles) {
-    const std::pair<const char*, const char*> expected[] = {{"0", "1"}, {"1", "0"}, {"2", "0"}, {"", "1"},
+    const std::pair<const char*, const char*> expected[] = {{"0", "1"}, {"1", "0"},  {"2", "0"}, {"", "1"},
                                                             {"x", "1"}, {"-1", "0"}, {" 3", "0"}};
     for (const auto& [before, after] : expected) {
         city_.temkin = before;

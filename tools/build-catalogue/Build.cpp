@@ -16,8 +16,7 @@ BuildCounts buildCatalogue(const std::string& sourceFolder, const std::string& o
     }
     progress.step("Writing the catalogue");
     Output output(outputPath);
-    writeTables(output, sources,
-                [&](std::size_t done) { progress.advance(done, sources.places.size()); });
+    writeTables(output, sources, [&](std::size_t done) { progress.advance(done, sources.places.size()); });
     output.commit();
     return {sources.places.size(), sources.countries.size()};
 }

@@ -17,8 +17,8 @@ struct BuildCounts {
     std::size_t countries = 0;
 };
 
-/// Reads `sourceFolder`, checks it, and writes `outputPath`. With faulty data nothing is written and `problems` says
-/// why; an older file then stays as it was. The same source gives the same bytes.
+/// Reads `sourceFolder`, checks it, and writes `outputPath`. With faulty data nothing is written and
+/// `problems` says why; an older file then stays as it was. The same source gives the same bytes.
 /// @throws OutputError when the output cannot be written
 BuildCounts buildCatalogue(const std::string& sourceFolder, const std::string& outputPath, Problems& problems,
                            Progress& progress);

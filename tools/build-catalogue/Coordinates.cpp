@@ -24,8 +24,9 @@ std::string secondsText(std::int64_t thousandths) {
     return text;
 }
 
-/// The pair C for which the decipherer, with `key` XOR C at hand, finds `byte` above `previous`. Where the sum leaves
-/// the eight bits the decipherer adds 255 back, unless a key of more than eight bits keeps the value above `previous`.
+/// The pair C for which the decipherer, with `key` XOR C at hand, finds `byte` above `previous`. Where the
+/// sum leaves the eight bits the decipherer adds 255 back, unless a key of more than eight bits keeps the
+/// value above `previous`.
 std::uint8_t cipherPair(std::uint8_t byte, std::uint8_t previous, std::uint16_t key) {
     constexpr unsigned kByteMask = 0xFF;
     unsigned value = static_cast<unsigned>(previous) + byte;

@@ -57,10 +57,11 @@ void checkExchangedAxes(const Sources& sources, Problems& problems) {
         const double given = mapDistance({place.latitude, place.longitude}, center);
         const double exchanged = mapDistance({place.longitude, place.latitude}, center);
         if (given > kLeastDistance && given > kClearlyNearer * exchanged) {
-            problems.add(kPlaces.file, place.line,
-                         fmt::format("{} lies {:.0f} degrees from the middle of its region: latitude {} and longitude "
-                                     "{} look exchanged",
-                                     place.name, given, place.latitude, place.longitude));
+            problems.add(
+                kPlaces.file, place.line,
+                fmt::format("{} lies {:.0f} degrees from the middle of its region: latitude {} and longitude "
+                            "{} look exchanged",
+                            place.name, given, place.latitude, place.longitude));
         }
     }
 }

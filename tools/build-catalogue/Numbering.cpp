@@ -5,8 +5,7 @@ namespace zorel::catalogue {
 
 namespace {
 
-template <typename Key>
-void numberFromOne(std::map<Key, std::int32_t>& numbers) {
+template <typename Key> void numberFromOne(std::map<Key, std::int32_t>& numbers) {
     std::int32_t next = 0;
     for (auto& [key, number] : numbers) {
         number = ++next;

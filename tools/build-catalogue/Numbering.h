@@ -11,8 +11,8 @@
 
 namespace zorel::catalogue {
 
-/// One row of the regions' table: a region as far as its places share a clock. A region that several clocks cross
-/// is several rows.
+/// One row of the regions' table: a region as far as its places share a clock. A region that several clocks
+/// cross is several rows.
 struct RegionClock {
     std::size_t region = 0; ///< position in Sources
     double gmt = 0.0;       ///< standard offset [h]

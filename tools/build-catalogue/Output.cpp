@@ -44,8 +44,8 @@ Output::Output(std::string path)
     : path_(std::move(path)), temporary_(fmt::format("{}.{}.part", path_, ::getpid())) {
     std::error_code ignored;
     std::filesystem::remove(temporary_, ignored);
-    if (sqlite3_open_v2(temporary_.c_str(), &database_, SQLITE_OPEN_READWRITE | SQLITE_OPEN_CREATE, nullptr) !=
-        SQLITE_OK) {
+    if (sqlite3_open_v2(temporary_.c_str(), &database_, SQLITE_OPEN_READWRITE | SQLITE_OPEN_CREATE,
+                        nullptr) != SQLITE_OK) {
         const std::string reason = sqlite3_errmsg(database_);
         close();
         fail(path_, reason);
@@ -85,7 +85,9 @@ Insertion::Insertion(Output& output, const std::string& statement) : output_(out
     check(sqlite3_prepare_v2(output.handle(), statement.c_str(), -1, &statement_, nullptr));
 }
 
-Insertion::~Insertion() { sqlite3_finalize(statement_); }
+Insertion::~Insertion() {
+    sqlite3_finalize(statement_);
+}
 
 void Insertion::check(int result) const {
     if (result != SQLITE_OK && result != SQLITE_DONE) {

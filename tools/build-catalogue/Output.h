@@ -20,8 +20,8 @@ public:
     using std::runtime_error::runtime_error;
 };
 
-/// A new database beside the place where it is to stand. Destroyed before commit(), it leaves nothing behind and an
-/// older file untouched.
+/// A new database beside the place where it is to stand. Destroyed before commit(), it leaves nothing behind
+/// and an older file untouched.
 class Output {
 public:
     /// @throws OutputError, as every function here does

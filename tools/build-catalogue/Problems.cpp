@@ -13,7 +13,8 @@ void Problems::add(std::string_view file, std::size_t line, std::string_view tex
     if (++count_ > kKept) {
         return;
     }
-    lines_.push_back(line == 0 ? fmt::format("{}: {}", file, text) : fmt::format("{}:{}: {}", file, line, text));
+    lines_.push_back(line == 0 ? fmt::format("{}: {}", file, text)
+                               : fmt::format("{}:{}: {}", file, line, text));
 }
 
 } // namespace zorel::catalogue

@@ -32,6 +32,8 @@ void Progress::advance(std::size_t done, std::size_t all) {
     percent_ = percent;
 }
 
-void Progress::finish(std::string_view summary) { draw(summary, true); }
+void Progress::finish(std::string_view summary) {
+    draw(summary, true);
+}
 
 } // namespace zorel::catalogue

@@ -9,7 +9,8 @@
 
 namespace zorel::catalogue {
 
-/// Writes to standard error: on a terminal one line that is redrawn at every percent, elsewhere one line per step.
+/// Writes to standard error: on a terminal one line that is redrawn at every percent, elsewhere one line per
+/// step.
 class Progress {
 public:
     explicit Progress(bool quiet);

@@ -18,10 +18,11 @@ constexpr std::array<Names, 19> kZoneColumns{
     "zone",          "gmt",         "dst",          "startmonth", "startday", "stopmonth", "stopday",
     "hour",          "exact",       "days2026",     "days2027",   "days2028", "days2029",  "days2030",
     "lawstartmonth", "lawstartday", "lawstopmonth", "lawstopday", "places"};
-constexpr std::array<Names, 11> kPlaceColumns{"geonameid", "name",     "asciiname", "alternates",
-                                              "country",   "admin1",   "latitude",  "longitude",
-                                              "elevation", "zone",     "population"};
-constexpr std::array<Names, 6> kCreditColumns{"part", "source", "edition", "licence", "credit", "licence_file"};
+constexpr std::array<Names, 11> kPlaceColumns{"geonameid", "name",   "asciiname", "alternates",
+                                              "country",   "admin1", "latitude",  "longitude",
+                                              "elevation", "zone",   "population"};
+constexpr std::array<Names, 6> kCreditColumns{"part",    "source", "edition",
+                                              "licence", "credit", "licence_file"};
 
 constexpr std::int64_t kLargestId = 2147483647; // ids are read as 32-bit numbers
 constexpr std::int64_t kLastDayCode = 65;       // the last Saturday
@@ -55,8 +56,7 @@ std::optional<std::int32_t> parseElevation(RowReader& reader) {
     return static_cast<std::int32_t>(reader.integer(8, "elevation", -500, 6000));
 }
 
-template <typename Record>
-std::optional<Record> whenGood(const RowReader& reader, const Record& record) {
+template <typename Record> std::optional<Record> whenGood(const RowReader& reader, const Record& record) {
     return reader.good() ? std::optional<Record>(record) : std::nullopt;
 }
 

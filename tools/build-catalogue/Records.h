@@ -25,8 +25,8 @@ struct Region {
     std::string_view name;
 };
 
-/// Daylight-saving rule: months from 0; a day code below 31 is a day of the month from 0, 31 + 5 * weekday + n the
-/// n-th weekday (0 = Sunday, n = 4 the last); all 0 without a rule.
+/// Daylight-saving rule: months from 0; a day code below 31 is a day of the month from 0, 31 + 5 * weekday +
+/// n the n-th weekday (0 = Sunday, n = 4 the last); all 0 without a rule.
 struct DstRule {
     std::int32_t dst = 0; ///< 1: there is a rule
     std::int32_t startMonth = 0;
@@ -52,8 +52,8 @@ struct Place {
     std::string_view alternates; ///< separated by commas
     std::string_view country;
     std::string_view admin1;
-    double latitude = 0.0;  ///< [deg, north positive]
-    double longitude = 0.0; ///< [deg, east positive]
+    double latitude = 0.0;                 ///< [deg, north positive]
+    double longitude = 0.0;                ///< [deg, east positive]
     std::optional<std::int32_t> elevation; ///< [m]
     std::string_view zone;
     std::int64_t population = 0; ///< 0 = unknown

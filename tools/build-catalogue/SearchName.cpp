@@ -17,10 +17,25 @@ namespace zorel::catalogue {
 
 namespace {
 
-constexpr std::array<std::pair<UChar32, std::string_view>, 19> kPlainLetters{
-    {{0x131, "i"},  {0xD8, "O"},   {0xF8, "o"},  {0x141, "L"}, {0x142, "l"}, {0x110, "D"}, {0x111, "d"},
-     {0xDF, "ss"},  {0x1E9E, "SS"}, {0xC6, "AE"}, {0xE6, "ae"}, {0x152, "OE"}, {0x153, "oe"}, {0xD0, "D"},
-     {0xF0, "d"},   {0xDE, "TH"},  {0xFE, "th"}, {0x18F, "E"}, {0x259, "e"}}};
+constexpr std::array<std::pair<UChar32, std::string_view>, 19> kPlainLetters{{{0x131, "i"},
+                                                                              {0xD8, "O"},
+                                                                              {0xF8, "o"},
+                                                                              {0x141, "L"},
+                                                                              {0x142, "l"},
+                                                                              {0x110, "D"},
+                                                                              {0x111, "d"},
+                                                                              {0xDF, "ss"},
+                                                                              {0x1E9E, "SS"},
+                                                                              {0xC6, "AE"},
+                                                                              {0xE6, "ae"},
+                                                                              {0x152, "OE"},
+                                                                              {0x153, "oe"},
+                                                                              {0xD0, "D"},
+                                                                              {0xF0, "d"},
+                                                                              {0xDE, "TH"},
+                                                                              {0xFE, "th"},
+                                                                              {0x18F, "E"},
+                                                                              {0x259, "e"}}};
 
 bool isAscii(std::string_view text) {
     return std::all_of(text.begin(), text.end(), [](char c) { return static_cast<unsigned char>(c) < 0x80; });
@@ -38,8 +53,7 @@ UScriptCode scriptOf(UChar32 character) {
     return uscript_getScript(character, &status);
 }
 
-template <typename Take>
-void forEachCharacter(std::string_view text, Take take) {
+template <typename Take> void forEachCharacter(std::string_view text, Take take) {
     for (std::size_t at = 0; at < text.size();) {
         const std::size_t start = at;
         const UChar32 character = nextCharacter(text, at);
@@ -70,15 +84,17 @@ void appendPlainLetter(std::string& text, UChar32 letter) {
     }
 }
 
-bool isAccent(UChar32 character) { return u_charType(character) == U_NON_SPACING_MARK; }
+bool isAccent(UChar32 character) {
+    return u_charType(character) == U_NON_SPACING_MARK;
+}
 
 /// A Latin letter without its accents.
 void appendStripped(std::string& text, UChar32 letter) {
     UErrorCode status = U_ZERO_ERROR;
     const UNormalizer2* const canonical = unorm2_getNFDInstance(&status);
     std::array<UChar, 32> parts{};
-    const std::int32_t count =
-        unorm2_getDecomposition(canonical, letter, parts.data(), static_cast<std::int32_t>(parts.size()), &status);
+    const std::int32_t count = unorm2_getDecomposition(canonical, letter, parts.data(),
+                                                       static_cast<std::int32_t>(parts.size()), &status);
     if (U_FAILURE(status) || count < 0) {
         appendPlainLetter(text, letter);
         return;

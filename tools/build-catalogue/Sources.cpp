@@ -11,8 +11,7 @@ namespace zorel::catalogue {
 namespace {
 
 using RegionKey = std::pair<std::string_view, std::string_view>; ///< country, admin1
-template <typename Key>
-using Positions = std::map<Key, std::size_t>;
+template <typename Key> using Positions = std::map<Key, std::size_t>;
 
 /// Reads one folder into `sources`, file after file, with the positions of what later files refer to.
 class Loader {
@@ -32,9 +31,9 @@ public:
                     [this](const TsvRow& row, const Place& place) { takePlace(row, place); });
         read<Credit>(kCredits, parseCredit,
                      [this](const TsvRow& row, const Credit& credit) { takeCredit(row, credit); });
-        std::stable_sort(
-            sources_.places.begin(), sources_.places.end(),
-            [](const auto& a, const auto& b) { return a.place.population > b.place.population; });
+        std::stable_sort(sources_.places.begin(), sources_.places.end(), [](const auto& a, const auto& b) {
+            return a.place.population > b.place.population;
+        });
         return std::move(sources_);
     }
 

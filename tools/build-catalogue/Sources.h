@@ -25,8 +25,8 @@ struct CreditText {
     std::string licenceText;
 };
 
-/// The checked source data. Places are ordered by population, largest first; places of equal population keep the
-/// order of the file.
+/// The checked source data. Places are ordered by population, largest first; places of equal population keep
+/// the order of the file.
 struct Sources {
     std::vector<Country> countries;
     std::vector<Region> regions;
@@ -39,8 +39,8 @@ struct Sources {
     [[nodiscard]] static Sources read(const std::filesystem::path& folder, Problems& problems);
 };
 
-/// Adds to `problems` every place that lies more than three degrees from the median place of its region, while it
-/// would lie at less than half that distance with latitude and longitude exchanged.
+/// Adds to `problems` every place that lies more than three degrees from the median place of its region,
+/// while it would lie at less than half that distance with latitude and longitude exchanged.
 void checkExchangedAxes(const Sources& sources, Problems& problems);
 
 } // namespace zorel::catalogue

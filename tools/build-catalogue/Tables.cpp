@@ -9,10 +9,11 @@ namespace zorel::catalogue {
 
 namespace {
 
-/// CITY keeps its own row numbers, apart from ID, and has no index that a search could walk instead of the table: the
-/// rows come out as they were inserted. The other tables are looked up by their integer primary keys.
+/// CITY keeps its own row numbers, apart from ID, and has no index that a search could walk instead of the
+/// table: the rows come out as they were inserted. The other tables are looked up by their integer primary
+/// keys.
 constexpr const char* kSchema = R"(
-PRAGMA page_size = 8192;
+PRAGMA page_size = 16384;
 PRAGMA journal_mode = OFF;
 PRAGMA synchronous = OFF;
 PRAGMA application_id = 1515148882;
@@ -30,7 +31,9 @@ CREATE TABLE CITY (NAMESRC TEXT, NAME TEXT, ID INTEGER, PARENT INTEGER, LAT TEXT
 
 constexpr const char* kFinish = "CREATE UNIQUE INDEX CITY_ID ON CITY (ID); COMMIT;";
 
-std::int64_t numbered(std::size_t position) { return static_cast<std::int64_t>(position) + 1; }
+std::int64_t numbered(std::size_t position) {
+    return static_cast<std::int64_t>(position) + 1;
+}
 
 void writeCredits(Output& output, const Sources& sources) {
     Insertion row(output, "INSERT INTO CREDITS VALUES (?, ?, ?, ?, ?, ?)");
@@ -77,12 +80,14 @@ void writeRegions(Output& output, const Sources& sources, const Numbering& numbe
     }
 }
 
-bool usesTurkishLetters(std::string_view country) { return country == "TR" || country == "CY" || country == "AZ"; }
+bool usesTurkishLetters(std::string_view country) {
+    return country == "TR" || country == "CY" || country == "AZ";
+}
 
 std::string searchTextOf(const Place& place) {
     const bool turkish = usesTurkishLetters(place.country);
-    return searchableName({place.name, place.asciiName, place.alternates,
-                           turkish || place.population >= kLargePlace, turkish});
+    return searchableName(
+        {place.name, place.asciiName, place.alternates, turkish || place.population >= kLargePlace, turkish});
 }
 
 void writePlaces(Output& output, const Sources& sources, const Numbering& numbering,

@@ -19,8 +19,8 @@ inline constexpr std::int64_t kLargePlace = 100'000;
 /// Told now and then how many places are written.
 using PlacesWritten = std::function<void(std::size_t)>;
 
-/// Writes all tables. Places are inserted in the order of `sources`: the city search has no order of its own and
-/// scans them as they were inserted.
+/// Writes all tables. Places are inserted in the order of `sources`: the city search has no order of its own
+/// and scans them as they were inserted.
 /// @throws OutputError
 void writeTables(Output& output, const Sources& sources, const PlacesWritten& written);
 

@@ -81,7 +81,8 @@ void TsvFile::takeLine(std::string_view line, std::size_t number, Problems& prob
 void TsvFile::forEachRow(Problems& problems, const std::function<void(const TsvRow&)>& take) const {
     std::string_view rest(text_.data(), text_.size());
     if (!headerFits(takeFirstLine(rest))) {
-        problems.add(layout_.file, 1, fmt::format("the header is not \"{}\"", fmt::join(layout_.columns, " ")));
+        problems.add(layout_.file, 1,
+                     fmt::format("the header is not \"{}\"", fmt::join(layout_.columns, " ")));
         return;
     }
     for (std::size_t number = 2; !rest.empty(); ++number) {

@@ -40,8 +40,8 @@ public:
     /// The same from text already in memory.
     static TsvFile fromText(std::string_view text, const TsvLayout& layout);
 
-    /// Hands over every data line that has the right number of fields and is well-formed UTF-8 without control
-    /// characters; adds the others, and a wrong header, to `problems`.
+    /// Hands over every data line that has the right number of fields and is well-formed UTF-8 without
+    /// control characters; adds the others, and a wrong header, to `problems`.
     void forEachRow(Problems& problems, const std::function<void(const TsvRow&)>& take) const;
 
 private:

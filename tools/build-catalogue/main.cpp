@@ -59,7 +59,8 @@ int reportProblems(const zorel::catalogue::Problems& problems) {
     if (problems.count() > problems.lines().size()) {
         fmt::print(stderr, "... and {} more\n", problems.count() - problems.lines().size());
     }
-    fmt::print(stderr, "build-catalogue: nothing written, {} fault(s) in the source data\n", problems.count());
+    fmt::print(stderr, "build-catalogue: nothing written, {} fault(s) in the source data\n",
+               problems.count());
     return kFaultyData;
 }
 
@@ -71,8 +72,8 @@ int build(const Arguments& arguments) {
     if (!problems.empty()) {
         return reportProblems(problems);
     }
-    progress.finish(fmt::format("{}: {} places in {} countries", arguments.paths[1], counts.places,
-                                counts.countries));
+    progress.finish(
+        fmt::format("{}: {} places in {} countries", arguments.paths[1], counts.places, counts.countries));
     return kBuilt;
 }
 
