@@ -4,6 +4,7 @@
 #include "engine/FastAstro.h"
 #include "engine/MoonDay.h"
 #include "tests/engine/Places.h"
+#include "tests/engine/Steps.h"
 
 #include <charconv>
 #include <cmath>
@@ -242,7 +243,7 @@ TEST(DeltaTime, FollowsTheRecord) {
 }
 
 TEST(DeltaTime, IsContinuousWithinSeconds) {
-    for (double year = 1600.5; year < 2400.0; year += 0.5) {
+    for (const double year : testing::steps(1600.5, 2400.0, 0.5)) {
         const double julianDay = 2451545.0 + (year - 2000.0) * 365.25;
         ASSERT_NEAR(DeltaT(julianDay + 182.625), DeltaT(julianDay), 5.0) << year;
     }

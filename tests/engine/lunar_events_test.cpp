@@ -3,6 +3,7 @@
 #include "engine/FastAstro.h"
 #include "engine/MoonDayScan.h"
 #include "tests/engine/Places.h"
+#include "tests/engine/Steps.h"
 
 #include <bit>
 #include <cmath>
@@ -173,7 +174,7 @@ TEST(MoonSearch, ParabolasWithoutCurvatureOrCrossingHaveNoEvents) {
 TEST(MoonSearch, SiderealTimesOfBothAltitudeSinesAgree) {
     FastAstro engine;
     engine.SetLatLon(41.0, 29.0);
-    for (double julianDay = 2451545.0; julianDay < 2460000.0; julianDay += 333.3) {
+    for (const double julianDay : testing::steps(2451545.0, 2460000.0, 333.3)) {
         EXPECT_NEAR(engine.SinElev2(julianDay, 41.0, -29.0, 10.0, 5.0),
                     engine.SinElev(julianDay, 41.0, -29.0, 10.0, 5.0), 1e-4);
         // The longitude argument has no part in it.
@@ -204,7 +205,7 @@ TEST(MoonTransit, LeavesTheAltitudeOfTheLastMinute) {
 
 TEST(MoonPhases, IlluminationFollowsTheElongation) {
     FastAstro engine;
-    for (double julianDay = 2305447.5; julianDay < 2597641.5; julianDay += 311.1) { // 1600 to 2400
+    for (const double julianDay : testing::steps(2305447.5, 2597641.5, 311.1)) { // 1600 to 2400
         const double lit = engine.Phase((julianDay - 2451545.0) / 36525.0);
         const double elongation = engine.MoonElongation(julianDay);
         ASSERT_GE(lit, 0.0);
@@ -238,7 +239,7 @@ TEST(MoonPhases, FullMoonOfJanuary2000) {
 
 TEST(MoonPhases, PhasesFollowEachOther) {
     const FastAstro engine;
-    for (double year = 1600.02; year < 2400.0; year += 0.731) {
+    for (const double year : testing::steps(1600.02, 2400.0, 0.731)) {
         const double newMoon = engine.MoonPhaze(year, 0);
         ASSERT_NEAR(engine.MoonPhaze(year, 2) - newMoon, 7.4, 1.1) << year;
         ASSERT_NEAR(engine.MoonPhaze(year, 1) - newMoon, 14.77, 1.1) << year;

@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: Apache-2.0
 // The arithmetic and the observed Hijri calendar, the crescent search, the record of all calendars.
 #include "engine/FastAstro.h"
+#include "tests/engine/Steps.h"
 
 #include <cmath>
 #include <gtest/gtest.h>
@@ -79,7 +80,7 @@ TEST(CrescentSearch, EndsForEveryNewMoonOfFourCenturies) {
     FastAstro engine;
     int inside = 0;
     int all = 0;
-    for (double year = 1800.0; year < 2200.0; year += 0.4321) {
+    for (const double year : testing::steps(1800.0, 2200.0, 0.4321)) {
         DateTimeRecord record;
         engine.astroGlobalFuncs.JulianToCalendar(engine.MoonPhaze(year, 0), record, 1);
         engine.GetCrescentDate(record);
@@ -105,7 +106,7 @@ class ObservedHijri : public ::testing::TestWithParam<double> {};
 TEST_P(ObservedHijri, MonthsHave29Or30DaysFrom1900To2100) {
     FastAstro engine = hijriEngine(GetParam());
     HijriDate before = observed(engine, {1899, 12, 31});
-    for (double day = midnight(1900, 1, 1); day <= midnight(2100, 12, 31); day += 1.0) {
+    for (const double day : testing::steps(midnight(1900, 1, 1), midnight(2100, 12, 31), 1.0)) {
         const DateTimeRecord date = dateOf(day);
         const HijriDate hijri = observed(engine, date);
         const bool next =
@@ -125,7 +126,7 @@ INSTANTIATE_TEST_SUITE_P(Zones, ObservedHijri, ::testing::Values(3.0, -11.0));
 TEST(ObservedHijriMonths, StartEvery29Or30DaysFrom1600To2400) {
     FastAstro engine = hijriEngine();
     double before = 0.0;
-    for (double day = midnight(1600, 1, 1); day <= midnight(2400, 12, 31); day += 14.0) {
+    for (const double day : testing::steps(midnight(1600, 1, 1), midnight(2400, 12, 31), 14.0)) {
         const DateTimeRecord date = dateOf(day);
         const std::optional<HijriMonthStart> month = engine.FindHijriMonth(date.day, date.month, date.year);
         ASSERT_TRUE(month.has_value()) << date.year;
@@ -151,7 +152,7 @@ TEST(ObservedHijriMonths, TheThirtiethKeepsItsArithmeticYear) {
 TEST(ObservedHijriMonths, StaysNearTheArithmeticCalendar) {
     FastAstro engine = hijriEngine();
     std::set<int> differences;
-    for (double day = midnight(1900, 1, 1); day <= midnight(2100, 12, 31); day += 5.0) {
+    for (const double day : testing::steps(midnight(1900, 1, 1), midnight(2100, 12, 31), 5.0)) {
         const DateTimeRecord date = dateOf(day);
         const HijriDate real = observed(engine, date);
         const HijriDate arithmetic = engine.astroGlobalFuncs.GregJulToHicri(date.day, date.month, date.year);
@@ -166,7 +167,7 @@ TEST(ObservedHijriMonths, StaysNearTheArithmeticCalendar) {
 TEST(ObservedHijriMonths, OneEngineForAllDaysGivesWhatAFreshOneGives) {
     FastAstro engine = hijriEngine();
     int count = 0;
-    for (double day = midnight(1900, 1, 1); day <= midnight(2100, 12, 31); day += 1.0) {
+    for (const double day : testing::steps(midnight(1900, 1, 1), midnight(2100, 12, 31), 1.0)) {
         const DateTimeRecord date = dateOf(day);
         const HijriDate sequence = observed(engine, date);
         if (++count % 13 != 0) {
@@ -209,7 +210,7 @@ TEST(ObservedHijriMonths, LateNewMoonsStartTheMonthOnEitherDay) {
     int onCrescentDay = 0;
     int dayAfter = 0;
     std::set<double> seen;
-    for (double day = midnight(2000, 1, 1); day <= midnight(2040, 1, 1); day += 20.0) {
+    for (const double day : testing::steps(midnight(2000, 1, 1), midnight(2040, 1, 1), 20.0)) {
         const DateTimeRecord date = dateOf(day);
         const auto month = engine.FindHijriMonth(date.day, date.month, date.year);
         ASSERT_TRUE(month.has_value());
@@ -235,7 +236,7 @@ TEST(ObservedHijriMonths, AdvancesTheArithmeticMonthAtItsEnd) {
     FastAstro engine = hijriEngine();
     int advanced = 0;
     int yearEnds = 0;
-    for (double day = midnight(1900, 1, 1); day <= midnight(2100, 12, 31); day += 1.0) {
+    for (const double day : testing::steps(midnight(1900, 1, 1), midnight(2100, 12, 31), 1.0)) {
         const DateTimeRecord date = dateOf(day);
         const HijriDate arithmetic = engine.astroGlobalFuncs.GregJulToHicri(date.day, date.month, date.year);
         if (arithmetic.day < 28) {

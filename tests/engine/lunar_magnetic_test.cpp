@@ -2,6 +2,7 @@
 // The magnetic field: decimal years, sexagesimal angles, extrapolation, synthesis, undefined directions.
 #include "engine/MagneticVariation.h"
 #include "engine/series/Igrf11.h"
+#include "tests/engine/Steps.h"
 
 #include <cmath>
 #include <gtest/gtest.h>
@@ -94,8 +95,8 @@ TEST(MagneticField, ThePoleIsEvaluatedJustBesideIt) {
 
 TEST(MagneticField, PartsMakeUpTheWhole) {
     MagneticVariation field;
-    for (double latitude = -90.0; latitude <= 90.0; latitude += 15.0) {
-        for (double longitude = -180.0; longitude < 180.0; longitude += 30.0) {
+    for (const double latitude : testing::steps(-90.0, 90.0, 15.0)) {
+        for (const double longitude : testing::steps(-180.0, 180.0, 30.0)) {
             const double declination = field.getMagneticVariation(1, 1, 2012, latitude, longitude, 100.0);
             const double H = std::hypot(field.iNorthwardComp, field.iEastwardComp);
             ASSERT_NEAR(field.iHorizontalIntensity, H, 1e-6);
@@ -117,7 +118,7 @@ TEST(MagneticField, HasNoCurl) {
         field.SHVAL3(0, latitude, longitude, 6371.2, 13, MagneticVariation::kDateSet);
         return std::pair{field.iNorthwardComp, field.iEastwardComp};
     };
-    for (double latitude = -80.0; latitude <= 80.0; latitude += 20.0) {
+    for (const double latitude : testing::steps(-80.0, 80.0, 20.0)) {
         const double northByLongitude =
             (components(latitude, 33.0 + step).first - components(latitude, 33.0 - step).first) /
             (2.0 * step);

@@ -4,6 +4,7 @@
 #include "engine/MoonCompute.h"
 #include "engine/Single.h"
 #include "tests/engine/Places.h"
+#include "tests/engine/Steps.h"
 
 #include <cmath>
 #include <gtest/gtest.h>
@@ -49,7 +50,7 @@ TEST(MoonCompute, BringsAnglesIntoOneTurn) {
 // Arguments and results are single precision: the nearest float or the one beside it.
 TEST(MoonCompute, TakesItsTrigonometryInSinglePrecision) {
     const MoonCompute moon;
-    for (double degrees = -720.0; degrees <= 720.0; degrees += 0.37) {
+    for (const double degrees : testing::steps(-720.0, 720.0, 0.37)) {
         const auto angle =
             static_cast<double>(static_cast<float>(moon.PutIn360(degrees) * 0.01745329238474369));
         for (const auto& [value, exact] : {std::pair{moon.Sin_Deg(degrees), std::sin(angle)},
@@ -68,7 +69,7 @@ TEST(MoonCompute, TakesItsTrigonometryInSinglePrecision) {
 
 TEST(MoonCompute, ObliquityIsTheMeanOne) {
     const MoonCompute moon;
-    for (double julianDay = 2305447.5; julianDay < 2597641.5; julianDay += 997.25) { // 1600 to 2400
+    for (const double julianDay : testing::steps(2305447.5, 2597641.5, 997.25)) { // 1600 to 2400
         double psi = 0.0;
         double epsilon = 0.0;
         moon.Calc_Epsilon_Phi(julianDay, psi, epsilon);
@@ -112,7 +113,7 @@ TEST(MoonCompute, ApparentLongitudeIsWrittenBack) {
 }
 
 TEST(MoonCompute, StaysInItsBoundsFor800Years) {
-    for (double julianDay = 2305447.5; julianDay < 2597641.5; julianDay += 61.37) {
+    for (const double julianDay : testing::steps(2305447.5, 2597641.5, 61.37)) {
         const Position p = fullPosition(julianDay);
         ASSERT_GE(p.rightAscension, 0.0) << julianDay;
         ASSERT_LT(p.rightAscension, 24.0) << julianDay;
@@ -124,7 +125,7 @@ TEST(MoonCompute, StaysInItsBoundsFor800Years) {
 
 TEST(MoonPosition, BothTheoriesAgree) {
     FastAstro engine;
-    for (double julianDay = 2415020.5; julianDay < 2488069.5; julianDay += 17.61) { // 1900 to 2100
+    for (const double julianDay : testing::steps(2415020.5, 2488069.5, 17.61)) { // 1900 to 2100
         engine.MoonDecRA(julianDay);
         // The short series keeps the equinox of date but the obliquity of J2000.
         const Position p = fullPosition(julianDay);
@@ -153,7 +154,7 @@ TEST(MoonPosition, FullTheoryFillsTheFieldsOfTheEngine) {
 TEST(MoonPosition, SiderealTimeOfTheMoonIsThatOfTheSun) {
     FastAstro engine;
     engine.SetLatLon(41.0, 28.9784);
-    for (double julianDay = 2451544.5; julianDay < 2470000.0; julianDay += 123.456) {
+    for (const double julianDay : testing::steps(2451544.5, 2470000.0, 123.456)) {
         const double moon = engine.MoonSideRealTime(julianDay) / 3600.0;
         const double sun = engine.LM_Sidereal_Time(julianDay, -28.9784);
         ASSERT_NEAR(std::remainder(moon - sun, 24.0), 0.0, 0.0005) << julianDay;
@@ -177,7 +178,7 @@ TEST(Topocentric, GeocentricLatitudeAtPolesAndEquator) {
 
 TEST(Topocentric, GeocentricLatitudeIsANumberEverywhere) {
     FastAstro engine;
-    for (double latitude = -90.0; latitude <= 90.0; latitude += 0.0371) {
+    for (const double latitude : testing::steps(-90.0, 90.0, 0.0371)) {
         engine.SetLatLon(latitude, 0.0);
         engine.CalculateTLong();
         ASSERT_TRUE(std::isfinite(engine.tLat)) << latitude;

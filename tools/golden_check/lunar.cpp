@@ -2,6 +2,8 @@
 // Runners of the Moon's position, events, phases and records.
 #include "lunar_support.h"
 
+#include <utility>
+
 namespace zorel::golden {
 
 namespace {
@@ -17,7 +19,8 @@ template <typename Function> Runner ofOneNumber(Function function) {
 void addAngleHelpers(Registry& registry) {
     const auto add = [&registry](const char* name, double (MoonCompute::*method)(double) const,
                                  std::vector<Field> fields = {}) {
-        registry.add({name, ofOneNumber([method](double x) { return (MoonCompute{}.*method)(x); }), fields});
+        registry.add({name, ofOneNumber([method](double x) { return (MoonCompute{}.*method)(x); }),
+                      std::move(fields)});
     };
     add("PutIn360", &MoonCompute::PutIn360, {{.position = 0, .period = kTurn}});
     add("Cos_Deg", &MoonCompute::Cos_Deg);
