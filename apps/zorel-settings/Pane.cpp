@@ -20,6 +20,14 @@ double desktopTextScale() {
     return std::clamp(pixels / usualPixels, 0.8, 2.5);
 }
 
+/// A picture has the usual size unless it is asked for otherwise.
+double textScale(const Arguments& arguments) {
+    if (arguments.textScale > 0.0) {
+        return arguments.textScale;
+    }
+    return arguments.screenshot.empty() ? desktopTextScale() : 1.0;
+}
+
 UISearchBar* searchBarIn(UIView& view) {
     for (UIView* subview : view.subviews()) {
         if (subview->kind() == UIViewKind::searchBar) {
@@ -33,7 +41,7 @@ UISearchBar* searchBarIn(UIView& view) {
 
 Pane::Pane(const Arguments& arguments, const QString& problem) : host_(currentLocale().starts_with("tr")) {
     host_.setProblem(problem);
-    host_.setTextScale(arguments.textScale > 0.0 ? arguments.textScale : desktopTextScale());
+    host_.setTextScale(textScale(arguments));
     if (!arguments.appearance.empty()) {
         host_.setDark(arguments.appearance == "dark");
     }
@@ -54,10 +62,10 @@ void Pane::openScreen(const std::string& screen, const std::string& searchText) 
         constexpr int alarms = 1;
         controller_->table().userSelectsRow({alarms, 0});
     } else if (screen == "search") {
-        controller_->openCitySearch();
+        controller_->delegateUICityHeaderView_AddTapped(controller_->cityHeaderView().buttonAdd());
         UIView* view = navigation_->topViewController()->view();
         if (UISearchBar* bar = searchBarIn(*view); bar != nullptr && !searchText.empty()) {
-            bar->userTypes(searchText);
+            bar->setText(searchText);
             bar->userTapsSearch();
         }
     }

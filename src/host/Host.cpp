@@ -93,10 +93,28 @@ void Host::followPalette() {
 }
 
 bool Host::eventFilter(QObject* object, QEvent* event) {
-    if (event->type() == QEvent::ApplicationPaletteChange) {
+    switch (event->type()) {
+    case QEvent::ApplicationPaletteChange:
         followPalette();
+        break;
+    case QEvent::KeyPress:
+        noteKeyboard(true);
+        break;
+    case QEvent::MouseButtonPress:
+    case QEvent::TouchBegin:
+        noteKeyboard(false);
+        break;
+    default:
+        break;
     }
     return QObject::eventFilter(object, event);
+}
+
+void Host::noteKeyboard(bool used) {
+    if (keyboardUsed_ != used) {
+        keyboardUsed_ = used;
+        emit keyboardUsedChanged();
+    }
 }
 
 QString Host::deleteWord() const {
@@ -295,6 +313,12 @@ void Host::viewControllerPushed(UINavigationController& navigation, UIViewContro
 
 void Host::viewControllerPopped(UINavigationController& /*navigation*/, UIViewController& controller,
                                 bool animated) {
+    // What the user did on that screen may show in the rows of the others.
+    for (ViewHandle* handle : std::as_const(handles_)) {
+        if (auto* table = qobject_cast<TableHandle*>(handle); table != nullptr) {
+            table->refreshDetails();
+        }
+    }
     if (PageHandle* gone = pages_.take(&controller); gone != nullptr) {
         emit popped(gone, animated);
         // The screen still slides away.

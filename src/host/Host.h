@@ -53,6 +53,7 @@ class Host : public QObject, public UIObserver {
     Q_PROPERTY(QString deleteWord READ deleteWord CONSTANT)
     Q_PROPERTY(QString backWord READ backWord CONSTANT)
     Q_PROPERTY(QString clearWord READ clearWord CONSTANT)
+    Q_PROPERTY(bool keyboardUsed READ keyboardUsed NOTIFY keyboardUsedChanged)
     Q_PROPERTY(bool sheetVisible READ sheetVisible NOTIFY sheetChanged)
     Q_PROPERTY(QString sheetTitle READ sheetTitle NOTIFY sheetChanged)
     Q_PROPERTY(QStringList sheetButtons READ sheetButtons NOTIFY sheetChanged)
@@ -80,6 +81,8 @@ public:
     [[nodiscard]] QString deleteWord() const;
     [[nodiscard]] QString backWord() const;
     [[nodiscard]] QString clearWord() const;
+    /// Whether the last thing touched was the keyboard: then the focus is marked.
+    [[nodiscard]] bool keyboardUsed() const { return keyboardUsed_; }
     [[nodiscard]] bool sheetVisible() const { return sheet_.get() != nullptr; }
     [[nodiscard]] QString sheetTitle() const;
     [[nodiscard]] QStringList sheetButtons() const;
@@ -119,6 +122,7 @@ public:
 
 signals:
     void darkChanged();
+    void keyboardUsedChanged();
     void sheetChanged();
     void pushed(zorel::PageHandle* page, bool animated);
     void popped(zorel::PageHandle* page, bool animated);
@@ -133,6 +137,7 @@ private:
     void schedule();
     void wake();
     void followPalette();
+    void noteKeyboard(bool used);
 
     QHash<const UIView*, ViewHandle*> handles_;
     QHash<const UIViewController*, PageHandle*> pages_;
@@ -146,6 +151,7 @@ private:
     bool turkish_;
     bool dark_ = false;
     bool darkFixed_ = false;
+    bool keyboardUsed_ = false;
 };
 
 } // namespace zorel

@@ -131,6 +131,8 @@ QVariant TableModel::rowData(UITableView& table, NSIndexPath path, int role) con
         return table.heightForRow(path);
     case deletableRole:
         return table.canDeleteRow(path);
+    case detailRole:
+        return text(table.detailForRow(path));
     case firstRole:
         return path.row == 0;
     case lastRole:
@@ -154,6 +156,12 @@ QVariant TableModel::cellData(UITableViewCell& cell, int role) const {
         return QVariant::fromValue(host_.handle(cell.accessoryView()));
     default:
         return {};
+    }
+}
+
+void TableModel::refreshDetails() {
+    if (!entries_.empty()) {
+        emit dataChanged(index(0), index(rowCount() - 1), {detailRole});
     }
 }
 

@@ -42,6 +42,8 @@ public:
     [[nodiscard]] QHash<int, QByteArray> roleNames() const override;
     /// Asks the data source anew.
     void reload();
+    /// Asks for the rows' second texts anew.
+    void refreshDetails();
 
     Q_INVOKABLE void select(int section, int row);
     Q_INVOKABLE void remove(int section, int row);
@@ -80,6 +82,7 @@ public:
     [[nodiscard]] bool grouped() const;
     [[nodiscard]] bool selectable() const;
     void reload() { model_.reload(); }
+    void refreshDetails() { model_.refreshDetails(); }
 
 private:
     TableModel model_;

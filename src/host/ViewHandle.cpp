@@ -158,6 +158,10 @@ QString SearchHandle::placeholder() const {
                              : QString();
 }
 
+QString SearchHandle::text() const {
+    return view() != nullptr ? QString::fromStdString(static_cast<UISearchBar*>(view())->text()) : QString();
+}
+
 bool SearchHandle::focused() const {
     return view() != nullptr && static_cast<UISearchBar*>(view())->isFirstResponder();
 }

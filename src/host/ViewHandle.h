@@ -91,11 +91,13 @@ signals:
 class SearchHandle : public ViewHandle {
     Q_OBJECT
     Q_PROPERTY(QString placeholder READ placeholder NOTIFY changed)
+    Q_PROPERTY(QString text READ text NOTIFY changed)
     Q_PROPERTY(bool focused READ focused NOTIFY focusedChanged)
 
 public:
     using ViewHandle::ViewHandle;
     [[nodiscard]] QString placeholder() const;
+    [[nodiscard]] QString text() const;
     [[nodiscard]] bool focused() const;
     Q_INVOKABLE void type(const QString& text);
     Q_INVOKABLE void search();

@@ -80,6 +80,8 @@ public:
     int numberOfSectionsInTableView(UITableView& table) override;
     int numberOfRowsInSection(UITableView& table, int section) override;
     double heightForRowAtIndexPath(UITableView& table, NSIndexPath indexPath) override;
+    /// Beside an alarm: summaryOfAlarm.
+    std::string detailForRowAtIndexPath(UITableView& table, NSIndexPath indexPath) override;
     std::string titleForHeaderInSection(UITableView& table, int section) override;
     UIView* viewForHeaderInSection(UITableView& table, int section) override;
     double heightForHeaderInSection(UITableView& table, int section) override;

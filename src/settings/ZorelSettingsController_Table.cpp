@@ -162,6 +162,10 @@ std::optional<std::string> ZorelSettingsController::noticeForAlarm(std::int32_t 
     return textForKey(*glbFuncs_, kNoSuchTimeKey);
 }
 
+std::string ZorelSettingsController::detailForRowAtIndexPath(UITableView& /*table*/, NSIndexPath indexPath) {
+    return indexPath.section == alarmSection ? summaryOfAlarm(indexPath.row + kFirstAlarmPrayerId) : std::string();
+}
+
 std::string ZorelSettingsController::summaryOfAlarm(std::int32_t prayerId) const {
     const City* home = homeCity();
     if (home == nullptr) {

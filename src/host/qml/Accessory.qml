@@ -13,6 +13,8 @@ Item {
     required property Host host
     readonly property string kind: handle && handle.shown ? handle.kind : ""
     readonly property bool operable: kind === "switch" || kind === "picker" || (kind === "plain" && handle.operable)
+    // A drawn view with nothing to operate, such as a note in place of rows: its text is all that counts.
+    readonly property bool inert: kind === "plain" && !handle.operable
     readonly property bool checkable: kind === "switch" || (kind === "plain" && handle.operable)
     readonly property bool checked: kind === "switch" ? handle.on : (kind === "plain" && handle.marked)
     readonly property string spoken: kind === "picker" ? handle.selectedText : (kind === "plain" ? handle.spoken : "")

@@ -49,7 +49,7 @@ FocusScope {
             height: 54
             radius: 13
             color: press.pressed ? sheet.theme.pressed : sheet.theme.row
-            border { width: ListView.isCurrentItem && buttons.activeFocus ? 2 : 0; color: sheet.theme.accent }
+            border { width: ListView.isCurrentItem && sheet.host.keyboardUsed ? 2 : 0; color: sheet.theme.accent }
             Text {
                 anchors.centerIn: parent
                 width: Math.min(implicitWidth, parent.width - 24)

@@ -54,7 +54,7 @@ Rectangle {
         }
         Rectangle {
             anchors { fill: parent; margins: 6 }
-            visible: back.activeFocus
+            visible: back.activeFocus && bar.host.keyboardUsed
             color: "transparent"
             border { color: bar.theme.accent; width: 2 }
             radius: 6

@@ -87,6 +87,10 @@ FocusScope {
     }
     Connections {
         target: field.handle
+        function onChanged() {
+            if (input.text !== field.handle.text)
+                input.text = field.handle.text
+        }
         function onFocusedChanged() {
             if (field.handle.focused)
                 input.forceActiveFocus()

@@ -38,7 +38,7 @@ Item {
         visible: header.own !== null
         handle: header.own
         dark: header.theme.dark
-        anchors.fill: parent
+        anchors { fill: parent; leftMargin: 10; rightMargin: 10 }
         onWidthChanged: fit()
         onHeightChanged: fit()
         function fit() {

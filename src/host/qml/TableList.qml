@@ -67,7 +67,7 @@ ListView {
         required property int section
         required property int row
         required property int generation
-        readonly property bool current: ListView.isCurrentItem && rows.activeFocus
+        readonly property bool current: ListView.isCurrentItem && rows.activeFocus && rows.host.keyboardUsed
         readonly property bool reachable: item ? item.reachable : false
 
         width: ListView.view.width

@@ -16,7 +16,8 @@ Item {
     readonly property bool isOpen: face.x < -deleteWidth / 2
 
     width: entry.width
-    height: entry.entryHeight || 44
+    // A wheel shows the row in the middle and one whole row above and below it.
+    height: accessory.kind === "picker" ? 102 : (entry.entryHeight || 44)
 
     function open() {
         if (isOpen)
@@ -103,15 +104,15 @@ Item {
                 id: label
                 anchors {
                     left: parent.left; leftMargin: cell.theme.margin
-                    right: accessory.left; rightMargin: 8
+                    right: accessory.inert ? parent.right : accessory.left; rightMargin: accessory.inert ? cell.theme.margin : 8
                     verticalCenter: parent.verticalCenter
                 }
-                text: cell.entry.rowText || ""
+                text: cell.entry.rowText || (accessory.inert ? accessory.spoken : "")
                 textFormat: Text.PlainText
                 elide: Text.ElideRight
                 fontSizeMode: Text.HorizontalFit
                 minimumPixelSize: 11
-                horizontalAlignment: cell.entry.centred ? Text.AlignHCenter : Text.AlignLeft
+                horizontalAlignment: cell.entry.centred || accessory.inert ? Text.AlignHCenter : Text.AlignLeft
                 color: cell.theme.text
                 font.pixelSize: cell.theme.textSize
                 Accessible.ignored: true
@@ -121,7 +122,8 @@ Item {
                 anchors { right: parent.right; rightMargin: wide ? 0 : cell.theme.margin; verticalCenter: parent.verticalCenter }
                 width: kind === "" ? trailing.implicitWidth : (wide ? parent.width : implicitWidth)
                 height: wide || kind === "" ? parent.height : implicitHeight
-                wide: !cell.entry.rowText && kind !== "switch"
+                wide: !cell.entry.rowText && kind !== "switch" && kind !== ""
+                visible: !inert
                 handle: cell.entry.accessory || null
                 theme: cell.theme
                 host: cell.host

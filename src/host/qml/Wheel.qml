@@ -8,7 +8,7 @@ Item {
 
     required property ViewHandle handle
     required property Theme theme
-    readonly property real rowHeight: 30
+    readonly property real rowHeight: 32
 
     clip: true
     Rectangle {

@@ -56,6 +56,10 @@ double UITableView::heightForRow(NSIndexPath indexPath) {
     return delegate_ != nullptr ? delegate_->heightForRowAtIndexPath(*this, indexPath) : rowHeight_;
 }
 
+std::string UITableView::detailForRow(NSIndexPath indexPath) {
+    return hasRow(indexPath) ? dataSource_->detailForRowAtIndexPath(*this, indexPath) : std::string();
+}
+
 double UITableView::heightForHeader(int section) {
     if (!hasSection(section)) {
         return 0.0;

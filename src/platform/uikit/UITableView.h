@@ -42,6 +42,8 @@ public:
     /// A cell for the row, new or from dequeueReusableCellWithIdentifier; the table keeps it.
     virtual std::unique_ptr<UITableViewCell> cellForRowAtIndexPath(UITableView& table,
                                                                    NSIndexPath indexPath) = 0;
+    /// A second, quiet text of a row, which the host shows at the right; "" for none.
+    virtual std::string detailForRowAtIndexPath(UITableView& /*table*/, NSIndexPath /*indexPath*/) { return {}; }
     virtual std::string titleForHeaderInSection(UITableView& /*table*/, int /*section*/) { return {}; }
     virtual std::string titleForFooterInSection(UITableView& /*table*/, int /*section*/) { return {}; }
     virtual bool canEditRowAtIndexPath(UITableView& /*table*/, NSIndexPath /*indexPath*/) { return true; }
@@ -90,6 +92,7 @@ public:
     [[nodiscard]] int numberOfRowsInSection(int section);
     [[nodiscard]] bool hasRow(NSIndexPath indexPath);
     [[nodiscard]] double heightForRow(NSIndexPath indexPath);
+    [[nodiscard]] std::string detailForRow(NSIndexPath indexPath);
     [[nodiscard]] double heightForHeader(int section);
     [[nodiscard]] std::string titleForHeader(int section);
     [[nodiscard]] std::string titleForFooter(int section);
