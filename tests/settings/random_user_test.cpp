@@ -1,0 +1,187 @@
+// SPDX-License-Identifier: Apache-2.0
+// A random user of the whole pane, on a disk that fails now and then. ZOREL_RANDOM_ACTIONS sets how long.
+#include "platform/foundation/NumberText.h"
+#include "tests/settings/PaneFixture.h"
+#include "tests/support/FaultPoints.h"
+
+#include <cerrno>
+#include <cmath>
+#include <cstdlib>
+#include <random>
+#include <set>
+
+namespace zorel {
+namespace {
+
+int actions() {
+    const char* wanted = std::getenv("ZOREL_RANDOM_ACTIONS");
+    return wanted != nullptr ? integerValue(wanted) : 400;
+}
+
+/// An active alarm as the database has it.
+struct Alarm {
+    int timeId;
+    int minute;
+    double prayerTime;
+    std::string eventId;
+};
+
+class RandomUser : public test::PaneFixture {
+protected:
+    RandomUser() {
+        const std::pair<const char*, const char*> wanted[] = {
+            {"ankara", "Ankara"}, {"berlin", "Berlin"},   {"konya", "Konya"},
+            {"london", "London"}, {"jakarta", "Jakarta"}, {"longyearbyen", "Longyearbyen"}};
+        for (const auto& [search, name] : wanted) {
+            pool.push_back(cityNamed(search, name));
+        }
+    }
+
+    int upTo(int most) { return std::uniform_int_distribution<int>(0, most)(random); }
+
+    void act() {
+        const int rows = static_cast<int>(pane->userCities().size());
+        switch (upTo(11)) {
+        case 0:
+        case 1:
+            if (rows < 8) {
+                pane->delegateAddCityView_AddTapped(pool[static_cast<std::size_t>(upTo(5))]);
+            }
+            break;
+        case 2:
+            tapHome(upTo(std::max(rows - 1, 0)));
+            break;
+        case 3:
+            deleteCity(upTo(std::max(rows - 1, 0)));
+            break;
+        case 4:
+        case 5:
+        case 6:
+            toggleAlarm(upTo(5));
+            break;
+        case 7:
+            openAlarm(upTo(5)).pickerTime().userPicksRow(upTo(118));
+            break;
+        case 8:
+            openAlarm(upTo(5)).pickerMelody().userPicksRow(upTo(2));
+            break;
+        case 9:
+            openAlarm(upTo(5)).pickerMelodyTime().userPicksRow(upTo(8));
+            break;
+        case 10:
+            navigation->popViewControllerAnimated(true);
+            RunLoop::main().advance(upTo(3));
+            break;
+        default:
+            upTo(4) == 0 ? restart() : letTimePass();
+        }
+    }
+    void letTimePass() {
+        present += std::chrono::minutes(upTo(2000));
+        clock.reset();
+        clock.emplace(present);
+    }
+
+    /// Something goes wrong with the disk during the next action: once, or from some moment on until its end.
+    void actWithFault() {
+        faults::arm(faults::Effect::fail, 1 + upTo(15), upTo(1) == 0 ? EIO : ENOSPC, upTo(1) == 0);
+        act();
+        faults::disarm();
+    }
+
+    /// What repairs whatever a fault has left: a restart, and the alarms placed anew as a daily refresh does.
+    void repair() {
+        restart();
+        if (const City* home = pane->homeCity()) {
+            pane->dbFuncs().setAllAlarms(*home);
+        } else {
+            pane->dbFuncs().clearAllAlarms(true);
+        }
+    }
+
+    [[nodiscard]] std::vector<Alarm> alarms() const {
+        std::vector<Alarm> all;
+        const auto database = Database::openUser(pane->dbFuncs().userDBPath());
+        Statement rows =
+            database->prepare("SELECT TIMEID, MINUTE, PRAYTIME, EVENTID FROM USER_ALARMS WHERE ACTIVE = 1");
+        while (rows.nextRow()) {
+            all.push_back({integerValue(rows.text(0)), integerValue(rows.text(1)), doubleValue(rows.text(2)),
+                           rows.text(3)});
+        }
+        return all;
+    }
+
+    /// At most one city is marked as home, whatever has gone wrong.
+    void checkHome() {
+        std::set<std::string> homes;
+        for (const std::string& id : query("SELECT ID FROM USER_CITY WHERE SETASHOME = 1")) {
+            homes.insert(id);
+        }
+        ASSERT_LE(homes.size(), 1U);
+        ASSERT_EQ(query("SELECT TIMEID FROM USER_ALARMS").size(), 6U);
+    }
+
+    /// Every active alarm has one event, at the prayer time plus the offset; there are no other events.
+    void checkAlarms() {
+        const auto active = alarms();
+        FolderCalendar calendar(Locations::current().data + "/calendar");
+        std::set<std::string> identifiers;
+        for (const Alarm& alarm : active) {
+            const auto event = calendar.eventWithIdentifier(alarm.eventId);
+            ASSERT_TRUE(event) << alarm.timeId;
+            identifiers.insert(alarm.eventId);
+            const int hour = static_cast<int>(alarm.prayerTime);
+            const int minute = static_cast<int>((alarm.prayerTime - hour) * 60.0) + alarm.minute;
+            ASSERT_EQ(minuteOfDay(*event), ((hour * 60 + minute) % 1440 + 1440) % 1440) << alarm.timeId;
+        }
+        ASSERT_EQ(identifiers.size(), active.size());
+        ASSERT_EQ(calendar.identifiersWithPrefix("").size(), active.size());
+    }
+
+    /// After a repair the alarms are those of the home city.
+    void checkAgainstHome() {
+        for (const Alarm& alarm : alarms()) {
+            ASSERT_NE(pane->homeCity(), nullptr);
+            const double time = pane->homeCity()->getRelevantPrayerTime(kTimeIdOffset + alarm.timeId);
+            ASSERT_NEAR(alarm.prayerTime, time, 1e-6);
+        }
+    }
+
+    std::vector<City> pool;
+    std::mt19937 random{20260310};
+    Instant present = instantFromLocal({2026, 3, 10, 9, 0, 0, 0.0});
+};
+
+TEST_F(RandomUser, KeepsCitiesAlarmsAndEventsInStep) {
+    for (int action = 0; action < actions(); ++action) {
+        act();
+        checkHome();
+        checkAlarms();
+        ASSERT_FALSE(HasFatalFailure()) << "action " << action;
+    }
+}
+
+TEST_F(RandomUser, SurvivesFaultsOfTheDisk) {
+    int faulty = 0;
+    for (int action = 0; action < actions(); ++action) {
+        if (upTo(4) != 0) {
+            act();
+            checkHome();
+        } else {
+            ++faulty;
+            actWithFault();
+            checkHome();
+        }
+        if (action % 7 == 0) {
+            repair();
+            checkHome();
+            checkAlarms();
+            checkAgainstHome();
+        }
+        ASSERT_FALSE(HasFatalFailure()) << "action " << action;
+    }
+    EXPECT_GT(faulty, actions() / 10);
+}
+
+} // namespace
+} // namespace zorel

@@ -1,0 +1,180 @@
+// SPDX-License-Identifier: Apache-2.0
+// What the pane's table shows and which of its rows react.
+#include "tests/settings/PaneFixture.h"
+#include "views/Settings.h"
+
+namespace zorel {
+namespace {
+
+class PaneTable : public test::PaneFixture {
+protected:
+    [[nodiscard]] UITableViewCell& cell(int section, int row) {
+        return *pane->table().cellForRowAtIndexPath({section, row});
+    }
+};
+
+TEST_F(PaneTable, HasCitiesAlarmsAndInformation) {
+    UITableView& table = pane->table();
+    EXPECT_EQ(table.numberOfSections(), 3);
+    EXPECT_EQ(table.numberOfRowsInSection(0), 1);
+    EXPECT_EQ(table.numberOfRowsInSection(1), 6);
+    EXPECT_EQ(table.numberOfRowsInSection(2), 0);
+    EXPECT_EQ(table.heightForRow({0, 0}), 60.0);
+    EXPECT_EQ(table.heightForRow({1, 0}), 40.0);
+    EXPECT_EQ(pane->heightForRowAtIndexPath(table, {2, 0}), 40.0);
+}
+
+TEST_F(PaneTable, HeadersAndFooter) {
+    UITableView& table = pane->table();
+    EXPECT_EQ(table.viewForHeader(0), &pane->cityHeaderView());
+    EXPECT_EQ(table.viewForHeader(1), nullptr);
+    EXPECT_EQ(table.viewForHeader(2), nullptr);
+    EXPECT_EQ(table.titleForHeader(0), "");
+    EXPECT_EQ(table.titleForHeader(1), "Prayer time alarms");
+    EXPECT_EQ(table.titleForHeader(2), "");
+    for (int section = 0; section < 3; ++section) {
+        EXPECT_EQ(table.heightForHeader(section), 40.0);
+    }
+    pane->cityHeaderView().setFrame({0.0, 0.0, 320.0, 55.0});
+    EXPECT_EQ(table.heightForHeader(0), 55.0);
+    EXPECT_EQ(table.titleForFooter(0), "");
+    EXPECT_EQ(table.titleForFooter(1), "");
+    EXPECT_TRUE(table.titleForFooter(2).starts_with("Every alarm is an event in the calendar"));
+}
+
+TEST_F(PaneTable, EveryLanguageHasAFooter) {
+    for (int language = 0; language < 4; ++language) {
+        GlobalFuncs funcs;
+        funcs.languageId = language;
+        funcs.loadLanguageFile();
+        EXPECT_GT(funcs.GetKeyValue(1041).value_or("").size(), 60U) << language;
+    }
+}
+
+TEST_F(PaneTable, EmptyListSaysSoInOneRow) {
+    UICityView& row = cityRow(0);
+    EXPECT_EQ(row.cityName().text(), "No city added yet");
+    EXPECT_EQ(row.cityName().textAlignment(), UITextAlignment::center);
+    EXPECT_TRUE(row.buttonHome().isHidden());
+    EXPECT_FALSE(pane->table().canDeleteRow({0, 0}));
+    tapHome(0);
+    deleteCity(0);
+    EXPECT_TRUE(cities().empty());
+}
+
+TEST_F(PaneTable, CityRowsShowNameAndHome) {
+    addAnkara();
+    addBerlin();
+    EXPECT_EQ(pane->table().numberOfRowsInSection(0), 2);
+    EXPECT_EQ(cityRow(0).cityName().text(), "Ankara");
+    EXPECT_EQ(cityRow(0).cityName().textAlignment(), UITextAlignment::left);
+    EXPECT_TRUE(cityRow(0).buttonHome().isSelected());
+    EXPECT_FALSE(cityRow(0).buttonHome().isHidden());
+    EXPECT_EQ(cityRow(1).cityName().text(), "Berlin");
+    EXPECT_FALSE(cityRow(1).buttonHome().isSelected());
+    EXPECT_EQ(std::to_string(cityRow(1).cityId()), pane->userCities()[1].cityId);
+    EXPECT_EQ(cityRow(0).frame().size(), (CGSize{302.0, 60.0}));
+    EXPECT_EQ(cityRow(0).delegate(), pane.get());
+    EXPECT_EQ(cell(0, 0).tag(), 0);
+    EXPECT_EQ(cell(0, 0).textLabel().text(), "");
+    EXPECT_EQ(cell(0, 0).backgroundColor(), UIColor::whiteColor());
+    EXPECT_EQ(cell(0, 0).reuseIdentifier(), "CellIdentifier");
+}
+
+TEST_F(PaneTable, AlarmRowsShowThePrayers) {
+    const std::string names[] = {"Fajr", "Sunrise", "Dhuhr", "Asr", "Maghrib", "Isha"};
+    for (int row = 0; row < 6; ++row) {
+        EXPECT_EQ(cell(1, row).textLabel().text(), names[row]);
+        EXPECT_EQ(cell(1, row).textLabel().textAlignment(), UITextAlignment::left);
+        EXPECT_EQ(cell(1, row).tag(), 200 + row);
+        EXPECT_EQ(cell(1, row).accessoryView(), nullptr);
+        EXPECT_EQ(cell(1, row).accessoryType(), UITableViewCellAccessoryType::disclosureIndicator);
+        EXPECT_EQ(cell(1, row).backgroundColor(), UIColor::whiteColor());
+    }
+}
+
+TEST_F(PaneTable, ReusedCellsCarryNothingOver) {
+    addAnkara();
+    UITableView& table = pane->table();
+    UITableViewCell* reused = &cell(1, 2);
+    table.endDisplayingRow({1, 2});
+    ASSERT_EQ(&cell(0, 0), reused);
+    EXPECT_EQ(reused->textLabel().text(), "");
+    EXPECT_EQ(reused->accessoryType(), UITableViewCellAccessoryType::none);
+    EXPECT_EQ(reused->tag(), 0);
+    table.endDisplayingRow({0, 0});
+    ASSERT_EQ(&cell(1, 4), reused);
+    EXPECT_EQ(reused->accessoryView(), nullptr);
+    EXPECT_EQ(reused->textLabel().text(), "Maghrib");
+    EXPECT_EQ(reused->tag(), 204);
+}
+
+TEST_F(PaneTable, OnlyAlarmsReactToSelection) {
+    addAnkara();
+    pane->table().userSelectsRow({0, 0});
+    EXPECT_EQ(navigation->topViewController(), pane.get());
+    pane->table().userSelectsRow({1, 4});
+    EXPECT_EQ(navigation->topViewController(), &pane->alarmViewCotroller());
+    EXPECT_EQ(pane->alarmView().prayerTag(), 204);
+}
+
+TEST_F(PaneTable, SelectionWithoutANavigationOnlyLoadsTheAlarm) {
+    navigation.reset();
+    pane->table().userSelectsRow({1, 1});
+    EXPECT_EQ(pane->alarmView().prayerTag(), 201);
+    pane->delegateUICityHeaderView_AddTapped(pane->cityHeaderView().buttonAdd());
+}
+
+TEST_F(PaneTable, OnlyCitiesCanBeDeleted) {
+    addAnkara();
+    EXPECT_TRUE(pane->table().canDeleteRow({0, 0}));
+    for (int row = 0; row < 6; ++row) {
+        EXPECT_FALSE(pane->table().canDeleteRow({1, row}));
+        EXPECT_EQ(pane->editingStyleForRowAtIndexPath(pane->table(), {1, row}),
+                  UITableViewCellEditingStyle::none);
+    }
+    pane->commitEditingStyle(pane->table(), UITableViewCellEditingStyle::none, {0, 0});
+    pane->commitEditingStyle(pane->table(), UITableViewCellEditingStyle::deleteRow, {1, 0});
+    pane->commitEditingStyle(pane->table(), UITableViewCellEditingStyle::deleteRow, {0, 7});
+    EXPECT_EQ(cities().size(), 1U);
+}
+
+TEST_F(PaneTable, AddButtonOpensTheSearch) {
+    tapAdd();
+    EXPECT_EQ(navigation->topViewController(), &pane->addCityViewController());
+}
+
+TEST_F(PaneTable, SummarySaysPrayerAndAlarmTime) {
+    EXPECT_EQ(pane->summaryOfAlarm(200), "");
+    EXPECT_FALSE(pane->noticeForAlarm(200));
+    addAnkara();
+    const auto text = [](int minutes) {
+        const std::string two = std::to_string(100 + minutes / 60).substr(1);
+        return two + ":" + std::to_string(100 + minutes % 60).substr(1);
+    };
+    EXPECT_EQ(pane->summaryOfAlarm(203), text(prayerMinute(4)));
+    AlarmView& alarm = openAlarm(3);
+    alarm.pickerTime().userPicksRow(49);
+    alarm.alarmEnabled().userToggles();
+    EXPECT_EQ(pane->summaryOfAlarm(203), text(prayerMinute(4)) + " · Alarm " + text(prayerMinute(4) - 10));
+    EXPECT_EQ(minuteOfDay(*eventOfAlarm(4)), prayerMinute(4) - 10);
+    EXPECT_FALSE(pane->noticeForAlarm(203));
+}
+
+/// In the far north the sun's last days before the polar night have no sunrise that the method can find.
+TEST_F(PaneTable, SummarySaysThatThereIsNoSuchTime) {
+    clock.reset();
+    clock.emplace(instantFromLocal({2026, 10, 27, 9, 0, 0, 0.0}));
+    pane->delegateAddCityView_AddTapped(cityNamed("longyearbyen", "Longyearbyen"));
+    int missing = 0;
+    for (int prayer = 200; prayer <= 205; ++prayer) {
+        const bool none = pane->homeCity()->getRelevantPrayerTime(prayer) < 0.0;
+        EXPECT_EQ(pane->noticeForAlarm(prayer).has_value(), none);
+        EXPECT_EQ(pane->summaryOfAlarm(prayer) == "No such time today", none);
+        missing += none ? 1 : 0;
+    }
+    EXPECT_GT(missing, 0);
+}
+
+} // namespace
+} // namespace zorel
