@@ -1,6 +1,6 @@
 // SPDX-License-Identifier: Apache-2.0
-// Main program of the benchmarks: after the usual table it prints, for each group that has a peer, the medians of
-// ours and the peer's and their ratio.
+// Main program of the benchmarks: after the usual table it prints, for each group that has a peer, the
+// medians of ours and the peer's and their ratio.
 #include <benchmark/benchmark.h>
 #include <cstdio>
 #include <map>
@@ -29,8 +29,8 @@ public:
             const auto ours = times.find("zorel");
             for (const auto& [name, time] : times) {
                 if (ours != times.end() && name != "zorel") {
-                    std::printf("%-28s zorel %9.0f ns   %-12s %9.0f ns   ratio %.3f\n", group.c_str(), ours->second,
-                                name.c_str(), time, ours->second / time);
+                    std::printf("%-28s zorel %9.0f ns   %-12s %9.0f ns   ratio %.3f\n", group.c_str(),
+                                ours->second, name.c_str(), time, ours->second / time);
                 }
             }
         }

@@ -1,6 +1,6 @@
 // SPDX-License-Identifier: Apache-2.0
-// Prayer times of a day: this engine (sixteen times with their searches) beside libitl (six times, full series of
-// the Earth), over the same places and dates.
+// Prayer times of a day: this engine (sixteen times with their searches) beside libitl (six times, full
+// series of the Earth), over the same places and dates.
 #include "engine/FastAstro.h"
 
 #include <benchmark/benchmark.h>
@@ -35,8 +35,12 @@ private:
 
 PlaceDay anyPlaceDay(Random& random) {
     const double longitude = random.between(-180.0, 180.0);
-    return {random.between(-60.0, 60.0), longitude, static_cast<double>(static_cast<int>(longitude / 15.0)),
-            random.whole(1990, 2060),    random.whole(1, 12), random.whole(1, 28)};
+    return {random.between(-60.0, 60.0),
+            longitude,
+            static_cast<double>(static_cast<int>(longitude / 15.0)),
+            random.whole(1990, 2060),
+            random.whole(1, 12),
+            random.whole(1, 28)};
 }
 
 std::vector<PlaceDay> randomDays() {

@@ -104,7 +104,9 @@ int AstroGlobalFuncs::DayOfWeek(std::int32_t year, std::int32_t month, std::int3
     return toInt(days - 7.0 * std::floor(days / 7.0));
 }
 
-double AstroGlobalFuncs::frac(double x) const { return x - std::trunc(x); }
+double AstroGlobalFuncs::frac(double x) const {
+    return x - std::trunc(x);
+}
 
 double AstroGlobalFuncs::Round(double x, int decimals) const {
     const double p = toInt(std::pow(10.0, decimals));

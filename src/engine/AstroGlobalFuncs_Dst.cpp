@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: Apache-2.0
-// Daylight-saving rules of a place. A rule holds months counted from 0 and day codes: below 31 a day of the month
-// counted from 0, from 31 on a weekday of the month (31 + 5 * weekday + occurrence, occurrence 4 = the last).
+// Daylight-saving rules of a place. A rule holds months counted from 0 and day codes: below 31 a day of the
+// month counted from 0, from 31 on a weekday of the month (31 + 5 * weekday + occurrence, occurrence 4 = the
+// last).
 #include "engine/AstroGlobalFuncs.h"
 #include "engine/Integers.h"
 
@@ -41,7 +42,8 @@ std::int32_t weekdayOfMonth(const AstroGlobalFuncs& calendar, std::int32_t code,
         return first + 7 * occurrence;
     }
     DateTimeRecord lastOfMonth;
-    calendar.JulianToCalendar(calendar.CalculateJulianDay(year, clampInt(month + 1), 0, 0, 0, 0), lastOfMonth, 1);
+    calendar.JulianToCalendar(calendar.CalculateJulianDay(year, clampInt(month + 1), 0, 0, 0, 0), lastOfMonth,
+                              1);
     return first + 28 <= lastOfMonth.day ? first + 28 : first + 21;
 }
 

@@ -19,10 +19,14 @@ using Pair [[gnu::vector_size(16)]] = double;
 using PairBits [[gnu::vector_size(16)]] = std::uint64_t;
 using SinglePair [[gnu::vector_size(8)]] = float;
 
-Pair singles(Pair x) { return __builtin_convertvector(__builtin_convertvector(x, SinglePair), Pair); }
+Pair singles(Pair x) {
+    return __builtin_convertvector(__builtin_convertvector(x, SinglePair), Pair);
+}
 
 /// The cosines of two terms at once, with the same bits as cosSingle.
-Pair cosines(Pair x) { return singles(portable::cosine<Pair, PairBits>(singles(x))); }
+Pair cosines(Pair x) {
+    return singles(portable::cosine<Pair, PairBits>(singles(x)));
+}
 
 double termValue(const EarthTerm& term, double tau) {
     return term.amplitude * cosSingle(term.phase + term.frequency * tau);
@@ -48,7 +52,9 @@ template <std::size_t Rows> double seriesSum(const std::array<EarthTerm, Rows>& 
     return sum;
 }
 
-double millennia(double julianDay) { return (julianDay - kEpoch) / kDaysPerMillennium; }
+double millennia(double julianDay) {
+    return (julianDay - kEpoch) / kDaysPerMillennium;
+}
 
 } // namespace
 
@@ -75,18 +81,44 @@ double EarthCompute::EarthR(double julianDay) const {
            kUnitsPerOne;
 }
 
-double EarthCompute::_L0(double tau) const { return seriesSum(kEarthL0, tau); }
-double EarthCompute::_L1(double tau) const { return seriesSum(kEarthL1, tau); }
-double EarthCompute::_L2(double tau) const { return seriesSum(kEarthL2, tau); }
-double EarthCompute::_L3(double tau) const { return seriesSum(kEarthL3, tau); }
-double EarthCompute::_L4(double tau) const { return seriesSum(kEarthL4, tau); }
-double EarthCompute::_L5(double tau) const { return seriesSum(kEarthL5, tau); }
-double EarthCompute::_B0(double tau) const { return seriesSum(kEarthB0, tau); }
-double EarthCompute::_B1(double tau) const { return seriesSum(kEarthB1, tau); }
-double EarthCompute::_R0(double tau) const { return seriesSum(kEarthR0, tau); }
-double EarthCompute::_R1(double tau) const { return seriesSum(kEarthR1, tau); }
-double EarthCompute::_R2(double tau) const { return seriesSum(kEarthR2, tau); }
-double EarthCompute::_R3(double tau) const { return seriesSum(kEarthR3, tau); }
-double EarthCompute::_R4(double tau) const { return seriesSum(kEarthR4, tau); }
+double EarthCompute::_L0(double tau) const {
+    return seriesSum(kEarthL0, tau);
+}
+double EarthCompute::_L1(double tau) const {
+    return seriesSum(kEarthL1, tau);
+}
+double EarthCompute::_L2(double tau) const {
+    return seriesSum(kEarthL2, tau);
+}
+double EarthCompute::_L3(double tau) const {
+    return seriesSum(kEarthL3, tau);
+}
+double EarthCompute::_L4(double tau) const {
+    return seriesSum(kEarthL4, tau);
+}
+double EarthCompute::_L5(double tau) const {
+    return seriesSum(kEarthL5, tau);
+}
+double EarthCompute::_B0(double tau) const {
+    return seriesSum(kEarthB0, tau);
+}
+double EarthCompute::_B1(double tau) const {
+    return seriesSum(kEarthB1, tau);
+}
+double EarthCompute::_R0(double tau) const {
+    return seriesSum(kEarthR0, tau);
+}
+double EarthCompute::_R1(double tau) const {
+    return seriesSum(kEarthR1, tau);
+}
+double EarthCompute::_R2(double tau) const {
+    return seriesSum(kEarthR2, tau);
+}
+double EarthCompute::_R3(double tau) const {
+    return seriesSum(kEarthR3, tau);
+}
+double EarthCompute::_R4(double tau) const {
+    return seriesSum(kEarthR4, tau);
+}
 
 } // namespace zorel

@@ -7,9 +7,9 @@ namespace zorel {
 
 /// The Earth's heliocentric longitude, latitude and radius.
 ///
-/// 195 terms in thirteen series, amplitudes, phases and frequencies held in single precision, cosines taken in
-/// single precision. Source: Bretagnon & Francou, Astron. Astrophys. 202, 309 (1988); selection of terms as in
-/// Meeus, Astronomical Algorithms, and Reda & Andreas, NREL/TP-560-34302. Holds no state.
+/// 195 terms in thirteen series, amplitudes, phases and frequencies held in single precision, cosines taken
+/// in single precision. Source: Bretagnon & Francou, Astron. Astrophys. 202, 309 (1988); selection of terms
+/// as in Meeus, Astronomical Algorithms, and Reda & Andreas, NREL/TP-560-34302. Holds no state.
 class EarthCompute {
 public:
     /// @param julianDay Julian day. @return heliocentric longitude [rad], not reduced.

@@ -56,7 +56,9 @@ void explainPartOfNight(PrayTimeExplanation& out) {
 
 } // namespace
 
-PrayTimeExplanation FastAstro::ExplainPrayTime(int index) const { return ExplainPrayTime(index, iCurrentDate); }
+PrayTimeExplanation FastAstro::ExplainPrayTime(int index) const {
+    return ExplainPrayTime(index, iCurrentDate);
+}
 
 PrayTimeExplanation FastAstro::ExplainPrayTime(int index, const DateTimeRecord& date) const {
     PrayTimeExplanation out;
@@ -75,7 +77,8 @@ PrayTimeExplanation FastAstro::ExplainPrayTime(int index, const DateTimeRecord& 
     out.rule = ruleOf(index);
     out.date = DateRecordMake(entry.date.day, entry.date.month, entry.date.year, 0, 0, 0);
     const DateTimeRecord asked = DateRecordMake(date.day, date.month, date.year, 0, 0, 0);
-    out.daysBack = static_cast<int>(std::round(astroGlobalFuncs.JulianDay(asked) - astroGlobalFuncs.JulianDay(out.date)));
+    out.daysBack = static_cast<int>(
+        std::round(astroGlobalFuncs.JulianDay(asked) - astroGlobalFuncs.JulianDay(out.date)));
     out.latitude = entry.latitude;
     out.latitudeLowered = times.latitudeLowered;
     out.temkin = entry.temkin;

@@ -20,11 +20,12 @@
 
 namespace zorel {
 
-/// The engine. One object computes for one place and date at a time and keeps its working values in public fields,
-/// which are documented results: each call overwrites the ones it computes, and callers read them right after.
+/// The engine. One object computes for one place and date at a time and keeps its working values in public
+/// fields, which are documented results: each call overwrites the ones it computes, and callers read them
+/// right after.
 ///
-/// Units: angles in degrees, right ascension and sidereal time in hours, equation of time in minutes, times of day
-/// in decimal hours. Nothing is thrown: events that do not occur yield -1 (Sun) or -1650 (Moon).
+/// Units: angles in degrees, right ascension and sidereal time in hours, equation of time in minutes, times
+/// of day in decimal hours. Nothing is thrown: events that do not occur yield -1 (Sun) or -1650 (Moon).
 class FastAstro {
 public:
     // Fields.
@@ -40,18 +41,18 @@ public:
     MoonInfo Moon;
     std::string iGMTText;
     DateTimeRecord iCurrentDate;
-    double SunDec = 0.0;      ///< [deg]
-    double SunRA = 0.0;       ///< [h]
-    double SunDistance = 0.0; ///< [au]
-    double MoonDec = 0.0;     ///< [deg]
-    double MoonRA = 0.0;      ///< [h]
-    double MoonGHA = 0.0;     ///< [deg]
-    double MoonDist = 0.0;    ///< [km]
-    double MoonAlt = 0.0;     ///< geocentric [deg]
-    double MoonAzi = 0.0;     ///< [deg]
-    double MoonRise = 0.0;    ///< [h], or -1650
-    double MoonSet = 0.0;     ///< [h], or -1650
-    double MoonTrans = 0.0;   ///< [h]
+    double SunDec = 0.0;            ///< [deg]
+    double SunRA = 0.0;             ///< [h]
+    double SunDistance = 0.0;       ///< [au]
+    double MoonDec = 0.0;           ///< [deg]
+    double MoonRA = 0.0;            ///< [h]
+    double MoonGHA = 0.0;           ///< [deg]
+    double MoonDist = 0.0;          ///< [km]
+    double MoonAlt = 0.0;           ///< geocentric [deg]
+    double MoonAzi = 0.0;           ///< [deg]
+    double MoonRise = 0.0;          ///< [h], or -1650
+    double MoonSet = 0.0;           ///< [h], or -1650
+    double MoonTrans = 0.0;         ///< [h]
     double EclipticLongitude = 0.0; ///< of the Sun [deg]
     double trho = 0.0;              ///< observer's distance from the Earth's centre [equatorial radii]
     double SRT = 0.0;               ///< local sidereal time [h]
@@ -71,12 +72,12 @@ public:
     void SetCurrentDate(std::int32_t day, std::int32_t month, std::int32_t year);
     void SetCurrentDateTime(const DateTimeRecord& record);
     /// The date must have been set before: it decides whether daylight saving is in force.
-    void SetPlace(double latitude, double longitude, double timeZone, std::int32_t dstInUse, std::int32_t startMonth,
-                  std::int32_t startDay, std::int32_t stopMonth, std::int32_t stopDay, std::int32_t dstShift,
-                  std::int32_t elevation);
+    void SetPlace(double latitude, double longitude, double timeZone, std::int32_t dstInUse,
+                  std::int32_t startMonth, std::int32_t startDay, std::int32_t stopMonth,
+                  std::int32_t stopDay, std::int32_t dstShift, std::int32_t elevation);
 
-    /// Whether positions and events of the Sun are remembered between calls, and hours and days that cannot hold an
-    /// event are passed over (both at first). The results are the same to the last bit either way.
+    /// Whether positions and events of the Sun are remembered between calls, and hours and days that cannot
+    /// hold an event are passed over (both at first). The results are the same to the last bit either way.
     void RememberSun(bool remember);
     [[nodiscard]] bool RemembersSun() const { return sunCache.enabled; }
 
@@ -90,7 +91,8 @@ public:
     [[nodiscard]] double GM_Sidereal_Time(double julianDay) const;
     [[nodiscard]] double LM_Sidereal_Time(double julianDay, double westLongitude) const;
     [[nodiscard]] double LMST(double modifiedJulianDay, double eastLongitude) const;
-    [[nodiscard]] double ComputeGHA(std::int32_t day, std::int32_t month, std::int32_t year, double hour) const;
+    [[nodiscard]] double ComputeGHA(std::int32_t day, std::int32_t month, std::int32_t year,
+                                    double hour) const;
     [[nodiscard]] double SinElev(double julianDay, double latitude, double westLongitude, double declination,
                                  double rightAscension) const;
     [[nodiscard]] double SunElev(double julianDay, double latitude, double westLongitude, double declination,
@@ -118,8 +120,9 @@ public:
     void MinuteCorrection(double& hours) const;
     [[nodiscard]] QiblaRecord KibleAcisi(double latitude, double longitude) const;
     void SetPrayTimesToDSTTimes(double shift, PrayerTimes& times) const;
-    /// Why a time of the current date, or of another one with today's zone, is what it is. Computes the day once
-    /// more beside this engine. @param index position in PrayerTimes::times; outside 0 to 15 the rule is none.
+    /// Why a time of the current date, or of another one with today's zone, is what it is. Computes the day
+    /// once more beside this engine. @param index position in PrayerTimes::times; outside 0 to 15 the rule is
+    /// none.
     [[nodiscard]] PrayTimeExplanation ExplainPrayTime(int index) const;
     [[nodiscard]] PrayTimeExplanation ExplainPrayTime(int index, const DateTimeRecord& date) const;
 
@@ -139,7 +142,8 @@ public:
     [[nodiscard]] double MoonAzimuth(double declination, double gha, double altitude) const;
     void CalculateTLong();
     void DiurnalAberration(double& rightAscension, double& declination, double siderealAngle) const;
-    void DiurnalParallax(double& rightAscension, double& declination, double siderealAngle, double distance) const;
+    void DiurnalParallax(double& rightAscension, double& declination, double siderealAngle,
+                         double distance) const;
     void MoonAltitudeAzimuth(double& altitude, double& azimuth) const;
     [[nodiscard]] double MoonLambda(double radians) const;
 
@@ -158,12 +162,13 @@ public:
     MoonInfo MoonInformation(const DateTimeRecord& record, double latitude, double longitude);
     void MoonInformationForDirection(const DateTimeRecord& record, MoonDirectionInfo& out);
     void MoonInformationForDirectionWithoutLocalTime(const DateTimeRecord& record, MoonDirectionInfo& out);
-    void MoonInformationforCrescent(const DateTimeRecord& date, const PlaceRecord& place, MoonCrescentInfo& out);
+    void MoonInformationforCrescent(const DateTimeRecord& date, const PlaceRecord& place,
+                                    MoonCrescentInfo& out);
 
     // Hijri calendar (FastAstro_Crescent.cpp, FastAstro_Hijri.cpp).
     void GetCrescentDate(DateTimeRecord& record);
-    /// The observed month that a civil date lies in; nothing when no new moon fits. Moves the engine's place to the
-    /// reference place of the crescent, as every observation-based date does.
+    /// The observed month that a civil date lies in; nothing when no new moon fits. Moves the engine's place
+    /// to the reference place of the crescent, as every observation-based date does.
     std::optional<HijriMonthStart> FindHijriMonth(std::int32_t day, std::int32_t month, std::int32_t year);
     void _RealGregJulToHicri(std::int32_t day, std::int32_t month, std::int32_t year, HijriDate& out);
     void RealGregJulToHicri(std::int32_t day, std::int32_t month, std::int32_t year, HijriDate& out);
@@ -182,7 +187,8 @@ private:
     const HourSun& sunAtHour(double julianDay);
     /// The accurate position and the equation of time at an instant, remembered.
     DaySun sunAtMidnight(double julianDay);
-    /// Hour angle of the Sun at an instant from a position at most days away [deg], to a fraction of a degree.
+    /// Hour angle of the Sun at an instant from a position at most days away [deg], to a fraction of a
+    /// degree.
     [[nodiscard]] double hourAngleNear(const DaySun& sun, double julianDay) const;
     /// Searches only hours that may hold a rise or set; false when it did not find both.
     bool searchLikelyHours(std::int32_t day, std::int32_t month, std::int32_t year, std::int32_t zone);
@@ -200,7 +206,8 @@ private:
     void FillSunDirection(const DateTimeRecord& record);
     /// The crescent criterion for one new moon at the engine's place.
     HijriMonthStart MonthAfterNewMoon(double newMoon);
-    /// The same, remembered: it depends on the new moon and the zone only, once the place is the reference place.
+    /// The same, remembered: it depends on the new moon and the zone only, once the place is the reference
+    /// place.
     const HijriMonthStart& CachedMonth(double newMoon);
 
     struct CachedMonthStart {

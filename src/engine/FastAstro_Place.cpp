@@ -7,7 +7,8 @@ namespace zorel {
 
 namespace {
 
-bool inDaylightSaving(const AstroGlobalFuncs& calendar, const PlaceRecord& place, const DateTimeRecord& date) {
+bool inDaylightSaving(const AstroGlobalFuncs& calendar, const PlaceRecord& place,
+                      const DateTimeRecord& date) {
     std::int32_t startDay = 0;
     std::int32_t stopDay = 0;
     return calendar.IsDSTDay(place.startDay, place.startMonth, place.stopDay, place.stopMonth, date.year,
@@ -27,7 +28,9 @@ void FastAstro::SetCurrentDate(std::int32_t day, std::int32_t month, std::int32_
     iCurrentDate.day = day;
 }
 
-void FastAstro::SetCurrentDateTime(const DateTimeRecord& record) { iCurrentDate = record; }
+void FastAstro::SetCurrentDateTime(const DateTimeRecord& record) {
+    iCurrentDate = record;
+}
 
 void FastAstro::SetPlace(double latitude, double longitude, double timeZone, std::int32_t dstInUse,
                          std::int32_t startMonth, std::int32_t startDay, std::int32_t stopMonth,

@@ -42,8 +42,8 @@ void FastAstro::CalculateAllPrayTimes(double latitude, double longitude, std::in
 
 bool FastAstro::Iterasyon(double latitude, double longitudeTerm, double temkin, double timeZone, double& time,
                           std::int32_t altitude, std::int32_t direction, SunInfoForPray info) const {
-    const IterationResult result =
-        iteratePrayerTime({IterationLatitude(latitude), longitudeTerm, temkin, timeZone, altitude, direction}, info);
+    const IterationResult result = iteratePrayerTime(
+        {IterationLatitude(latitude), longitudeTerm, temkin, timeZone, altitude, direction}, info);
     time = result.time;
     return result.answer;
 }

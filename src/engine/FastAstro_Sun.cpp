@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: Apache-2.0
-// Position of the Sun: the fast series of the rise and set search, the accurate one of the prayer times, sidereal
-// time, horizontal coordinates. Source: Meeus, Astronomical Algorithms, 1st ed., ch. 11, 12, 21, 24, 27.
+// Position of the Sun: the fast series of the rise and set search, the accurate one of the prayer times,
+// sidereal time, horizontal coordinates. Source: Meeus, Astronomical Algorithms, 1st ed., ch. 11, 12, 21,
+// 24, 27.
 #include "engine/Angles.h"
 #include "engine/FastAstro.h"
 #include "engine/Integers.h"
@@ -12,13 +13,21 @@ namespace zorel {
 
 namespace {
 
-double centuries(double julianDay) { return (julianDay - 2451545.0) / 36525.0; }
+double centuries(double julianDay) {
+    return (julianDay - 2451545.0) / 36525.0;
+}
 
-double sinDegrees(double x) { return std::sin(x * kRadiansPerDegree); }
-double cosDegrees(double x) { return std::cos(x * kRadiansPerDegree); }
+double sinDegrees(double x) {
+    return std::sin(x * kRadiansPerDegree);
+}
+double cosDegrees(double x) {
+    return std::cos(x * kRadiansPerDegree);
+}
 
 /// Longitude of the Moon's ascending node for the apparent place [deg].
-double ascendingNode(double T) { return 125.04000091552734 - 1934.135986328125 * T; }
+double ascendingNode(double T) {
+    return 125.04000091552734 - 1934.135986328125 * T;
+}
 
 /// Obliquity corrected for the apparent place [deg].
 double apparentObliquity(double T, double node) {
@@ -71,7 +80,8 @@ void FastAstro::SunDecRAAccurate(double julianDay) {
     const double B = earth.EarthB(julianDay);
     const double R = earth.EarthR(julianDay);
     SunDistance = R;
-    double longitude = std::atan2(-R * std::cos(B) * std::sin(L), -R * std::cos(B) * std::cos(L)) / kRadiansPerDegree;
+    double longitude =
+        std::atan2(-R * std::cos(B) * std::sin(L), -R * std::cos(B) * std::cos(L)) / kRadiansPerDegree;
     if (longitude < 0.0) {
         longitude += 360.0;
     }
@@ -87,9 +97,10 @@ void FastAstro::SunDecRA(double julianDay) {
     const double M = 357.52911376953125 + 35999.05078125 * T - 0.00015589999384246767 * T * T -
                      4.799999828719592e-07 * T * T * T;
     const double L0 = 280.4664611816406 + 36000.76953125 * T + 0.0003032000095117837 * T * T;
-    const double Q = (1.9146000146865845 - 0.00481700012460351 * T - 1.4000000192027073e-05 * T * T) * sinDegrees(M) +
-                     (0.019992999732494354 - 0.00010099999781232327 * T) * sinDegrees(2.0 * M) +
-                     0.0002899999963119626 * sinDegrees(3.0 * M);
+    const double Q =
+        (1.9146000146865845 - 0.00481700012460351 * T - 1.4000000192027073e-05 * T * T) * sinDegrees(M) +
+        (0.019992999732494354 - 0.00010099999781232327 * T) * sinDegrees(2.0 * M) +
+        0.0002899999963119626 * sinDegrees(3.0 * M);
     const double node = ascendingNode(T);
     const double longitude = intoClosedTurn(apparentLongitude(L0 + Q, node));
     EclipticLongitude = longitude;
@@ -110,7 +121,8 @@ namespace {
 
 double trueObliquity(double T, const NutationArguments& a) {
     return 23.43929100036621 -
-           (46.814998626708984 * T + 0.000590000010561198 * T * T - 0.0018129999516531825 * T * T * T) / 3600.0 +
+           (46.814998626708984 * T + 0.000590000010561198 * T * T - 0.0018129999516531825 * T * T * T) /
+               3600.0 +
            (9.199999809265137 * cosDegrees(a.node) + 0.5699999928474426 * cosDegrees(2.0 * a.sun) +
             0.10000000149011612 * cosDegrees(2.0 * a.moon) - 0.09000000357627869 * cosDegrees(2.0 * a.node)) /
                3600.0;
@@ -125,9 +137,13 @@ double nutationInLongitude(const NutationArguments& a) {
 
 } // namespace
 
-double FastAstro::Epsilon(double T) const { return trueObliquity(T, nutationArguments(T, SunL(T))); }
+double FastAstro::Epsilon(double T) const {
+    return trueObliquity(T, nutationArguments(T, SunL(T)));
+}
 
-double FastAstro::DeltaPSI(double T) const { return nutationInLongitude(nutationArguments(T, SunL(T))); }
+double FastAstro::DeltaPSI(double T) const {
+    return nutationInLongitude(nutationArguments(T, SunL(T)));
+}
 
 double FastAstro::EquationOfTime(double julianDay, double rightAscension) const {
     const double T = centuries(julianDay);
@@ -153,8 +169,8 @@ double FastAstro::LM_Sidereal_Time(double julianDay, double westLongitude) const
 
 double FastAstro::LMST(double modifiedJulianDay, double eastLongitude) const {
     const double T = (modifiedJulianDay - 51544.5) / 36525.0;
-    const double hours = astroGlobalFuncs.frac(modifiedJulianDay) * 24.0 * 1.0027378797531128 + 6.69737434387207 +
-                         siderealSecular(T) + eastLongitude / 15.0;
+    const double hours = astroGlobalFuncs.frac(modifiedJulianDay) * 24.0 * 1.0027378797531128 +
+                         6.69737434387207 + siderealSecular(T) + eastLongitude / 15.0;
     return 24.0 * astroGlobalFuncs.frac(hours / 24.0);
 }
 
@@ -165,11 +181,13 @@ double FastAstro::ComputeGHA(std::int32_t day, std::int32_t month, std::int32_t 
     } else {
         N += static_cast<double>((std::int64_t{year} - 1) / 4);
     }
-    const double x = ((hour / 24.0 + N - 722449.0) * 0.9856473207473755 + 279.3059997558594) * kRadiansPerDegree;
-    const double S = -104.55 * std::sin(x) - 429.2659912109375 * std::cos(x) + 595.6300048828125 * std::sin(2.0 * x) -
-                     2.2829999923706055 * std::cos(2.0 * x) + 4.599999904632568 * std::sin(3.0 * x) +
-                     18.733299255371094 * std::cos(3.0 * x) + 13.199999809265137 * std::sin(-4.0 * x) -
-                     std::cos(5.0 * x) - std::sin(5.0 * x) / 3.0 + 0.5 * std::sin(6.0 * x) + 0.23100000619888306;
+    const double x =
+        ((hour / 24.0 + N - 722449.0) * 0.9856473207473755 + 279.3059997558594) * kRadiansPerDegree;
+    const double S = -104.55 * std::sin(x) - 429.2659912109375 * std::cos(x) +
+                     595.6300048828125 * std::sin(2.0 * x) - 2.2829999923706055 * std::cos(2.0 * x) +
+                     4.599999904632568 * std::sin(3.0 * x) + 18.733299255371094 * std::cos(3.0 * x) +
+                     13.199999809265137 * std::sin(-4.0 * x) - std::cos(5.0 * x) - std::sin(5.0 * x) / 3.0 +
+                     0.5 * std::sin(6.0 * x) + 0.23100000619888306;
     const double gha = S / 240.0 + (hour / 24.0 + 0.5) * 360.0;
     return gha > 360.0 ? gha - 360.0 : gha;
 }
@@ -186,7 +204,8 @@ double FastAstro::SinElev(double julianDay, double latitude, double westLongitud
 
 double FastAstro::SunElev(double julianDay, double latitude, double westLongitude, double declination,
                           double rightAscension) const {
-    return std::asin(SinElev(julianDay, latitude, westLongitude, declination, rightAscension)) / kRadiansPerDegree;
+    return std::asin(SinElev(julianDay, latitude, westLongitude, declination, rightAscension)) /
+           kRadiansPerDegree;
 }
 
 double FastAstro::SunAltitude(double declination, double gha) const {

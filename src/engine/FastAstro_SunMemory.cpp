@@ -17,7 +17,9 @@ std::size_t slot(double count, std::size_t size) {
 }
 
 /// Julian days between which the engine's series are close to the truth: years -1000 to 5000 or so.
-bool inModelledEpoch(double julianDay) { return julianDay > 1356000.0 && julianDay < 3547000.0; }
+bool inModelledEpoch(double julianDay) {
+    return julianDay > 1356000.0 && julianDay < 3547000.0;
+}
 
 /// The Sun's altitude during a day with the declination held: base + swing * cos(hour angle).
 struct DayArc {
@@ -26,8 +28,8 @@ struct DayArc {
     double hourAngle; // at the first hour [rad]
 };
 
-/// The 25 full hours of a local day at which the sine of the altitude lies away from that of the rise. The arc is
-/// within 0.015 of the true sine (its Sun is at most 1.6 days away), its parabola within 0.002, and
+/// The 25 full hours of a local day at which the sine of the altitude lies away from that of the rise. The
+/// arc is within 0.015 of the true sine (its Sun is at most 1.6 days away), its parabola within 0.002, and
 /// between full hours the curve bends by less than 0.009.
 class LikelyHours {
 public:
@@ -136,9 +138,18 @@ bool FastAstro::recallRiseSet(std::int32_t day, std::int32_t month, std::int32_t
 }
 
 void FastAstro::rememberRiseSet(std::int32_t day, std::int32_t month, std::int32_t year, std::int32_t zone) {
-    sunCache.events[sunCache.nextEvent] = {day,    month,           year,  zone,
-                                           Lat,    Lon,             UTRise, UTSet,
-                                           SunDec, SunRA, EclipticLongitude, {YE, Zero1, Zero2, DX}};
+    sunCache.events[sunCache.nextEvent] = {day,
+                                           month,
+                                           year,
+                                           zone,
+                                           Lat,
+                                           Lon,
+                                           UTRise,
+                                           UTSet,
+                                           SunDec,
+                                           SunRA,
+                                           EclipticLongitude,
+                                           {YE, Zero1, Zero2, DX}};
     sunCache.nextEvent = (sunCache.nextEvent + 1) % sunCache.events.size();
 }
 
@@ -148,7 +159,8 @@ double FastAstro::hourAngleNear(const DaySun& sun, double julianDay) const {
     return (GM_Sidereal_Time(julianDay) + Lon / 15.0 - ascension) * 15.0;
 }
 
-bool FastAstro::searchLikelyHours(std::int32_t day, std::int32_t month, std::int32_t year, std::int32_t zone) {
+bool FastAstro::searchLikelyHours(std::int32_t day, std::int32_t month, std::int32_t year,
+                                  std::int32_t zone) {
     const double firstHour = astroGlobalFuncs.CalculateJulianDay(year, month, day, -zone, 0, 0);
     if (!inModelledEpoch(firstHour) || !(std::fabs(Lat) <= 360.0) || !(std::fabs(Lon) <= 720.0)) {
         return false;

@@ -13,7 +13,7 @@ namespace zorel {
 
 namespace {
 
-constexpr int kLastAttempt = 365;                            // days back
+constexpr int kLastAttempt = 365; // days back
 constexpr double kLowestLatitude = -90.0;
 constexpr int kMostLowerings = 181;
 
@@ -34,7 +34,17 @@ struct PrayerDay::Event {
 
 namespace {
 
-enum EventPosition { dawn, sunrise, afternoon, secondAfternoon, sunset, nightfall, secondNightfall, morning5, afternoon5 };
+enum EventPosition {
+    dawn,
+    sunrise,
+    afternoon,
+    secondAfternoon,
+    sunset,
+    nightfall,
+    secondNightfall,
+    morning5,
+    afternoon5
+};
 
 } // namespace
 
@@ -52,9 +62,9 @@ const std::array<PrayerDay::Event, 9> PrayerDay::kEvents{{
 
 PrayerDay::PrayerDay(FastAstro& engine, double latitude, double longitude, const DateTimeRecord& date,
                      bool elevation, PrayerTimes& out, const QiblaRecord& qibla, PrayerTrace* trace)
-    : engine_(engine), givenLatitude_(latitude), entryLatitude_(engine.Lat), longitudeTerm_(-longitude / 15.0),
-      temkin_(temkinHours(latitude, elevation)), callDate_(date), date_(date), out_(out), qibla_(qibla),
-      trace_(trace), phi_(latitude) {}
+    : engine_(engine), givenLatitude_(latitude), entryLatitude_(engine.Lat),
+      longitudeTerm_(-longitude / 15.0), temkin_(temkinHours(latitude, elevation)), callDate_(date),
+      date_(date), out_(out), qibla_(qibla), trace_(trace), phi_(latitude) {}
 
 void PrayerDay::run() {
     out_.latitudeLowered = false;
@@ -88,8 +98,8 @@ SunInfoForPray PrayerDay::sunOf(const DateTimeRecord& date) {
     return engine_.SunInformationForPray(date.day, date.month, date.year);
 }
 
-/// Moves the place south by whole degrees until the Sun rises and sets there, for any sign of the latitude. At the
-/// south pole it stops: what does not occur there is -1.
+/// Moves the place south by whole degrees until the Sun rises and sets there, for any sign of the latitude.
+/// At the south pole it stops: what does not occur there is -1.
 void PrayerDay::lowerLatitude() {
     bool missing = riseOrSetMissing(info_);
     for (int step = 0; missing && step < kMostLowerings && engine_.Lat - 1.0 >= kLowestLatitude; ++step) {
@@ -107,12 +117,8 @@ bool PrayerDay::missesAfterLowering() {
 }
 
 IterationInput PrayerDay::inputOf(const Event& event) const {
-    return {phi_,
-            longitudeTerm_,
-            event.temkin * temkin_,
-            engine_.iPlace.timeZone,
-            event.altitude,
-            event.direction};
+    return {phi_,           longitudeTerm_, event.temkin * temkin_, engine_.iPlace.timeZone,
+            event.altitude, event.direction};
 }
 
 /// Iterates every event of the date of the call, side by side.
@@ -154,7 +160,8 @@ void PrayerDay::search(const Event& event, bool& fromOtherDay) {
     fromOtherDay = fromOtherDay || !result.answer;
     for (int back = 1; !result.answer && back <= kLastAttempt; ++back) {
         if (engine_.RemembersSun()) {
-            back = std::min(back + daysSurelyWithout(today - back, phi_.degrees, event.altitude), kLastAttempt);
+            back =
+                std::min(back + daysSurelyWithout(today - back, phi_.degrees, event.altitude), kLastAttempt);
         }
         calendar.JulianToCalendar(today - back, date_, 1);
         info_ = sunOf(date_);

@@ -26,8 +26,8 @@ struct PrayerTrace {
 /// One place and civil date. Uses the engine's `Lat` while it lowers the latitude, and its Sun.
 class PrayerDay {
 public:
-    PrayerDay(FastAstro& engine, double latitude, double longitude, const DateTimeRecord& date, bool elevation,
-              PrayerTimes& out, const QiblaRecord& qibla, PrayerTrace* trace = nullptr);
+    PrayerDay(FastAstro& engine, double latitude, double longitude, const DateTimeRecord& date,
+              bool elevation, PrayerTimes& out, const QiblaRecord& qibla, PrayerTrace* trace = nullptr);
     /// Fills the times in their order; leaves index 13 and flags that do not apply as they were.
     void run();
 
@@ -50,17 +50,17 @@ private:
     void set(PrayerTimes::Index index, double time, double temkin = 0.0, double addition = 0.0);
 
     FastAstro& engine_;
-    const double givenLatitude_;  // [deg]
-    const double entryLatitude_;  // the engine's `Lat` before lowering [deg]
-    const double longitudeTerm_;  // [h]
-    const double temkin_;         // [h]
+    const double givenLatitude_; // [deg]
+    const double entryLatitude_; // the engine's `Lat` before lowering [deg]
+    const double longitudeTerm_; // [h]
+    const double temkin_;        // [h]
     const DateTimeRecord callDate_;
     DateTimeRecord date_; // the date that what follows is computed for
     PrayerTimes& out_;
     const QiblaRecord qibla_;
     PrayerTrace* trace_;
     IterationLatitude phi_; // latitude used
-    SunInfoForPray info_; // of date_
+    SunInfoForPray info_;   // of date_
     // Of the date of the call, once its latitude is settled:
     SunInfoForPray callInfo_;
     std::array<IterationResult, 16> callResults_{};

@@ -14,7 +14,9 @@ constexpr double kOneSecond = 0.00027777778450399637; // [h]
 constexpr double kLargestCosine = 0.9990000128746033;
 
 /// Whether an altitude code stands for a shadow as long as 1 or 2 staffs, beyond the shadow of noon.
-constexpr bool isShadowRule(std::int32_t altitude) { return altitude == 1 || altitude == 2; }
+constexpr bool isShadowRule(std::int32_t altitude) {
+    return altitude == 1 || altitude == 2;
+}
 
 /// Altitude at which a staff throws `factor` of its length beyond its shadow of noon [rad].
 double shadowAltitude(std::int32_t factor, double latitude, double declination) {
@@ -32,8 +34,9 @@ IterationLatitude::IterationLatitude(double latitude)
       cosine(cosSingle(latitude * kRadiansPerDegree)) {}
 
 PrayerIteration::PrayerIteration(const IterationInput& input, const SunInfoForPray& info)
-    : input_(input), declinationToday_(info.declinationToday()), declinationTomorrow_(info.declinationTomorrow()),
-      equationToday_(info.equationOfTimeToday()), equationTomorrow_(info.equationOfTimeTomorrow()) {
+    : input_(input), declinationToday_(info.declinationToday()),
+      declinationTomorrow_(info.declinationTomorrow()), equationToday_(info.equationOfTimeToday()),
+      equationTomorrow_(info.equationOfTimeTomorrow()) {
     result_.altitude = single(input.altitude * kRadiansPerDegree);
     sinAltitude_ = std::sin(result_.altitude);
 }

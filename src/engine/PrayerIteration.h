@@ -39,8 +39,8 @@ struct IterationResult {
     double altitude = 0.0; ///< target of the last round [rad]
 };
 
-/// The value at a local hour between the day's and the next day's, with the sign of the change as the engine takes
-/// it: the absolute change is subtracted when the value falls.
+/// The value at a local hour between the day's and the next day's, with the sign of the change as the engine
+/// takes it: the absolute change is subtracted when the value falls.
 [[nodiscard]] inline double interpolateDay(double today, double tomorrow, double hour) {
     const double change = std::fabs((today - tomorrow) * hour / 24.0);
     return tomorrow < today ? today - change : today + change;
@@ -70,8 +70,8 @@ private:
 
 [[nodiscard]] IterationResult iteratePrayerTime(const IterationInput& input, const SunInfoForPray& info);
 
-/// Runs iterations round by round side by side: each is a long chain of dependent operations, and a processor works
-/// on several chains at once.
+/// Runs iterations round by round side by side: each is a long chain of dependent operations, and a processor
+/// works on several chains at once.
 void iterateTogether(std::span<PrayerIteration> iterations);
 
 } // namespace zorel

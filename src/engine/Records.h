@@ -1,8 +1,8 @@
 // SPDX-License-Identifier: Apache-2.0
 /// @file
 /// The records that pass in and out of the engine: plain structures, copied by value.
-/// Angles are degrees (latitude north positive, longitude east positive), right ascension and sidereal time are
-/// hours, times of day are decimal hours. A solar event that does not occur is -1, a lunar one -1650.
+/// Angles are degrees (latitude north positive, longitude east positive), right ascension and sidereal time
+/// are hours, times of day are decimal hours. A solar event that does not occur is -1, a lunar one -1650.
 #pragma once
 
 #include <array>
@@ -31,8 +31,8 @@ struct DateTimeRecord {
 DateTimeRecord DateRecordMake(std::int32_t day, std::int32_t month, std::int32_t year, std::int32_t hour,
                               std::int32_t minute, std::int32_t second);
 
-/// The sixteen times of one day [decimal hours of local time, -1 where there is none] and the same events on the
-/// sunset-based clock.
+/// The sixteen times of one day [decimal hours of local time, -1 where there is none] and the same events on
+/// the sunset-based clock.
 struct PrayerTimes {
     /// Positions in `times` and `ezani`.
     enum Index : int {

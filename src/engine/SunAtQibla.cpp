@@ -14,8 +14,8 @@ namespace {
 
 constexpr double kRadian = 0.017453292519943295;
 constexpr double kVisibleAbove = -50.0 / 60.0; // [deg]
-constexpr double kSamePlace = 0.01;            // nearer to the Kaaba or its antipode there is no bearing [deg]
-constexpr double kSameInstant = 1.0 / 3600.0;  // [h]
+constexpr double kSamePlace = 0.01;           // nearer to the Kaaba or its antipode there is no bearing [deg]
+constexpr double kSameInstant = 1.0 / 3600.0; // [h]
 constexpr int kRounds = 12;
 
 /// One place and local day.
@@ -23,10 +23,11 @@ class QiblaDay {
 public:
     QiblaDay(double latitude, double longitude, double timeZone, double midnight, double bearing)
         : sinLatitude_(std::sin(latitude * kRadian)), cosLatitude_(std::cos(latitude * kRadian)),
-          sinBearing_(std::sin(bearing * kRadian)), cosBearing_(std::cos(bearing * kRadian)), longitude_(longitude),
-          midnight_(midnight - timeZone / 24.0) {}
+          sinBearing_(std::sin(bearing * kRadian)), cosBearing_(std::cos(bearing * kRadian)),
+          longitude_(longitude), midnight_(midnight - timeZone / 24.0) {}
 
-    /// The instant of one of the two crossings of the vertical circle (branch -1 and +1), near an hour of the day.
+    /// The instant of one of the two crossings of the vertical circle (branch -1 and +1), near an hour of the
+    /// day.
     std::optional<SunAtQiblaInstant> crossing(double near, int branch) {
         double hour = near;
         for (int round = 0; round < kRounds; ++round) {
@@ -109,8 +110,8 @@ double QiblaBearing(const QiblaRecord& qibla) {
     return bearing < 360.0 ? bearing : 0.0;
 }
 
-std::vector<SunAtQiblaInstant> SunAtQibla(double latitude, double longitude, double timeZone, std::int32_t year,
-                                          std::int32_t month, std::int32_t day) {
+std::vector<SunAtQiblaInstant> SunAtQibla(double latitude, double longitude, double timeZone,
+                                          std::int32_t year, std::int32_t month, std::int32_t day) {
     const double bearing = QiblaBearing(FastAstro().KibleAcisi(latitude, longitude));
     const double midnight = AstroGlobalFuncs().CalculateJulianDay(year, month, day, 0, 0, 0);
     if (!std::isfinite(bearing) || !std::isfinite(timeZone) || hasNoBearing(latitude, longitude)) {

@@ -22,13 +22,14 @@ struct SunAtQiblaInstant {
 
 /// The instants of a local day, in order: none, one or two, seldom more (a day can begin and end with one).
 ///
-/// Solves the vertical circle of the qibla for the Sun's hour angle; right in both hemispheres, in the tropics and
-/// near the poles. Within 20 s of the truth where the Sun crosses the circle at an angle, 1800 to 2200; neither
-/// delta-T nor the Sun's parallax is modelled. At the Kaaba, at its antipode and for numbers that are not finite
-/// there is no bearing and the answer is empty.
-/// @param latitude [deg]. @param longitude [deg] east positive. @param timeZone [h] east of Greenwich, with any
-/// daylight saving that is in force.
+/// Solves the vertical circle of the qibla for the Sun's hour angle; right in both hemispheres, in the
+/// tropics and near the poles. Within 20 s of the truth where the Sun crosses the circle at an angle, 1800 to
+/// 2200; neither delta-T nor the Sun's parallax is modelled. At the Kaaba, at its antipode and for numbers
+/// that are not finite there is no bearing and the answer is empty.
+/// @param latitude [deg]. @param longitude [deg] east positive. @param timeZone [h] east of Greenwich, with
+/// any daylight saving that is in force.
 [[nodiscard]] std::vector<SunAtQiblaInstant> SunAtQibla(double latitude, double longitude, double timeZone,
-                                                        std::int32_t year, std::int32_t month, std::int32_t day);
+                                                        std::int32_t year, std::int32_t month,
+                                                        std::int32_t day);
 
 } // namespace zorel

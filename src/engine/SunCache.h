@@ -1,8 +1,9 @@
 // SPDX-License-Identifier: Apache-2.0
 /// @file
-/// What an engine remembers of the Sun, so that nothing is computed twice: positions at an instant do not depend on
-/// the place, neighbouring hours of the rise and set search share two of their three instants, and day d + 1 of
-/// today is day d of tomorrow. Bounded; entries are keyed by the exact Julian day, so results do not change.
+/// What an engine remembers of the Sun, so that nothing is computed twice: positions at an instant do not
+/// depend on the place, neighbouring hours of the rise and set search share two of their three instants, and
+/// day d + 1 of today is day d of tomorrow. Bounded; entries are keyed by the exact Julian day, so results do
+/// not change.
 #pragma once
 
 #include <array>
@@ -61,7 +62,7 @@ struct SunCache {
     std::array<DaySun, 64> days{};
     std::array<RiseSetDay, 4> events{};
     std::size_t nextEvent = 0;
-    DaySun nearby{}; ///< the position used last, for rough bounds
+    DaySun nearby{};               ///< the position used last, for rough bounds
     double latitude = kNeverEqual; ///< of the two below
     double sinLatitude = 0.0;
     double cosLatitude = 0.0;

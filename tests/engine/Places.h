@@ -37,7 +37,8 @@ private:
 
 inline void setUp(FastAstro& engine, const PlaceDay& p) {
     engine.SetCurrentDate(p.day, p.month, p.year);
-    engine.SetPlace(p.latitude, p.longitude, p.timeZone, p.europeanRule ? 1 : 0, 2, 35, 9, 35, 1, p.elevation ? 1 : 0);
+    engine.SetPlace(p.latitude, p.longitude, p.timeZone, p.europeanRule ? 1 : 0, 2, 35, 9, 35, 1,
+                    p.elevation ? 1 : 0);
 }
 
 inline PrayerTimes timesOf(const PlaceDay& p) {

@@ -56,7 +56,9 @@ TEST(JulianDay, DaysOutsideTheMonthCarryOver) {
     EXPECT_EQ(midnight(2023, 1, 400), midnight(2024, 2, 4));
 }
 
-TEST(JulianDay, ThereIsNoYearZero) { EXPECT_EQ(midnight(1, 1, 1) - midnight(-1, 12, 31), 1.0); }
+TEST(JulianDay, ThereIsNoYearZero) {
+    EXPECT_EQ(midnight(1, 1, 1) - midnight(-1, 12, 31), 1.0);
+}
 
 TEST(JulianToCalendar, NoonOf2000) {
     DateTimeRecord record;
@@ -87,7 +89,9 @@ TEST(JulianToCalendar, EverySecondOfADayComesBack) {
     }
 }
 
-TEST(JulianToCalendar, YearsBeforeTheEraAreCountedUpward) { EXPECT_EQ(dateOf(1721425.5 - 400.0).year, 2); }
+TEST(JulianToCalendar, YearsBeforeTheEraAreCountedUpward) {
+    EXPECT_EQ(dateOf(1721425.5 - 400.0).year, 2);
+}
 
 TEST(JulianToGregorian, TakesTheNextDayWhenItIsNear) {
     EXPECT_EQ(calendar.JulianToGregorian(2451544.5).day, 1);

@@ -19,12 +19,14 @@ struct Rule {
     std::int32_t stopOut = 0;
 
     bool on(std::int32_t year, std::int32_t month, std::int32_t day) {
-        return AstroGlobalFuncs().IsDSTDay(startDay, startMonth, stopDay, stopMonth, year, month, day, startOut,
-                                           stopOut);
+        return AstroGlobalFuncs().IsDSTDay(startDay, startMonth, stopDay, stopMonth, year, month, day,
+                                           startOut, stopOut);
     }
 };
 
-constexpr std::int32_t weekday(int day, int occurrence) { return 31 + day * 5 + occurrence; }
+constexpr std::int32_t weekday(int day, int occurrence) {
+    return 31 + day * 5 + occurrence;
+}
 constexpr std::int32_t kLastSunday = weekday(0, 4);
 
 TEST(DaylightSaving, LastSundayOfMarchToLastSundayOfOctober) {

@@ -11,8 +11,10 @@ namespace {
 using testing::PlaceDay;
 using testing::setUp;
 
-const PlaceDay kIstanbul{.latitude = 41.0082, .longitude = 28.9784, .timeZone = 3.0, .year = 2024, .month = 4, .day = 17};
-const PlaceDay kCopenhagen{.latitude = 55.7, .longitude = 12.6, .timeZone = 1.0, .year = 2024, .month = 6, .day = 21};
+const PlaceDay kIstanbul{
+    .latitude = 41.0082, .longitude = 28.9784, .timeZone = 3.0, .year = 2024, .month = 4, .day = 17};
+const PlaceDay kCopenhagen{
+    .latitude = 55.7, .longitude = 12.6, .timeZone = 1.0, .year = 2024, .month = 6, .day = 21};
 
 PrayTimeExplanation explain(const PlaceDay& p, int index) {
     FastAstro engine;
@@ -93,7 +95,8 @@ TEST(Explain, ATimeFromAnEarlierDaySaysWhichOne) {
     const PrayTimeExplanation dawn = explain(kCopenhagen, PrayerTimes::dawn);
     EXPECT_GT(dawn.daysBack, 30);
     const AstroGlobalFuncs calendar;
-    EXPECT_EQ(calendar.CalculateJulianDay(2024, 6, 21, 0, 0, 0) - calendar.JulianDay(dawn.date), dawn.daysBack);
+    EXPECT_EQ(calendar.CalculateJulianDay(2024, 6, 21, 0, 0, 0) - calendar.JulianDay(dawn.date),
+              dawn.daysBack);
     const PrayTimeExplanation sunrise = explain(kCopenhagen, PrayerTimes::sunrise);
     EXPECT_EQ(sunrise.daysBack, 0) << "the searches do not move the other times";
     const PrayTimeExplanation second = explain(kCopenhagen, PrayerTimes::secondNightfall);
@@ -102,7 +105,8 @@ TEST(Explain, ATimeFromAnEarlierDaySaysWhichOne) {
 }
 
 TEST(Explain, ALoweredDayTellsTheLatitude) {
-    const PlaceDay tromso{.latitude = 69.65, .longitude = 18.96, .timeZone = 1.0, .year = 2024, .month = 6, .day = 21};
+    const PlaceDay tromso{
+        .latitude = 69.65, .longitude = 18.96, .timeZone = 1.0, .year = 2024, .month = 6, .day = 21};
     const PrayTimeExplanation why = explain(tromso, PrayerTimes::sunset);
     EXPECT_TRUE(why.latitudeLowered);
     EXPECT_LT(why.latitude, 67.0);
@@ -124,7 +128,8 @@ TEST(Explain, AnotherDate) {
     FastAstro engine;
     setUp(engine, kIstanbul);
     engine.CalculateNextPrayTimes();
-    const PrayTimeExplanation tomorrow = engine.ExplainPrayTime(PrayerTimes::dawn, {2024, 4, 18, 0, 0, 0, 0.0});
+    const PrayTimeExplanation tomorrow =
+        engine.ExplainPrayTime(PrayerTimes::dawn, {2024, 4, 18, 0, 0, 0, 0.0});
     EXPECT_EQ(tomorrow.time, engine.iPlace.tomorrow.times[PrayerTimes::dawn]);
     EXPECT_EQ(tomorrow.date.day, 18);
 }

@@ -99,7 +99,8 @@ TEST_F(GoldenCheck, BrokenFilesAreRefusedWithAReason) {
     for (const std::string content :
          {"", "not json", "[]", "{}", "3", R"({"frac": 3})", R"({"frac": {"cases": []}})",
           R"({"frac": {"tolerance": "x", "cases": []}})", R"({"frac": {"tolerance": 0}})",
-          R"({"frac": {"tolerance": 0, "cases": {}}})", R"({"frac": {"tolerance": 0, "cases": [{"in": [1]}]}})",
+          R"({"frac": {"tolerance": 0, "cases": {}}})",
+          R"({"frac": {"tolerance": 0, "cases": [{"in": [1]}]}})",
           R"({"frac": {"tolerance": 0, "cases": [{"in": [], "out": [0]}]}})",
           R"({"frac": {"tolerance": 0, "cases": [{"in": ["x"], "out": [0]}]}})",
           R"({"frac": {"tolerance": 0, "cases": [{"in": 5, "out": [0]}]}})",

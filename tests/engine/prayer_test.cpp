@@ -15,7 +15,8 @@ using testing::PlaceDay;
 using testing::setUp;
 using testing::timesOf;
 
-const PlaceDay kIstanbul{.latitude = 41.0082, .longitude = 28.9784, .timeZone = 3.0, .year = 2024, .month = 4, .day = 17};
+const PlaceDay kIstanbul{
+    .latitude = 41.0082, .longitude = 28.9784, .timeZone = 3.0, .year = 2024, .month = 4, .day = 17};
 
 TEST(Temkin, ConstantFromSixtyDegrees) {
     EXPECT_EQ(temkinHours(60.7, true), 0.40555556615193683);
@@ -77,7 +78,9 @@ TEST(PrayerTimes, DaylightSavingAddsOneHourWhateverTheShift) {
 TEST(PrayerTimes, MidsummerBeyondThePolarCircleLowersTheLatitude) {
     for (const double latitude : {67.0, 70.0, 78.2, 89.0}) {
         FastAstro engine;
-        setUp(engine, {.latitude = latitude, .longitude = 25.0, .timeZone = 2.0, .year = 2024, .month = 6, .day = 21});
+        setUp(
+            engine,
+            {.latitude = latitude, .longitude = 25.0, .timeZone = 2.0, .year = 2024, .month = 6, .day = 21});
         const PrayerTimes t = engine.CalculatePrayTimes().today;
         EXPECT_TRUE(t.latitudeLowered);
         EXPECT_LE(t.priorLatitude, latitude);
@@ -90,7 +93,8 @@ TEST(PrayerTimes, MidsummerBeyondThePolarCircleLowersTheLatitude) {
 }
 
 TEST(PrayerTimes, TheFarSouthStopsAtThePole) {
-    const PrayerTimes t = timesOf({.latitude = -78.0, .longitude = 166.7, .timeZone = 12.0, .year = 2024, .month = 12, .day = 21});
+    const PrayerTimes t = timesOf(
+        {.latitude = -78.0, .longitude = 166.7, .timeZone = 12.0, .year = 2024, .month = 12, .day = 21});
     EXPECT_TRUE(t.latitudeLowered);
     EXPECT_EQ(t.priorLatitude, -89.0);
     EXPECT_EQ(t.times[PrayerTimes::sunrise], -1.0);

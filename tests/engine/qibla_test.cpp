@@ -13,9 +13,12 @@ namespace {
 
 constexpr double kRadian = M_PI / 180.0;
 
-double bearing(double latitude, double longitude) { return QiblaBearing(FastAstro().KibleAcisi(latitude, longitude)); }
+double bearing(double latitude, double longitude) {
+    return QiblaBearing(FastAstro().KibleAcisi(latitude, longitude));
+}
 
-/// Initial course of the great circle to the Kaaba (21.4327 north in the engine's constant, 39.82 east) [deg].
+/// Initial course of the great circle to the Kaaba (21.4327 north in the engine's constant, 39.82 east)
+/// [deg].
 double greatCircle(double latitude, double longitude) {
     const double target = std::atan(0.39249985828970657);
     const double dL = (39.82 - longitude) * kRadian;
@@ -25,7 +28,9 @@ double greatCircle(double latitude, double longitude) {
     return std::fmod(std::atan2(y, x) / kRadian + 360.0, 360.0);
 }
 
-double apart(double a, double b) { return std::fabs(std::remainder(a - b, 360.0)); }
+double apart(double a, double b) {
+    return std::fabs(std::remainder(a - b, 360.0));
+}
 
 TEST(Qibla, BearingOfKnownPlaces) {
     EXPECT_NEAR(bearing(51.5, -0.13), 119.0, 0.1);   // London
@@ -118,9 +123,11 @@ TEST(SunAtQibla, TheSunOverTheKaabaShowsTheQiblaEverywhere) {
         double hour;
     };
     for (const Event& event : {Event{5, 28, 9.0 + 18.0 / 60.0}, Event{7, 15, 9.0 + 27.0 / 60.0}}) {
-        for (const auto& [latitude, longitude] : {std::pair{51.5, -0.13}, {41.0, 29.0}, {28.6, 77.2}, {-1.3, 36.8}}) {
+        for (const auto& [latitude, longitude] :
+             {std::pair{51.5, -0.13}, {41.0, 29.0}, {28.6, 77.2}, {-1.3, 36.8}}) {
             bool shown = false;
-            for (const SunAtQiblaInstant& instant : SunAtQibla(latitude, longitude, 0.0, 2024, event.month, event.day)) {
+            for (const SunAtQiblaInstant& instant :
+                 SunAtQibla(latitude, longitude, 0.0, 2024, event.month, event.day)) {
                 shown = shown || (std::fabs(instant.hour - event.hour) < 3.0 / 60.0 && instant.visible);
             }
             EXPECT_TRUE(shown) << latitude << ' ' << longitude;

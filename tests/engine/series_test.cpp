@@ -34,13 +34,14 @@ TEST(Series, RowCountsAreThoseOfTheSources) {
     EXPECT_EQ(kNutation.size(), sourceRows("nutation.tsv"));
     EXPECT_EQ(kMoonLongitude.size(), sourceRows("moon_lr.tsv"));
     EXPECT_EQ(kMoonLatitude.size(), sourceRows("moon_b.tsv"));
-    EXPECT_EQ(kMoonPhaseNew.size() + kMoonPhaseFull.size() + kMoonPhaseQuarter.size(), sourceRows("moon_phases.tsv"));
+    EXPECT_EQ(kMoonPhaseNew.size() + kMoonPhaseFull.size() + kMoonPhaseQuarter.size(),
+              sourceRows("moon_phases.tsv"));
     EXPECT_EQ(kIgrf11.size(), sourceRows("igrf11.tsv"));
 }
 
 TEST(Series, ChecksumsAreOfTheirKind) {
-    for (const std::string_view checksum : {kEarthSha256, kNutationSha256, kMoonLongitudeSha256, kMoonLatitudeSha256,
-                                            kMoonPhaseSha256, kIgrf11Sha256}) {
+    for (const std::string_view checksum : {kEarthSha256, kNutationSha256, kMoonLongitudeSha256,
+                                            kMoonLatitudeSha256, kMoonPhaseSha256, kIgrf11Sha256}) {
         EXPECT_EQ(checksum.size(), 64U);
         EXPECT_EQ(checksum.find_first_not_of("0123456789abcdef"), std::string_view::npos);
     }

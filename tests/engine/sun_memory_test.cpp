@@ -23,11 +23,21 @@ std::vector<std::uint64_t> everything(const FastAstro& engine, const PrayerTimes
     std::vector<double> values(times.times.begin(), times.times.end());
     values.insert(values.end(), times.ezani.begin(), times.ezani.end());
     values.insert(values.end(), engine.SunInfo.field.begin(), engine.SunInfo.field.end());
-    const std::array<double, 15> fields{engine.Lat,         engine.SunDec, engine.SunRA,  engine.SunDistance,
-                                        engine.UTRise,      engine.UTSet,  engine.YE,     engine.Zero1,
-                                        engine.Zero2,       engine.DX,     times.priorLatitude,
-                                        engine.EclipticLongitude,          engine.Rise ? 1.0 : 0.0,
-                                        engine.Sett ? 1.0 : 0.0,           times.latitudeLowered ? 1.0 : 0.0};
+    const std::array<double, 15> fields{engine.Lat,
+                                        engine.SunDec,
+                                        engine.SunRA,
+                                        engine.SunDistance,
+                                        engine.UTRise,
+                                        engine.UTSet,
+                                        engine.YE,
+                                        engine.Zero1,
+                                        engine.Zero2,
+                                        engine.DX,
+                                        times.priorLatitude,
+                                        engine.EclipticLongitude,
+                                        engine.Rise ? 1.0 : 0.0,
+                                        engine.Sett ? 1.0 : 0.0,
+                                        times.latitudeLowered ? 1.0 : 0.0};
     values.insert(values.end(), fields.begin(), fields.end());
     std::vector<std::uint64_t> bits;
     for (double value : values) {
@@ -42,8 +52,9 @@ std::vector<std::uint64_t> dayOf(FastAstro& engine, const PlaceDay& p) {
 }
 
 std::string text(const PlaceDay& p) {
-    return std::to_string(p.latitude) + " " + std::to_string(p.longitude) + " zone " + std::to_string(p.timeZone) +
-           " " + std::to_string(p.year) + "-" + std::to_string(p.month) + "-" + std::to_string(p.day);
+    return std::to_string(p.latitude) + " " + std::to_string(p.longitude) + " zone " +
+           std::to_string(p.timeZone) + " " + std::to_string(p.year) + "-" + std::to_string(p.month) + "-" +
+           std::to_string(p.day);
 }
 
 class SunMemory : public ::testing::Test {
@@ -77,7 +88,8 @@ TEST_F(SunMemory, HighLatitudesGiveTheSameBits) {
 
 TEST_F(SunMemory, ConsecutiveDaysGiveTheSameBits) {
     for (const double latitude : {-33.4, 0.0, 21.42, 41.0, 48.2, 52.5, 66.6}) {
-        PlaceDay p{.latitude = latitude, .longitude = 28.97, .timeZone = 2.0, .year = 2023, .europeanRule = true};
+        PlaceDay p{
+            .latitude = latitude, .longitude = 28.97, .timeZone = 2.0, .year = 2023, .europeanRule = true};
         for (p.month = 1; p.month <= 12; ++p.month) {
             for (p.day = 1; p.day <= 28; ++p.day) {
                 expectSame(p);

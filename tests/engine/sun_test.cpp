@@ -16,9 +16,10 @@ double julianDay(std::int32_t year, std::int32_t month, std::int32_t day, std::i
 }
 
 TEST(EarthSeries, RowsOfTheThirteenSeries) {
-    const std::size_t rows = kEarthL0.size() + kEarthL1.size() + kEarthL2.size() + kEarthL3.size() + kEarthL4.size() +
-                             kEarthL5.size() + kEarthB0.size() + kEarthB1.size() + kEarthR0.size() +
-                             kEarthR1.size() + kEarthR2.size() + kEarthR3.size() + kEarthR4.size();
+    const std::size_t rows = kEarthL0.size() + kEarthL1.size() + kEarthL2.size() + kEarthL3.size() +
+                             kEarthL4.size() + kEarthL5.size() + kEarthB0.size() + kEarthB1.size() +
+                             kEarthR0.size() + kEarthR1.size() + kEarthR2.size() + kEarthR3.size() +
+                             kEarthR4.size();
     EXPECT_EQ(rows, kEarthRows);
     EXPECT_EQ(rows, 195U);
     EXPECT_EQ(kEarthL0.size(), 64U);
@@ -47,7 +48,9 @@ TEST(EarthSeries, EveryValueIsASinglePrecisionNumber) {
     }
 }
 
-TEST(Earth, NearPerihelionInEarlyJanuary) { EXPECT_NEAR(EarthCompute().EarthR(2451545.0), 0.983, 0.0005); }
+TEST(Earth, NearPerihelionInEarlyJanuary) {
+    EXPECT_NEAR(EarthCompute().EarthR(2451545.0), 0.983, 0.0005);
+}
 
 TEST(Earth, HeliocentricPositionOfReference) {
     // Reda & Andreas, NREL/TP-560-34302, appendix 5: 2003 October 17, 19:30:30 UT, JDE 2452930.313620.
@@ -164,8 +167,8 @@ TEST(Quad, RootsAndExtreme) {
 }
 
 TEST(RiseAndSet, OfAnOrdinaryDay) {
-    // Greenwich, the day of the equinox: declination 0.05 degrees, equation of time -7.4 minutes; with the centre
-    // 50' below the horizon the hour angle is 91.4 degrees: rise 06:02, set 18:13.
+    // Greenwich, the day of the equinox: declination 0.05 degrees, equation of time -7.4 minutes; with the
+    // centre 50' below the horizon the hour angle is 91.4 degrees: rise 06:02, set 18:13.
     FastAstro engine;
     engine.SetLatLon(51.4779, 0.0);
     engine.SunRiseSet(20, 3, 2024);

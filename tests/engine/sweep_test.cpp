@@ -1,5 +1,6 @@
 // SPDX-License-Identifier: Apache-2.0
-// What holds for every place and day: the order of the times, no sudden change from day to day, no number missing.
+// What holds for every place and day: the order of the times, no sudden change from day to day, no number
+// missing.
 #include "engine/FastAstro.h"
 #include "tests/engine/Places.h"
 
@@ -15,13 +16,13 @@ using testing::setUp;
 
 void expectOrder(const PrayerTimes& t, const PlaceDay& p) {
     const auto at = [&t](int index) { return t.times[static_cast<std::size_t>(index)]; };
-    const int order[] = {PrayerTimes::dawn,      PrayerTimes::sunrise,         PrayerTimes::transitMinusTemkin,
-                         PrayerTimes::noon,      PrayerTimes::afternoon,       PrayerTimes::secondAfternoon,
-                         PrayerTimes::sunset,    PrayerTimes::nightfall};
+    const int order[] = {PrayerTimes::dawn,   PrayerTimes::sunrise,   PrayerTimes::transitMinusTemkin,
+                         PrayerTimes::noon,   PrayerTimes::afternoon, PrayerTimes::secondAfternoon,
+                         PrayerTimes::sunset, PrayerTimes::nightfall};
     for (std::size_t i = 0; i + 1 < std::size(order); ++i) {
         ASSERT_LT(at(order[i]), at(order[i + 1]))
-            << order[i] << " before " << order[i + 1] << " at " << p.latitude << ' ' << p.longitude << ' ' << p.year
-            << '-' << p.month << '-' << p.day;
+            << order[i] << " before " << order[i + 1] << " at " << p.latitude << ' ' << p.longitude << ' '
+            << p.year << '-' << p.month << '-' << p.day;
     }
 }
 
@@ -61,14 +62,13 @@ TEST(Sweep, DayToDayContinuityBelowSixtyDegrees) {
             for (int day = 0; day <= 366; ++day) {
                 DateTimeRecord date;
                 calendar.JulianToCalendar(calendar.CalculateJulianDay(year, 1, 1 + day, 0, 0, 0), date, 1);
-                const PrayerTimes t = testing::timesOf({.latitude = latitude,
-                                                        .year = date.year,
-                                                        .month = date.month,
-                                                        .day = date.day});
+                const PrayerTimes t = testing::timesOf(
+                    {.latitude = latitude, .year = date.year, .month = date.month, .day = date.day});
                 for (const int index : {1, 2, 3, 4, 6, 10}) {
                     const auto i = static_cast<std::size_t>(index);
                     ASSERT_TRUE(day == 0 || std::fabs(t.times[i] - previous.times[i]) < 0.1)
-                        << index << " at " << latitude << " on " << date.year << '-' << date.month << '-' << date.day;
+                        << index << " at " << latitude << " on " << date.year << '-' << date.month << '-'
+                        << date.day;
                 }
                 previous = t;
             }
@@ -84,12 +84,14 @@ TEST(Sweep, TimesDoNotDependOnTheCalendarOfTheCaller) {
 
 TEST(Sweep, AnyInputGivesNumbers) {
     const double infinity = std::numeric_limits<double>::infinity();
-    const double odd[] = {std::nan(""), infinity, -infinity, 1e300, -1e18, 400.0, 200.0, 90.0, -90.0, 0.0, -0.0};
+    const double odd[] = {std::nan(""), infinity, -infinity, 1e300, -1e18, 400.0,
+                          200.0,        90.0,     -90.0,     0.0,   -0.0};
     const std::int32_t years[] = {-2147483647 - 1, -4000, 0, 1582, 9999, 2147483647};
     for (const double x : odd) {
         for (const std::int32_t year : years) {
-            for (const PlaceDay& p : {PlaceDay{.latitude = x, .year = year}, PlaceDay{.longitude = x, .year = year},
-                                      PlaceDay{.latitude = 41.0, .timeZone = x, .year = year}}) {
+            for (const PlaceDay& p :
+                 {PlaceDay{.latitude = x, .year = year}, PlaceDay{.longitude = x, .year = year},
+                  PlaceDay{.latitude = 41.0, .timeZone = x, .year = year}}) {
                 FastAstro engine;
                 setUp(engine, p);
                 PrayerTimes t = engine.CalculatePrayTimes().today;

@@ -50,7 +50,8 @@ std::int32_t Arguments::integer(std::size_t position) const {
     using Limits = std::numeric_limits<std::int32_t>;
     const double value = number(position);
     if (!(value >= Limits::min() && value <= Limits::max()) || value != std::trunc(value)) {
-        throw MalformedFile(fmt::format("position {} of \"in\" is not a whole number: {}", position, in_.dump()));
+        throw MalformedFile(
+            fmt::format("position {} of \"in\" is not a whole number: {}", position, in_.dump()));
     }
     return static_cast<std::int32_t>(value);
 }

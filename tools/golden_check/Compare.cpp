@@ -82,7 +82,8 @@ void flatten(const Json& value, const std::string& name, Outputs& out) {
     }
     const std::optional<double> number = numberOf(value);
     if (!number) {
-        throw MalformedFile(fmt::format("operation {}: an \"out\" that is not a number: {}", name, value.dump()));
+        throw MalformedFile(
+            fmt::format("operation {}: an \"out\" that is not a number: {}", name, value.dump()));
     }
     out.push_back(*number);
 }
@@ -150,8 +151,7 @@ std::string fieldName(const Rules& rules, std::size_t position) {
 class CaseRun {
 public:
     CaseRun(const Rules& rules, const Operation& operation, const Json& item, Report& report)
-        : rules_(rules), operation_(operation), item_(item), report_(report),
-          skip_(skipped(item)) {}
+        : rules_(rules), operation_(operation), item_(item), report_(report), skip_(skipped(item)) {}
 
     bool run() {
         const Arguments in(member(item_, "in", report_.name));

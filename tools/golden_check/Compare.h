@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: Apache-2.0
 /// @file
-/// Runs the cases of one operation of a golden file and sums up how far the results lie from the expected ones.
+/// Runs the cases of one operation of a golden file and sums up how far the results lie from the expected
+/// ones.
 #pragma once
 
 #include "Registry.h"

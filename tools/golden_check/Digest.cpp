@@ -51,8 +51,8 @@ void digestPrayerTimes() {
     for (int i = 0; i < 1500; ++i) {
         FastAstro engine;
         engine.SetCurrentDate(1 + i % 28, 1 + i % 12, 1600 + i % 801);
-        engine.SetPlace(-90.0 + 180.0 * (i % 97) / 96.0, -180.0 + 360.0 * (i % 89) / 88.0, i % 27 - 12, 1, 2, 35, 9,
-                        35, 1, i % 2);
+        engine.SetPlace(-90.0 + 180.0 * (i % 97) / 96.0, -180.0 + 360.0 * (i % 89) / 88.0, i % 27 - 12, 1, 2,
+                        35, 9, 35, 1, i % 2);
         PrayerTimes times = engine.CalculatePrayTimes().today;
         engine.CalculateAllEzaniTimes(times);
         for (std::size_t k = 0; k < times.times.size(); ++k) {

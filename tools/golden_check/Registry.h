@@ -2,8 +2,8 @@
 /// @file
 /// What golden_check knows to run: operation name -> how one case is run.
 ///
-/// A file of operations defines one function `void add...Operations(Registry&)` and calls `registry.add({...})` for
-/// each operation; golden_check.cpp calls that function.
+/// A file of operations defines one function `void add...Operations(Registry&)` and calls
+/// `registry.add({...})` for each operation; golden_check.cpp calls that function.
 #pragma once
 
 #include "engine/Records.h"
@@ -47,8 +47,8 @@ private:
     const Json& in_;
 };
 
-/// Results in the order of "result"; nested lists are flat, true is 1. Not-a-number stands for a field that the
-/// operation does not write.
+/// Results in the order of "result"; nested lists are flat, true is 1. Not-a-number stands for a field that
+/// the operation does not write.
 using Outputs = std::vector<double>;
 using Runner = std::function<Outputs(const Arguments&)>;
 
@@ -76,7 +76,8 @@ class Registry {
 public:
     void add(Operation operation) { operations_.push_back(std::move(operation)); }
     /// The runner of a name: the one made for exactly these arguments, else the one for any; nullptr if none.
-    [[nodiscard]] const Operation* find(const std::string& name, const std::vector<std::string>& arguments) const;
+    [[nodiscard]] const Operation* find(const std::string& name,
+                                        const std::vector<std::string>& arguments) const;
 
 private:
     std::vector<Operation> operations_;

@@ -67,9 +67,7 @@ int checkFiles(const std::vector<std::string>& paths) {
     Registry registry;
     addSolarOperations(registry);
     addPrayerOperations(registry);
-#ifdef ZOREL_GOLDEN_LUNAR
     addLunarOperations(registry);
-#endif
     Totals totals;
     for (const std::string& path : paths) {
         try {

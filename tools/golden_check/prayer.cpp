@@ -11,7 +11,9 @@ namespace zorel::golden {
 
 namespace {
 
-double flag(bool value) { return value ? 1.0 : 0.0; }
+double flag(bool value) {
+    return value ? 1.0 : 0.0;
+}
 
 /// A fresh engine with the date in positions 10 to 12 and the place in 0 to 9.
 FastAstro engineOfPlace(const Arguments& in) {
@@ -45,7 +47,9 @@ PrayerTimes timesOf(const std::vector<double>& values) {
     return times;
 }
 
-Outputs listOf(const std::array<double, 16>& values) { return {values.begin(), values.end()}; }
+Outputs listOf(const std::array<double, 16>& values) {
+    return {values.begin(), values.end()};
+}
 
 /// Days that the searches for the indices 0, 5 and 7 went back, `ahead` days after the current date.
 Outputs daysBack(const Arguments& in, std::int32_t ahead) {
@@ -104,8 +108,7 @@ void addParts(Registry& registry) {
     registry.add({"temkin", [](const Arguments& in) -> Outputs {
                       return {temkinHours(in.number(0), in.integer(1) == 1)};
                   }});
-    registry.add({"KibleAcisi",
-                  [](const Arguments& in) -> Outputs {
+    registry.add({"KibleAcisi", [](const Arguments& in) -> Outputs {
                       const QiblaRecord qibla = FastAstro().KibleAcisi(in.number(0), in.number(1));
                       return {qibla.q0, qibla.q1};
                   }});

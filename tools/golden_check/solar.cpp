@@ -16,8 +16,9 @@ constexpr double kFullTurn = 360.0;
 constexpr double kDay = 24.0;
 
 Outputs dateOf(const DateTimeRecord& record) {
-    return {static_cast<double>(record.year), static_cast<double>(record.month),  static_cast<double>(record.day),
-            static_cast<double>(record.hour), static_cast<double>(record.minute), static_cast<double>(record.second)};
+    return {static_cast<double>(record.year),   static_cast<double>(record.month),
+            static_cast<double>(record.day),    static_cast<double>(record.hour),
+            static_cast<double>(record.minute), static_cast<double>(record.second)};
 }
 
 void addCalendar(Registry& registry) {
@@ -26,8 +27,9 @@ void addCalendar(Registry& registry) {
                                                    in.integer(4), in.integer(5)));
                   }});
     registry.add({"CalculateJulianDay", [](const Arguments& in) -> Outputs {
-                      return {AstroGlobalFuncs().CalculateJulianDay(in.integer(0), in.integer(1), in.integer(2),
-                                                                    in.integer(3), in.integer(4), in.integer(5))};
+                      return {AstroGlobalFuncs().CalculateJulianDay(in.integer(0), in.integer(1),
+                                                                    in.integer(2), in.integer(3),
+                                                                    in.integer(4), in.integer(5))};
                   }});
     registry.add({"JulianToCalendar", [](const Arguments& in) {
                       DateTimeRecord record{-7, -7, -7, -7, -7, -7, 0.0};
@@ -46,22 +48,24 @@ void addCalendar(Registry& registry) {
     registry.add({"IsDSTDay", [](const Arguments& in) -> Outputs {
                       std::int32_t start = 0;
                       std::int32_t stop = 0;
-                      const bool answer = AstroGlobalFuncs().IsDSTDay(in.integer(0), in.integer(1), in.integer(2),
-                                                                      in.integer(3), in.integer(4), in.integer(5),
-                                                                      in.integer(6), start, stop);
+                      const bool answer = AstroGlobalFuncs().IsDSTDay(
+                          in.integer(0), in.integer(1), in.integer(2), in.integer(3), in.integer(4),
+                          in.integer(5), in.integer(6), start, stop);
                       return {answer ? 1.0 : 0.0, static_cast<double>(start), static_cast<double>(stop)};
                   }});
 }
 
 void addNumbers(Registry& registry) {
-    registry.add({"frac", [](const Arguments& in) -> Outputs { return {AstroGlobalFuncs().frac(in.number(0))}; }});
-    registry.add({"ToHMS", [](const Arguments& in) -> Outputs {
-                      std::int32_t hour = 0;
-                      std::int32_t minute = 0;
-                      std::int32_t second = 0;
-                      AstroGlobalFuncs().ToHMS(in.number(0), hour, minute, second);
-                      return {static_cast<double>(hour), static_cast<double>(minute), static_cast<double>(second)};
-                  }});
+    registry.add(
+        {"frac", [](const Arguments& in) -> Outputs { return {AstroGlobalFuncs().frac(in.number(0))}; }});
+    registry.add(
+        {"ToHMS", [](const Arguments& in) -> Outputs {
+             std::int32_t hour = 0;
+             std::int32_t minute = 0;
+             std::int32_t second = 0;
+             AstroGlobalFuncs().ToHMS(in.number(0), hour, minute, second);
+             return {static_cast<double>(hour), static_cast<double>(minute), static_cast<double>(second)};
+         }});
     registry.add({"Round",
                   [](const Arguments& in) -> Outputs {
                       return {AstroGlobalFuncs().Round(in.number(0), in.integer(1))};
@@ -88,11 +92,12 @@ double earthSeries(const std::string& name, double tau) {
 }
 
 void addEarth(Registry& registry) {
-    registry.add({.name = "EarthSeries",
-                  .run = [](const Arguments& in) -> Outputs {
-                      return {earthSeries(in.text(0), in.number(1)), std::numeric_limits<double>::quiet_NaN()};
-                  },
-                  .tolerancePosition = 1});
+    registry.add(
+        {.name = "EarthSeries",
+         .run = [](const Arguments& in) -> Outputs {
+             return {earthSeries(in.text(0), in.number(1)), std::numeric_limits<double>::quiet_NaN()};
+         },
+         .tolerancePosition = 1});
     registry.add({"EarthLBR", [](const Arguments& in) -> Outputs {
                       const EarthCompute earth;
                       const double julianDay = in.number(0);
@@ -118,8 +123,10 @@ void addPosition(Registry& registry) {
     registry.add({"SunL",
                   [](const Arguments& in) -> Outputs { return {FastAstro().SunL(in.number(0))}; },
                   {{.position = 0, .period = kFullTurn}}});
-    registry.add({"Epsilon", [](const Arguments& in) -> Outputs { return {FastAstro().Epsilon(in.number(0))}; }});
-    registry.add({"DeltaPSI", [](const Arguments& in) -> Outputs { return {FastAstro().DeltaPSI(in.number(0))}; }});
+    registry.add(
+        {"Epsilon", [](const Arguments& in) -> Outputs { return {FastAstro().Epsilon(in.number(0))}; }});
+    registry.add(
+        {"DeltaPSI", [](const Arguments& in) -> Outputs { return {FastAstro().DeltaPSI(in.number(0))}; }});
     registry.add({"EquationOfTime", [](const Arguments& in) -> Outputs {
                       return {FastAstro().EquationOfTime(in.number(0), in.number(1))};
                   }});
@@ -134,12 +141,14 @@ void addSidereal(Registry& registry) {
                       return {FastAstro().LM_Sidereal_Time(in.number(0), in.number(1))};
                   },
                   {{.position = 0, .period = kDay}}});
-    registry.add({"LMST",
-                  [](const Arguments& in) -> Outputs { return {FastAstro().LMST(in.number(0), in.number(1))}; },
-                  {{.position = 0, .period = kDay}}});
+    registry.add(
+        {"LMST",
+         [](const Arguments& in) -> Outputs { return {FastAstro().LMST(in.number(0), in.number(1))}; },
+         {{.position = 0, .period = kDay}}});
     registry.add({"ComputeGHA",
                   [](const Arguments& in) -> Outputs {
-                      return {FastAstro().ComputeGHA(in.integer(0), in.integer(1), in.integer(2), in.number(3))};
+                      return {
+                          FastAstro().ComputeGHA(in.integer(0), in.integer(1), in.integer(2), in.number(3))};
                   },
                   {{.position = 0, .period = kFullTurn}}});
 }
@@ -167,7 +176,8 @@ void addHorizontal(Registry& registry) {
                       return {engine.SunAzimuth(in.number(2), in.number(3), in.number(4))};
                   },
                   {{.position = 0, .period = kFullTurn}}});
-    registry.add({"Refract", [](const Arguments& in) -> Outputs { return {FastAstro().Refract(in.number(0))}; }});
+    registry.add(
+        {"Refract", [](const Arguments& in) -> Outputs { return {FastAstro().Refract(in.number(0))}; }});
 }
 
 Outputs riseAndSet(const FastAstro& engine) {
@@ -210,15 +220,20 @@ void addRiseAndSet(Registry& registry) {
 FastAstro engineOfZone(const Arguments& in) {
     FastAstro engine;
     engine.SetCurrentDateTime(in.date(7));
-    engine.SetPlace(0.0, 0.0, in.number(0), in.integer(1), in.integer(2), in.integer(3), in.integer(4), in.integer(5),
-                    in.integer(6), 0);
+    engine.SetPlace(0.0, 0.0, in.number(0), in.integer(1), in.integer(2), in.integer(3), in.integer(4),
+                    in.integer(5), in.integer(6), 0);
     return engine;
 }
 
 void addZones(Registry& registry) {
     registry.add({"SetUniversalTime", [](const Arguments& in) {
-                      DateTimeRecord record{in.integer(10), in.integer(11), in.integer(12), in.integer(13),
-                                            in.integer(14), in.integer(15), 0.0};
+                      DateTimeRecord record{in.integer(10),
+                                            in.integer(11),
+                                            in.integer(12),
+                                            in.integer(13),
+                                            in.integer(14),
+                                            in.integer(15),
+                                            0.0};
                       engineOfZone(in).SetUniversalTime(record);
                       return dateOf(record);
                   }});
@@ -228,8 +243,13 @@ void addZones(Registry& registry) {
                       return {time};
                   }});
     registry.add({"SetLocalTimeManual", [](const Arguments& in) {
-                      DateTimeRecord record{in.integer(0), in.integer(1), in.integer(2), in.integer(3),
-                                            in.integer(4), in.integer(5), 0.0};
+                      DateTimeRecord record{in.integer(0),
+                                            in.integer(1),
+                                            in.integer(2),
+                                            in.integer(3),
+                                            in.integer(4),
+                                            in.integer(5),
+                                            0.0};
                       FastAstro().SetLocalTimeManual(record, in.integer(6));
                       return dateOf(record);
                   }});
