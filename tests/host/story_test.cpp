@@ -1,0 +1,176 @@
+// SPDX-License-Identifier: Apache-2.0
+// One whole story with the real pane, the real catalogue, a database and a calendar folder of its own.
+#include "tests/host/Screen.h"
+
+#include "platform/foundation/Clock.h"
+#include "platform/foundation/Locale.h"
+#include "platform/foundation/Locations.h"
+#include "settings/ZorelSettingsController.h"
+#include "store/DatabaseFunctions.h"
+
+#include <QDir>
+#include <QTemporaryDir>
+#include <gtest/gtest.h>
+
+namespace zorel {
+namespace {
+
+using test::eventually;
+
+class Story : public testing::Test {
+protected:
+    Story() {
+        Locations& places = Locations::current();
+        places.bundle = ZOREL_BINARY_DIR "/share/zorel/Zorel.bundle";
+        places.ringtones = ZOREL_SOURCE_DIR "/resources/Ringtones";
+        places.data = folder.path().toStdString();
+    }
+    ~Story() override { Locations::current() = Locations(); }
+
+    void open() {
+        host = std::make_unique<Host>(false);
+        host->setScreenSize(390, 780);
+        pane = std::make_unique<ZorelSettingsController>();
+        navigation = std::make_unique<UINavigationController>(*pane);
+        host->show(*navigation);
+        window = std::make_unique<Window>(*host, QSize(390, 780));
+        screen = std::make_unique<test::Screen>(*window);
+        window->show();
+        window->requestActivate();
+        ASSERT_TRUE(QTest::qWaitForWindowExposed(window.get()));
+        see("Fajr");
+    }
+    void close() {
+        window.reset();
+        navigation.reset();
+        pane.reset();
+        host.reset();
+    }
+    void see(const QString& text) {
+        ASSERT_TRUE(eventually([&] { return screen->text(text) != nullptr; })) << text.toStdString();
+    }
+    /// Taps a text once the screen that it belongs to has come to rest.
+    void tapText(const QString& text) {
+        see(text);
+        QTest::qWait(300);
+        screen->tap(*screen->text(text));
+    }
+    void tapAdd() {
+        const QQuickItem* header = screen->showing(pane->cityHeaderView());
+        ASSERT_NE(header, nullptr);
+        const CGPoint button = pane->cityHeaderView().buttonAdd().center();
+        screen->tap(header->mapToScene({button.x, button.y}).toPoint());
+    }
+    void addCity(const QString& typed, const QString& result) {
+        tapAdd();
+        see("City Search");
+        QTest::qWait(300);
+        screen->type(typed);
+        screen->key(Qt::Key_Return);
+        tapText(result);
+        tapText(QString::fromStdString(*pane->glbFuncs().GetKeyValue(1025)));
+        QTest::qWait(200);
+        tapText(QString::fromStdString(*pane->glbFuncs().GetKeyValue(1030)));
+    }
+    [[nodiscard]] int events() const {
+        return static_cast<int>(QDir(folder.filePath("calendar")).entryList({"*.ics"}, QDir::Files).size());
+    }
+    [[nodiscard]] bool showsPart(const QString& part) {
+        return screen->find([&](QQuickItem& item) {
+            return item.property("text").toString().contains(part);
+        }) != nullptr;
+    }
+
+    QTemporaryDir folder;
+    LocaleOverride english{"en_US"};
+    TimeZoneOverride zone{"Europe/Istanbul"};
+    ClockOverride clock{Instant(std::chrono::seconds(1'790'000'000))}; // 21 September 2026, 17:13 in Istanbul
+    std::unique_ptr<Host> host;
+    std::unique_ptr<ZorelSettingsController> pane;
+    std::unique_ptr<UINavigationController> navigation;
+    std::unique_ptr<Window> window;
+    std::unique_ptr<test::Screen> screen;
+};
+
+TEST_F(Story, ACityIsAddedItsAlarmSetMovedAndAllOfItRemovedAgain) {
+    open();
+    see("No city added yet");
+
+    addCity("Ankara", "Ankara / Türkiye");
+    ASSERT_EQ(pane->userCities().size(), 1U);
+    EXPECT_EQ(pane->homeCity()->name, "Ankara");
+    EXPECT_TRUE(eventually([this] { return screen->text("No city added yet") == nullptr; }));
+
+    tapText("Isha");
+    ASSERT_TRUE(eventually([this] { return screen->showing(pane->alarmView().alarmEnabled()) != nullptr; }));
+    QTest::qWait(300);
+    screen->tap(*screen->showing(pane->alarmView().alarmEnabled()));
+    EXPECT_TRUE(pane->dbFuncs().getAlarmInfo(205).active);
+    EXPECT_EQ(events(), 1);
+
+    screen->key(Qt::Key_Down);
+    screen->key(Qt::Key_Left);
+    EXPECT_EQ(pane->dbFuncs().getAlarmInfo(205).timeOffset, -1) << "a step of the wheel moves the alarm";
+    EXPECT_EQ(events(), 1);
+    screen->key(Qt::Key_Escape);
+    EXPECT_TRUE(eventually([this] { return showsPart(" · Alarm "); })) << "the row says when it rings";
+
+    addCity("Konya", "Konya / Türkiye");
+    ASSERT_EQ(pane->userCities().size(), 2U);
+    EXPECT_EQ(pane->homeCity()->name, "Ankara");
+
+    // The second city's Home button.
+    UIView* row = pane->table().cellForRowAtIndexPath({0, 1})->accessoryView();
+    const auto* city = dynamic_cast<const UICityView*>(row);
+    ASSERT_NE(city, nullptr);
+    QQuickItem* shown = screen->showing(*row);
+    ASSERT_NE(shown, nullptr);
+    const CGPoint button = city->buttonHome().center();
+    screen->tap(shown->mapToScene({button.x, button.y}).toPoint());
+    EXPECT_EQ(pane->homeCity()->name, "Konya");
+    EXPECT_EQ(events(), 1) << "the alarm moved with the home city";
+
+    for (int left = 2; left > 0; --left) {
+        const UIView* first = pane->table().cellForRowAtIndexPath({0, 0})->accessoryView();
+        QQuickItem* face = screen->showing(*first);
+        ASSERT_NE(face, nullptr);
+        screen->drag(face->mapToScene({200, 30}).toPoint(), {-150, 0});
+        tapText("Delete");
+        QTest::qWait(200);
+        EXPECT_EQ(pane->userCities().size(), static_cast<std::size_t>(left - 1));
+    }
+    see("No city added yet");
+    EXPECT_EQ(events(), 0);
+    EXPECT_FALSE(pane->dbFuncs().getAlarmInfo(205).active);
+    close();
+}
+
+TEST_F(Story, AnAlarmWithoutACityIsRefusedWithAMessage) {
+    open();
+    tapText("Dhuhr");
+    ASSERT_TRUE(eventually([this] { return screen->showing(pane->alarmView().alarmEnabled()) != nullptr; }));
+    QTest::qWait(300);
+    screen->tap(*screen->showing(pane->alarmView().alarmEnabled()));
+    EXPECT_FALSE(pane->alarmView().alarmEnabled().isOn());
+    const QString message = QString::fromStdString(*pane->glbFuncs().GetKeyValue(1022));
+    EXPECT_TRUE(eventually([&] {
+        return screen->find([&](QQuickItem& item) {
+            const auto* handle = item.property("handle").value<ViewHandle*>();
+            return handle != nullptr && handle->kind() == "plain" && handle->spoken() == message;
+        }) != nullptr;
+    }));
+    close();
+}
+
+TEST_F(Story, WhatWasSetIsThereAfterARestart) {
+    open();
+    addCity("Edirne", "Edirne / Türkiye");
+    close();
+    open();
+    ASSERT_EQ(pane->userCities().size(), 1U);
+    EXPECT_EQ(pane->homeCity()->name, "Edirne");
+    close();
+}
+
+} // namespace
+} // namespace zorel
