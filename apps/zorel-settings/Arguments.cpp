@@ -30,6 +30,9 @@ void addOptions(CLI::App& app, Arguments& arguments) {
                    "what to search for on the search screen of --screenshot")
         ->type_name("TEXT")
         ->needs(screenshot);
+    app.add_flag(
+        "--time-start", arguments.timeStart,
+        "print the milliseconds from process start to the first frame and the memory in use, and leave");
     app.add_option("--width", arguments.width, "width of the window [points]")->check(CLI::Range(320, 4096));
     app.add_option("--height", arguments.height, "height of the window [points]")
         ->check(CLI::Range(400, 4096));

@@ -14,6 +14,7 @@ struct Arguments {
     std::string bundle;
     std::string ringtones;
     std::string calendar;
+    bool timeStart = false; ///< print the time to the first frame and the memory, and leave
     std::string screenshot; ///< file of the picture; "" opens the window
     std::string screen = "cities";
     std::string searchText; ///< typed and searched for on the search screen

@@ -7,6 +7,7 @@
 #include "platform/eventkit/EKEventStore.h"
 #include "platform/eventkit/FolderCalendar.h"
 #include "platform/foundation/Locations.h"
+#include "platform/foundation/NumberText.h"
 #include "platform/foundation/ProgramLocations.h"
 
 #include <QGuiApplication>
@@ -15,7 +16,11 @@
 
 #include <clocale>
 #include <cstdlib>
+#include <ctime>
+#include <fstream>
 #include <iostream>
+#include <iterator>
+#include <sstream>
 #include <unistd.h>
 
 namespace {
@@ -77,6 +82,44 @@ int drawPicture(Pane& pane, const Arguments& arguments) {
     return code;
 }
 
+/// Time since this process was started [ms], to the kernel's clock tick.
+double processAge() {
+    std::ifstream stat("/proc/self/stat");
+    const std::string line(std::istreambuf_iterator<char>(stat), {});
+    std::istringstream fields(line.substr(line.rfind(')') + 2));
+    std::string field;
+    constexpr int startTime = 20; // field 22 of proc(5), counted from the one after the name
+    for (int index = 0; index < startTime; ++index) {
+        fields >> field;
+    }
+    const double start = doubleValue(field) / static_cast<double>(sysconf(_SC_CLK_TCK));
+    timespec now{};
+    clock_gettime(CLOCK_BOOTTIME, &now);
+    return (static_cast<double>(now.tv_sec) + static_cast<double>(now.tv_nsec) * 1e-9 - start) * 1000.0;
+}
+
+/// Resident memory [MB].
+double residentMemory() {
+    std::ifstream statm("/proc/self/statm");
+    double size = 0.0;
+    double resident = 0.0;
+    statm >> size >> resident;
+    return resident * static_cast<double>(sysconf(_SC_PAGESIZE)) / 1e6;
+}
+
+int timeStart(Pane& pane) {
+    QObject::connect(
+        &pane.window(), &QQuickWindow::frameSwapped, &pane.window(),
+        [] {
+            std::cout << static_cast<int>(processAge()) << " ms to the first frame, "
+                      << static_cast<int>(residentMemory()) << " MB resident\n";
+            QGuiApplication::quit();
+        },
+        Qt::SingleShotConnection);
+    pane.window().show();
+    return QGuiApplication::exec();
+}
+
 int openWindow(Pane& pane, SingleInstance& instance) {
     instance.listen();
     QObject::connect(&instance, &SingleInstance::raiseRequested, &pane.window(), [&pane] {
@@ -99,12 +142,16 @@ int runProgram(int argc, char** argv, const Arguments& arguments) {
         std::cerr << "zorel-settings: " << trouble << '\n';
     }
     SingleInstance instance(QString::fromStdString(Locations::current().data));
-    if (arguments.screenshot.empty() && instance.askOther()) {
+    const bool forUse = arguments.screenshot.empty() && !arguments.timeStart;
+    if (forUse && instance.askOther()) {
         std::cout << "zorel-settings: the window is open already; it has been asked to come forward.\n";
         return 0;
     }
     Pane pane(arguments, QString::fromStdString(trouble));
-    return arguments.screenshot.empty() ? openWindow(pane, instance) : drawPicture(pane, arguments);
+    if (arguments.timeStart) {
+        return timeStart(pane);
+    }
+    return forUse ? openWindow(pane, instance) : drawPicture(pane, arguments);
 }
 
 } // namespace
