@@ -45,7 +45,8 @@ CalendarDay calendarDay(double julianDay) {
     CalendarDay result{};
     result.month = E <= 13 ? E - 1 : E - 13;
     result.year = result.month >= 3 ? G - 4716 : G - 4715;
-    result.day = static_cast<double>(B - D - E * 306 / 10) + julianDay - static_cast<double>(Z) + 0.5;
+    const std::int64_t wholeDay = B - D - E * 306 / 10;
+    result.day = static_cast<double>(wholeDay) + julianDay - static_cast<double>(Z) + 0.5;
     if (julianDay < kEraStart) {
         result.year = 1 - result.year;
     }

@@ -179,7 +179,8 @@ double FastAstro::ComputeGHA(std::int32_t day, std::int32_t month, std::int32_t 
     if (month > 2) {
         N = N - std::trunc(0.4 * month + 2.3) + std::trunc(0.25 * year);
     } else {
-        N += static_cast<double>((std::int64_t{year} - 1) / 4);
+        const std::int64_t leapDays = (std::int64_t{year} - 1) / 4;
+        N += static_cast<double>(leapDays);
     }
     const double x =
         ((hour / 24.0 + N - 722449.0) * 0.9856473207473755 + 279.3059997558594) * kRadiansPerDegree;
