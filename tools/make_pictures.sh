@@ -1,0 +1,32 @@
+#!/usr/bin/env bash
+# SPDX-License-Identifier: Apache-2.0
+# make_pictures.sh [BIN-FOLDER]: draws the screens of the window into docs/pictures, in English and Turkish.
+set -euo pipefail
+cd "$(dirname "$0")/.."
+bin=${1:-build/release/bin}
+out=docs/pictures
+mkdir -p "$out"
+
+draw() { # LANGUAGE LOCALE SCREEN NAME [options]
+    local language=$1 locale=$2 screen=$3 name=$4
+    shift 4
+    LC_ALL=$locale "$bin/zorel-settings" --data-dir "$data" --screen "$screen" --screenshot "$out/$name-$language.png" "$@"
+}
+for language in en tr; do
+    locale=$([ "$language" = tr ] && echo tr_TR.UTF-8 || echo en_US.UTF-8)
+    data=$(mktemp -d)
+    export TZ=Europe/Istanbul
+    draw "$language" "$locale" cities empty
+    for city in Istanbul Sarajevo "Kuala Lumpur" Mecca; do
+        "$bin/zorel" --data-dir "$data" cities add "$city" >/dev/null
+    done
+    "$bin/zorel" --data-dir "$data" alarms on fajr >/dev/null
+    "$bin/zorel" --data-dir "$data" alarms offset fajr -- -20 >/dev/null
+    "$bin/zorel" --data-dir "$data" alarms on maghrib >/dev/null
+    draw "$language" "$locale" cities cities
+    draw "$language" "$locale" search search --search Medina
+    draw "$language" "$locale" alarm alarm
+    [ "$language" = en ] && draw "$language" "$locale" cities dark --appearance dark
+    rm -rf "$data"
+done
+ls "$out"
