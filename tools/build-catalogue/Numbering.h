@@ -18,6 +18,7 @@ struct RegionClock {
     double gmt = 0.0;       ///< standard offset [h]
     DstRule rule;
 
+    // NOLINTNEXTLINE(modernize-use-nullptr): clang-tidy takes the generated comparison with 0 for a pointer.
     friend auto operator<=>(const RegionClock&, const RegionClock&) = default;
 };
 

@@ -35,6 +35,7 @@ struct DstRule {
     std::int32_t stopDay = 0;
     std::int32_t hour = 0; ///< shift [h]
 
+    // NOLINTNEXTLINE(modernize-use-nullptr): clang-tidy takes the generated comparison with 0 for a pointer.
     friend auto operator<=>(const DstRule&, const DstRule&) = default;
 };
 
