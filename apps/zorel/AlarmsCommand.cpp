@@ -10,6 +10,7 @@
 
 #include "platform/eventkit/EKEventStore.h"
 #include "platform/foundation/Locale.h"
+#include "platform/foundation/Locations.h"
 #include "platform/foundation/NumberText.h"
 #include "store/CatalogueLookup.h"
 #include "views/AlarmView.h"
@@ -168,7 +169,8 @@ std::string wantedRingtone(const Context& context, const Pane& pane) {
 }
 
 /// Changes one alarm as its editor would; refuses when the pane refuses.
-Exit change(const Context& context, Pane& pane, Pane::Change what, const std::function<void(AlarmView&)>& edit) {
+Exit change(const Context& context, Pane& pane, Pane::Change what, const std::function<void(AlarmView&)>& edit,
+            const std::function<bool(const AlarmInfo&)>& isStored) {
     const std::int32_t prayerId = wantedPrayer(context);
     if (pane.home() == nullptr)
         throw CliError(Exit::noResult, "there is no home city whose times an alarm could follow",
@@ -177,6 +179,10 @@ Exit change(const Context& context, Pane& pane, Pane::Change what, const std::fu
         throw CliError(Exit::noResult, fmt::format("the alarm {} is off, and an alarm that is off keeps no changes",
                                                    context.options.prayer),
                        fmt::format("zorel alarms on {}", context.options.prayer));
+    if (!isStored(pane.alarm(prayerId)))
+        throw CliError(Exit::dataTrouble, fmt::format("the alarm {} could not be stored", context.options.prayer),
+                       fmt::format("{}/SettingsLog.txt says why; a ringtone's name must not hold a quote",
+                                   Locations::current().data));
     return list(context, pane);
 }
 } // namespace
@@ -185,30 +191,35 @@ Exit runAlarms(const Context& context) { return list(context, Pane()); }
 
 Exit runAlarmsOn(const Context& context) {
     Pane pane;
-    return change(context, pane, Pane::Change::on, [](AlarmView&) {});
+    return change(context, pane, Pane::Change::on, [](AlarmView&) {},
+                  [](const AlarmInfo& info) { return info.active; });
 }
 
 Exit runAlarmsOff(const Context& context) {
     Pane pane;
-    return change(context, pane, Pane::Change::off, [](AlarmView&) {});
+    return change(context, pane, Pane::Change::off, [](AlarmView&) {},
+                  [](const AlarmInfo& info) { return !info.active; });
 }
 
 Exit runAlarmsOffset(const Context& context) {
     const int minutes = wantedNumber(context, -kLargestOffset, kLargestOffset, "offset");
     Pane pane;
-    return change(context, pane, Pane::Change::offset, [minutes](AlarmView& view) { view.setTimeOffset(minutes); });
+    return change(context, pane, Pane::Change::offset, [minutes](AlarmView& view) { view.setTimeOffset(minutes); },
+                  [minutes](const AlarmInfo& info) { return info.timeOffset == minutes; });
 }
 
 Exit runAlarmsRingtone(const Context& context) {
     Pane pane;
     const std::string name = wantedRingtone(context, pane);
-    return change(context, pane, Pane::Change::ringtone, [&](AlarmView& view) { view.setMelodyName(name); });
+    return change(context, pane, Pane::Change::ringtone, [&](AlarmView& view) { view.setMelodyName(name); },
+                  [&](const AlarmInfo& info) { return info.melodyName == name; });
 }
 
 Exit runAlarmsDuration(const Context& context) {
     const int choice = wantedNumber(context, 0, 7, "duration");
     Pane pane;
-    return change(context, pane, Pane::Change::duration, [choice](AlarmView& view) { view.setMelodyTime(choice); });
+    return change(context, pane, Pane::Change::duration, [choice](AlarmView& view) { view.setMelodyTime(choice); },
+                  [choice](const AlarmInfo& info) { return info.melodyTime == choice; });
 }
 
 Exit runAlarmsRefresh(const Context& context) {

@@ -281,6 +281,9 @@ ParseResult parseArguments(std::span<const std::string> words, Options& options)
         std::ostringstream text;
         grammar.app().exit(request, text, text);
         return {false, Exit::ok, text.str()};
+    } catch (const CLI::RequiredError& error) {
+        const auto unknown = grammar.app().remaining();
+        return {false, Exit::badUse, unknown.empty() ? error.what() : "no command " + quote(unknown.front())};
     } catch (const CLI::ParseError& error) {
         return {false, Exit::badUse, error.what()};
     }

@@ -48,7 +48,8 @@ std::string declinationText(const Context& context, const MagneticDeclination& m
 
 std::string modelText(const Context& context, const MagneticDeclination& magnetic) {
     std::string text =
-        fmt::format("{} {:.0f}, {:.0f}-{:.0f}", magnetic.model, magnetic.epoch, magnetic.validFrom, magnetic.validTo);
+        fmt::format("{}, {} {:.1f}, {} {:.0f}-{:.0f}", magnetic.model, context.word(Word::epoch),
+                                   magnetic.epoch, context.word(Word::validity), magnetic.validFrom, magnetic.validTo);
     if (magnetic.extrapolated)
         text += ", " + context.style.warning(context.word(Word::modelOutside));
     return text;

@@ -16,7 +16,7 @@ using std::chrono::seconds;
 using std::chrono::sys_days;
 
 constexpr int kFirstYear = 1583;
-constexpr int kLastYear = 9999;
+constexpr int kLastYear = 9998;
 constexpr int kLongestStep = 400 * 366;
 
 int yearOf(Date date) { return static_cast<int>(date.year()); }
@@ -127,7 +127,7 @@ Date requireDate(std::string_view text, Date today, std::string_view option) {
     if (const auto date = parseDate(text, today))
         return *date;
     throw CliError(Exit::badUse, fmt::format("{}: {} is not a date", option, quote(text)),
-                   "write it as 2026-11-21 (years 1583 to 9999), or today, tomorrow, yesterday, +3, -3");
+                   "write it as 2026-11-21 (years 1583 to 9998), or today, tomorrow, yesterday, +3, -3");
 }
 
 std::optional<IsoMoment> parseMoment(std::string_view text) {

@@ -1,6 +1,6 @@
 // SPDX-License-Identifier: Apache-2.0
 /// @file
-/// Civil dates and instants of the command line. Gregorian calendar, years 1583 to 9999; instants in whole seconds
+/// Civil dates and instants of the command line. Gregorian calendar, years 1583 to 9998; instants in whole seconds
 /// of universal time, so that no date of that span overflows.
 #pragma once
 
@@ -28,7 +28,7 @@ using UtcSeconds = std::chrono::sys_time<std::chrono::seconds>;
 [[nodiscard]] std::string isoDate(Date date);
 
 /// "2026-11-21", "today", "tomorrow", "yesterday", "+3" or "-3" (days from today). Nothing for any other text, a date
-/// that does not exist, or one outside 1583 to 9999.
+/// that does not exist, or one outside 1583 to 9998.
 [[nodiscard]] std::optional<Date> parseDate(std::string_view text, Date today);
 /// A date as parseDate; anything else ends the command. `option` names the culprit ("--date").
 [[nodiscard]] Date requireDate(std::string_view text, Date today, std::string_view option);

@@ -2,26 +2,42 @@
 #include "Day.h"
 
 #include <algorithm>
+#include <cmath>
 
 namespace zorel::cli {
 
 namespace {
-constexpr double kDetour = 2.0; ///< [h]
-
 double hours(std::chrono::seconds time) { return static_cast<double>(time.count()) / 3600.0; }
 
-/// Whether a time may have been before midnight and been moved by the engine into the hour after it.
-bool mayHaveCrossedMidnight(const PrayerTimes& times) {
-    constexpr std::array candidates{PrayerTimes::dawn, PrayerTimes::sunrise, PrayerTimes::morningFiveDegrees};
-    return std::any_of(candidates.begin(), candidates.end(), [&](int index) {
+/// How far east a zone must be moved so that no time of the day comes before midnight [h]; 0 when none did.
+double detourFor(const PrayerTimes& times) {
+    double earliest = 1.0;
+    for (const int index : {PrayerTimes::dawn, PrayerTimes::sunrise, PrayerTimes::morningFiveDegrees}) {
         const double time = times.times[static_cast<std::size_t>(index)];
-        return time >= 0.0 && time < 1.0;
-    });
+        if (time != kNoSolarEvent)
+            earliest = std::min(earliest, time);
+    }
+    return earliest < 1.0 ? std::ceil(-earliest) + 2.0 : 0.0;
 }
 
-void moveBack(PrayerTimes& times) {
+void moveBack(PrayerTimes& times, double detour) {
     for (double& time : times.times)
-        time = time == kNoSolarEvent ? time : time - kDetour;
+        time = time == kNoSolarEvent ? time : time - detour;
+}
+
+/// Without a dawn or a sunset there is no night whose parts could be told.
+void dropNightsWithoutEnds(PrayerTimes& times) {
+    if (times.times[PrayerTimes::dawn] != kNoSolarEvent && times.times[PrayerTimes::sunset] != kNoSolarEvent)
+        return;
+    for (const int index :
+         {PrayerTimes::lastSixthOfNight, PrayerTimes::middleOfNight, PrayerTimes::firstThirdOfNight})
+        times.times[static_cast<std::size_t>(index)] = kNoSolarEvent;
+}
+
+/// The zone [h] with whole days taken off, so that noon falls on the date itself: some places east of the date line
+/// keep the date of the west (Samoa: 172 degrees west, UTC+13).
+double zoneOfSameDate(const Place& place, double zone) {
+    return zone - 24.0 * std::round((zone - place.longitude / 15.0) / 24.0);
 }
 } // namespace
 
@@ -36,7 +52,8 @@ std::string_view keyOf(int index) {
 
 void DayComputer::prepare(const Place& place, Date date, double extraHours) {
     engine_.SetCurrentDateTime(engineDate(date));
-    engine_.SetPlace(place.latitude, place.longitude, hours(place.clock.offsetOn(date)) + extraHours, 0, 0, 0, 0, 0, 0,
+    const double zone = zoneOfSameDate(place, hours(place.clock.offsetOn(date)));
+    engine_.SetPlace(place.latitude, place.longitude, zone + extraHours, 0, 0, 0, 0, 0, 0,
                      place.highTemkin ? 1 : 0);
     engine_.iPlace.today = PrayerTimes();
 }
@@ -44,12 +61,13 @@ void DayComputer::prepare(const Place& place, Date date, double extraHours) {
 PrayerTimes DayComputer::times(const Place& place, Date date) {
     prepare(place, date);
     PrayerTimes result = engine_.CalculatePrayTimes().today;
-    if (!mayHaveCrossedMidnight(result))
-        return result;
-    prepare(place, date, kDetour);
-    result = engine_.CalculatePrayTimes().today;
-    moveBack(result);
-    prepare(place, date);
+    if (const double detour = detourFor(result); detour > 0.0) {
+        prepare(place, date, detour);
+        result = engine_.CalculatePrayTimes().today;
+        moveBack(result, detour);
+        prepare(place, date);
+    }
+    dropNightsWithoutEnds(result);
     return result;
 }
 

@@ -40,11 +40,10 @@ struct Day {
 /// Runs the engine for whole days. One object for each thread; it may go from place to place and day to day.
 class DayComputer {
 public:
-    /// The engine with place and date set, today's times cleared and computed.
-    ///
-    /// The engine gives a time just before midnight as that time plus one hour instead of plus 24. The day shown to
-    /// people has the right one: such a day is computed a second time with a zone two hours further east and moved
-    /// back.
+    /// The engine's times of a day, with three corrections that the engine leaves to whoever shows them: a time before
+    /// midnight is given by the engine as itself plus one hour, so such a day is computed a second time with a zone
+    /// further east and moved back; places whose clock is a day away from their meridian (Samoa) get the times of the
+    /// date itself, not of the next; parts of a night that has no beginning or no end do not exist.
     [[nodiscard]] Day compute(const Place& place, Date date, Precision precision = Precision::minutes);
 
     [[nodiscard]] FastAstro& engine() { return engine_; }

@@ -5,7 +5,7 @@ namespace zorel::cli {
 
 namespace {
 std::optional<Date> dateOfSource(FastAstro& engine, const Day& day, int index, bool fromOtherDay) {
-    if (!fromOtherDay)
+    if (!fromOtherDay || !day.event(index).exists)
         return std::nullopt;
     return addDays(day.date, -engine.ExplainPrayTime(index, engineDate(day.date)).daysBack);
 }

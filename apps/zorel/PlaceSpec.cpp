@@ -106,10 +106,9 @@ PlaceSpec byName(std::string_view text) {
 /// "HH", "HH:MM", "HHMM" or decimal hours.
 std::optional<std::chrono::seconds> offsetSize(std::string_view text) {
     Scanner scan(text);
-    if (text.size() == 4 && allDigits(text))
-        return std::chrono::hours(*scan.digits(2)) + std::chrono::minutes(*scan.digits(2));
-    const auto hour = scan.number(24);
-    if (hour && scan.take(':')) {
+    const bool compact = text.size() == 4 && allDigits(text);
+    const auto hour = compact ? scan.digits(2) : scan.number(24);
+    if (hour && (compact || scan.take(':'))) {
         const auto minute = scan.digits(2);
         if (!minute || *minute > 59 || !scan.atEnd())
             return std::nullopt;

@@ -99,6 +99,8 @@ constexpr std::array<Pair, static_cast<std::size_t>(Word::count_)> kWords{{
     {"rings at", "çalacağı an"},
     {"ringtone", "zil sesi"},
     {"duration", "süre"},
+    {"epoch", "dönem"},
+    {"made for", "geçerlilik"},
 }};
 
 constexpr std::array<Pair, 12> kMonths{{{"January", "Ocak"},

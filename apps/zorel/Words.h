@@ -97,6 +97,8 @@ enum class Word {
     rings,
     ringtone,
     duration,
+    epoch,
+    validity,
     count_, ///< number of words; not a word
 };
 

@@ -1,0 +1,212 @@
+// SPDX-License-Identifier: Apache-2.0
+// What the commands say about each other: tables against days, parts against the whole, calendars read by others.
+#include "CliRunner.h"
+
+#include <gtest/gtest.h>
+
+#include <algorithm>
+#include <array>
+#include <cstdio>
+
+namespace zorel::test {
+namespace {
+
+std::vector<std::string> linesOf(const std::string& text) {
+    std::istringstream stream(text);
+    std::vector<std::string> lines;
+    for (std::string line; std::getline(stream, line);)
+        lines.push_back(line);
+    return lines;
+}
+
+TEST(CliTable, AYearHasADayForEveryDate) {
+    CliRunner run;
+    const auto lines = linesOf(run("table Istanbul --from 2028-01-01 --to 2028-12-31 --csv").out);
+    ASSERT_EQ(lines.size(), 367U);
+    EXPECT_TRUE(lines[1].starts_with("2028-01-01,+03:00,"));
+    EXPECT_TRUE(lines[60].starts_with("2028-02-29,"));
+    EXPECT_TRUE(lines[366].starts_with("2028-12-31,"));
+}
+
+TEST(CliTable, ATableSaysTheSameAsTheDays) {
+    CliRunner run;
+    const std::string table = run("table Istanbul --from 2026-11-21 --to 2026-11-21").out;
+    const std::string day = run("today Istanbul --short").out;
+    const auto lines = linesOf(table);
+    std::istringstream cells(lines[2]);
+    std::string cell;
+    cells >> cell;
+    int times = 0;
+    while (cells >> cell) {
+        EXPECT_NE(day.find(cell), std::string::npos) << cell;
+        ++times;
+    }
+    EXPECT_EQ(times, 6);
+}
+
+TEST(CliTable, TheWholeCatalogueComesInParts) {
+    CliRunner run;
+    const auto whole = linesOf(run("table --all --on 2027-01-01 --count 1500").out);
+    ASSERT_EQ(whole.size(), 1501U);
+    std::vector<std::string> parts{whole[0]};
+    std::string from = "0";
+    for (int part = 0; part < 3; ++part) {
+        const auto lines = linesOf(run("table --all --on 2027-01-01 --count 500 --from-id " + from).out);
+        ASSERT_EQ(lines.size(), 501U);
+        parts.insert(parts.end(), lines.begin() + 1, lines.end());
+        from = std::to_string(std::stoi(lines.back()) + 1);
+    }
+    EXPECT_EQ(parts, whole);
+}
+
+TEST(CliTable, AllPlacesAgreeWithOnePlace) {
+    CliRunner run;
+    const auto all = linesOf(run("table --all --on 2027-01-01 --from-id 745044 --count 1").out);
+    const auto one = linesOf(run("table 745044 --from 2027-01-01 --to 2027-01-01 --csv").out);
+    ASSERT_EQ(all.size(), 2U);
+    EXPECT_TRUE(all[1].starts_with("745044,İstanbul,"));
+    EXPECT_TRUE(all[1].ends_with(one[1])) << all[1] << '\n' << one[1];
+}
+
+std::string unfolded(const std::string& ics) {
+    std::string text = ics;
+    for (std::size_t at = 0; (at = text.find("\r\n ", at)) != std::string::npos;)
+        text.erase(at, 3);
+    return text;
+}
+
+std::size_t countOf(const std::string& text, const std::string& part) {
+    std::size_t count = 0;
+    for (std::size_t at = 0; (at = text.find(part, at)) != std::string::npos; at += part.size())
+        ++count;
+    return count;
+}
+
+TEST(CliIcs, CalendarHeadAndEvents) {
+    CliRunner run;
+    const std::string raw = run("table Istanbul --from 2026-11-21 --to 2026-11-22 --ics").out;
+    const std::string ics = unfolded(raw);
+    EXPECT_TRUE(ics.starts_with("BEGIN:VCALENDAR\r\n"));
+    EXPECT_NE(ics.find("X-WR-CALNAME:İstanbul / Türkiye\r\n"), std::string::npos);
+    EXPECT_NE(ics.find("REFRESH-INTERVAL;VALUE=DURATION:P1D\r\n"), std::string::npos);
+    EXPECT_NE(ics.find("UID:745044-2026-11-21-fajr@zorel\r\n"), std::string::npos);
+    EXPECT_EQ(countOf(ics, "BEGIN:VEVENT"), 12U);
+    EXPECT_EQ(countOf(ics, "DTSTAMP:20261121T060000Z"), 12U);
+    for (const std::string& line : linesOf(ics))
+        EXPECT_TRUE(!line.starts_with("DTSTART") || line.ends_with("Z\r")) << line;
+    for (const std::string& line : linesOf(raw)) {
+        EXPECT_EQ(line.back(), '\r');
+        EXPECT_LE(line.size(), 76U) << line;
+    }
+}
+
+TEST(CliIcs, IdentifiersStayWhenTheCalendarIsMadeAgain) {
+    CliRunner run;
+    const std::string first = run("table Istanbul --from 2026-11-21 --to 2026-11-22 --ics").out;
+    run.common = "--lang tr --now 2026-11-22T09:00:00+03:00";
+    const std::string second = run("table Istanbul --from 2026-11-21 --to 2026-11-22 --ics").out;
+    const auto identifiers = [](const std::string& text) {
+        auto lines = linesOf(unfolded(text));
+        std::erase_if(lines, [](const std::string& line) { return !line.starts_with("UID:"); });
+        return lines;
+    };
+    EXPECT_EQ(identifiers(first), identifiers(second));
+    EXPECT_EQ(identifiers(first).size(), 12U);
+}
+
+std::string outputOf(const std::string& command) {
+    std::string text;
+    if (FILE* pipe = popen(command.c_str(), "r")) {
+        std::array<char, 4096> buffer{};
+        for (std::size_t size = 0; (size = fread(buffer.data(), 1, buffer.size(), pipe)) > 0;)
+            text.append(buffer.data(), size);
+        pclose(pipe);
+    }
+    return text;
+}
+
+TEST(CliIcs, KhalReadsItAndShowsTheLocalTimes) {
+    if (outputOf("command -v khal").empty())
+        GTEST_SKIP() << "khal is not installed";
+    CliRunner run;
+    const TemporaryFolder& folder = run.folder;
+    writeFile(folder.path("times.ics"), run("table Istanbul --from 2026-11-21 --to 2026-11-22 --ics").out);
+    std::filesystem::create_directories(folder.path("calendar"));
+    writeFile(folder.path("khal.conf"), "[calendars]\n[[c]]\npath = " + folder.path("calendar") +
+                                            "\n[locale]\ntimeformat = %H:%M\ndateformat = %Y-%m-%d\n"
+                                            "longdateformat = %Y-%m-%d\ndatetimeformat = %Y-%m-%d %H:%M\n"
+                                            "longdatetimeformat = %Y-%m-%d %H:%M\nlocal_timezone = Europe/Istanbul\n"
+                                            "default_timezone = Europe/Istanbul\n[default]\n"
+                                            "[sqlite]\npath = " +
+                                            folder.path("khal.db") + "\n");
+    const std::string khal = "HOME=" + folder.path() + " LC_ALL=C.UTF-8 khal -c " + folder.path("khal.conf");
+    const std::string imported = outputOf(khal + " import --batch -a c " + folder.path("times.ics") + " 2>&1");
+    const std::string shown =
+        outputOf(khal + " list --format '{start-time} {title}' --day-format '' 2026-11-21 1d 2>&1");
+    const auto lines = linesOf(shown);
+    EXPECT_EQ(lines.size(), 6U) << imported << shown;
+    const std::string day = run("today Istanbul --short").out;
+    for (const std::string& line : lines) {
+        ASSERT_GT(line.size(), 6U) << shown;
+        EXPECT_NE(day.find(line.substr(0, 5)), std::string::npos) << line << '\n' << day;
+        EXPECT_NE(day.find(line.substr(6)), std::string::npos) << line;
+    }
+}
+
+TEST(CliPlaces, NamesAreFoundInEverySpelling) {
+    CliRunner run;
+    for (const char* name : {"Istanbul", "istanbul", "İSTANBUL", "Köln", "Koln", "München", "مكة", "Москва",
+                             "Sao Paulo", "são paulo"}) {
+        const CliResult result = run("today \"" + std::string(name) + "\" --short");
+        EXPECT_EQ(result.code, 0) << name << result.err;
+    }
+    EXPECT_TRUE(run("today Koln --short").out.starts_with("Köln")) << run("today Koln --short").out;
+    EXPECT_TRUE(run("today N'Djamena --short").out.starts_with("N'Djamena"));
+}
+
+TEST(CliPlaces, AttemptsAtInjectionFindNothing) {
+    CliRunner run;
+    for (const char* text : {"' OR 1=1 --", "%' UNION SELECT 1,2,3,4,5,6 --", "'; DROP TABLE CITY; --", "%%%", "___"}) {
+        const CliResult result = run("search \"" + std::string(text) + "\" --limit 3");
+        EXPECT_TRUE(result.code == 0 || result.code == 1) << text << result.err;
+    }
+    EXPECT_EQ(run("today Istanbul --short").code, 0);
+}
+
+TEST(CliPlaces, WithoutAPlaceTheLargestOfTheZoneIsTaken) {
+    CliRunner run("Asia/Kolkata");
+    const CliResult result = run("today --short");
+    EXPECT_EQ(result.code, 0) << result.err;
+    EXPECT_NE(result.out.find("India"), std::string::npos) << result.out;
+    EXPECT_NE(result.err.find("Asia/Kolkata"), std::string::npos) << result.err;
+    EXPECT_FALSE(std::filesystem::exists(run.folder.path("data"))) << "a question must not make folders";
+}
+
+TEST(CliPlaces, TemkinOfAPointCanBeChosen) {
+    CliRunner run;
+    const std::string low = run("today 41.0,29.0,+3 --seconds --short").out;
+    const std::string high = run("today 41.0,29.0,+3 --seconds --short --temkin 500").out;
+    EXPECT_NE(low, high);
+    EXPECT_EQ(low, run("today 41.0,29.0,+3 --seconds --short --temkin 250").out);
+}
+
+TEST(CliOutput, ColoursOnlyWhenAskedFor) {
+    CliRunner run;
+    EXPECT_EQ(run("today Istanbul").out.find('\x1b'), std::string::npos);
+    const std::string coloured = run("today Istanbul --color always").out;
+    EXPECT_NE(coloured.find("\x1b[1;32m"), std::string::npos);
+    EXPECT_EQ(run("today Istanbul --json --color always").out.find('\x1b'), std::string::npos);
+}
+
+TEST(CliOutput, LanguagesOfTheNames) {
+    CliRunner run;
+    run.common = "--now 2026-11-21T09:00:00+03:00";
+    std::vector<std::string> outputs;
+    for (const char* language : {"tr", "en", "fr", "de"})
+        outputs.push_back(run("--lang " + std::string(language) + " today Istanbul --short").out);
+    std::sort(outputs.begin(), outputs.end());
+    EXPECT_EQ(std::unique(outputs.begin(), outputs.end()), outputs.end());
+}
+
+} // namespace
+} // namespace zorel::test

@@ -1,0 +1,118 @@
+// SPDX-License-Identifier: Apache-2.0
+// Every way to fail: the exit code, a message that names what is wrong, and a hint what to do. Nothing on the output.
+#include "CliRunner.h"
+
+#include <gtest/gtest.h>
+
+#include <filesystem>
+
+namespace zorel::test {
+namespace {
+
+struct ErrorCase {
+    const char* line;
+    int code;
+    const char* says;
+};
+
+TEST(CliErrors, EachSaysWhatIsWrongAndWhatToDo) {
+    const std::vector<ErrorCase> cases{
+        {"", 2, "subcommand"},
+        {"tody", 2, "tody"},
+        {"today --what", 2, "--what"},
+        {"today Ankara --date 2026-02-30", 2, "\"2026-02-30\" is not a date"},
+        {"today --date", 2, "--date"},
+        {"today Xyzzyxyzzy", 1, "no place \"Xyzzyxyzzy\""},
+        {"today \"Paris, Nowhere\"", 1, "no place"},
+        {"today 1", 1, "catalogue id 1"},
+        {"today 99999999999", 2, "too large"},
+        {"today ab", 2, "too short"},
+        {"today 91,0", 2, "latitude"},
+        {"today 0,200", 2, "longitude"},
+        {"today 1,2,Mars/Olympus", 2, "no time zone"},
+        {"today 1,2,../../etc/passwd", 2, "no time zone"},
+        {"today --temkin 300 Ankara", 2, "300"},
+        {"--lang xx today Ankara", 2, "xx"},
+        {"--color maybe today Ankara", 2, "maybe"},
+        {"--now yesterday today Ankara", 2, "--now"},
+        {"--now 12:00 today Ankara", 2, "--now"},
+        {"table Ankara --from 2026-02-01 --to 2026-01-01", 2, "--to is before --from"},
+        {"table Ankara --from 2000-01-01 --to 2999-01-01", 2, "too many"},
+        {"table Ankara --csv --json", 2, "--json"},
+        {"table Ankara --on 2026-01-01", 2, "--all"},
+        {"table Ankara --all", 2, "do not go together"},
+        {"table --all --from 2026-01-01", 2, "--on"},
+        {"table --all --count 0", 2, "--count"},
+        {"table --all --from-id 2147483647", 1, "2147483647"},
+        {"sky Ankara --at noon", 2, "--at"},
+        {"hijri 10/03/2027", 2, "DATE"},
+        {"search", 2, "TEXT"},
+        {"search ab", 2, "too short"},
+        {"search 123", 2, "not a name"},
+        {"search Xyzzyxyzzy", 1, "Xyzzyxyzzy"},
+        {"search konya --limit -1", 2, "--limit"},
+        {"widget Ankara --follow --now 2026-01-01T00:00", 2, "--follow"},
+        {"widget Ankara --soon 9999", 2, "--soon"},
+        {"completion tcsh", 2, "tcsh"},
+        {"alarms on noon", 2, "noon"},
+        {"alarms offset fajr 60", 2, "60"},
+        {"alarms offset fajr soon", 2, "soon"},
+        {"alarms duration fajr 8", 2, "8"},
+        {"alarms on fajr", 1, "home"},
+        {"cities add", 2, "PLACE"},
+        {"cities add 1,2", 2, "catalogue"},
+        {"cities remove Ankara", 1, "not in your list"},
+        {"cities home Ankara", 1, "not in your list"},
+    };
+    for (const ErrorCase& expected : cases) {
+        CliRunner run;
+        run.common = std::string(expected.line).find("--now") == std::string::npos ? run.common : "--color auto";
+        const CliResult result = run(expected.line);
+        EXPECT_EQ(result.code, expected.code) << expected.line << '\n' << result.err;
+        EXPECT_NE(result.err.find(expected.says), std::string::npos) << expected.line << '\n' << result.err;
+        EXPECT_TRUE(result.err.starts_with("zorel: ")) << expected.line << '\n' << result.err;
+        EXPECT_TRUE(result.out.empty() || std::string(expected.line).find("--all") != std::string::npos)
+            << expected.line << '\n'
+            << result.out;
+    }
+}
+
+TEST(CliErrors, ControlCharactersOfTheCommandLineDoNotReachTheTerminal) {
+    CliRunner run;
+    EXPECT_EQ(run("today \"Xyz\x1b[2Jzy\"").err.find('\x1b'), std::string::npos);
+}
+
+TEST(CliErrors, DataThatCannotBeUsed) {
+    CliRunner run;
+    const std::string empty = run.folder.path("empty");
+    std::filesystem::create_directories(empty);
+    const std::string data = run.folder.path("data");
+    const auto with = [&](std::vector<std::string> words) { return run.plain(words); };
+    CliResult result = with({"--bundle", empty, "--data-dir", data, "today", "Ankara"});
+    EXPECT_EQ(result.code, 3);
+    EXPECT_NE(result.err.find("cities.sqlite"), std::string::npos) << result.err;
+    result = with({"--bundle", empty, "--data-dir", data, "--lang", "en", "today", "41,29,+3"});
+    EXPECT_EQ(result.code, 3);
+    EXPECT_NE(result.err.find("language file"), std::string::npos) << result.err;
+    writeFile(run.folder.path("file"), "x");
+    result = with({"--bundle", builtBundle(), "--data-dir", run.folder.path("file") + "/below", "cities"});
+    EXPECT_EQ(result.code, 3);
+    EXPECT_NE(result.err.find("--data-dir"), std::string::npos) << result.err;
+}
+
+TEST(CliErrors, ABrokenCatalogueIsDataTroubleOrNoResultButNeverACrash) {
+    CliRunner run;
+    const std::string bundle = run.folder.path("Broken.bundle");
+    std::filesystem::copy(std::string(ZOREL_SOURCE_DIR) + "/resources/Zorel.bundle", bundle,
+                          std::filesystem::copy_options::recursive);
+    for (const std::string& content : {std::string(), std::string("not a database"), std::string(4096, '\0')}) {
+        writeFile(bundle + "/database/cities.sqlite", content);
+        for (const char* word : {"Ankara", "745044"}) {
+            const int code = run.plain({"--bundle", bundle, "--data-dir", run.folder.path("d"), "today", word}).code;
+            EXPECT_TRUE(code == 1 || code == 3) << code;
+        }
+    }
+}
+
+} // namespace
+} // namespace zorel::test

@@ -1,0 +1,187 @@
+// SPDX-License-Identifier: Apache-2.0
+// Reading what is typed, and writing what is shown: dates, places, offsets, columns, colours, words.
+#include "CliError.h"
+#include "Csv.h"
+#include "Dates.h"
+#include "PlaceSpec.h"
+#include "Style.h"
+#include "Words.h"
+
+#include <gtest/gtest.h>
+
+#include <cstdlib>
+
+namespace zorel::cli {
+namespace {
+
+using namespace std::chrono_literals;
+using std::chrono::day;
+using std::chrono::month;
+using std::chrono::year;
+
+Date date(int y, unsigned m, unsigned d) { return {year{y}, month{m}, day{d}}; }
+
+const Date kToday = date(2026, 11, 21);
+
+TEST(CliDates, EveryWayToNameADay) {
+    EXPECT_EQ(parseDate("2026-02-28", kToday), date(2026, 2, 28));
+    EXPECT_EQ(parseDate("today", kToday), kToday);
+    EXPECT_EQ(parseDate("tomorrow", kToday), date(2026, 11, 22));
+    EXPECT_EQ(parseDate("yesterday", kToday), date(2026, 11, 20));
+    EXPECT_EQ(parseDate("+10", kToday), date(2026, 12, 1));
+    EXPECT_EQ(parseDate("-21", kToday), date(2026, 10, 31));
+    EXPECT_EQ(parseDate("1583-01-01", kToday), date(1583, 1, 1));
+    EXPECT_EQ(parseDate("9998-12-31", kToday), date(9998, 12, 31));
+    EXPECT_EQ(parseDate("2024-02-29", kToday), date(2024, 2, 29));
+}
+
+TEST(CliDates, WhatIsNoDay) {
+    for (const char* text : {"", "2026-02-29", "2026-13-01", "2026-00-10", "2026-1-1", "1582-12-31", "9999-01-01", "26-01-01",
+                             "2026/01/01", "2026-01-01 ", "+", "-", "+x", "+999999999", "-400000", "now", "2026-01-011"})
+        EXPECT_FALSE(parseDate(text, kToday)) << text;
+    EXPECT_THROW((void)requireDate("31.12.2026", kToday, "--date"), CliError);
+}
+
+TEST(CliDates, Moments) {
+    const auto full = parseMoment("2026-11-21T15:04:05+03:00");
+    ASSERT_TRUE(full);
+    EXPECT_EQ(full->date, kToday);
+    EXPECT_EQ(full->timeOfDay, 15h + 4min + 5s);
+    EXPECT_EQ(full->offset, 3h);
+    EXPECT_EQ(parseMoment("2026-11-21 15:04Z")->offset, 0h);
+    EXPECT_EQ(parseMoment("15:04-0330")->offset, -(3h + 30min));
+    EXPECT_EQ(parseMoment("2026-11-21T15:04+05")->offset, 5h);
+    EXPECT_FALSE(parseMoment("00:00")->date);
+    EXPECT_FALSE(parseMoment("23:59:59")->offset);
+    for (const char* text : {"", "24:00", "12:60", "12:00:60", "1:00", "2026-11-21", "2026-11-21T", "2026-11-31T10:00",
+                             "12:00+15", "12:00+03:60", "12:00Zx", "12:00 +03"})
+        EXPECT_FALSE(parseMoment(text)) << text;
+}
+
+TEST(CliDates, IsoTexts) {
+    EXPECT_EQ(isoDateTime(kToday, 6h + 5min, 3h), "2026-11-21T06:05:00+03:00");
+    EXPECT_EQ(isoOffset(0s), "+00:00");
+    EXPECT_EQ(isoOffset(-(3h + 30min)), "-03:30");
+    EXPECT_EQ(isoOffset(1h + 56min + 56s), "+01:56:56");
+    EXPECT_EQ(basicUtc(std::chrono::sys_days(kToday) + 12h + 4min), "20261121T120400Z");
+    EXPECT_EQ(basicUtc(std::chrono::sys_days(date(9999, 12, 31)) + 86399s), "99991231T235959Z");
+}
+
+PlaceByCoordinates point(std::string_view text) { return std::get<PlaceByCoordinates>(parsePlaceSpec(text)); }
+
+TEST(CliPlaceSpec, Points) {
+    EXPECT_DOUBLE_EQ(point("41.01,28.97").latitude, 41.01);
+    EXPECT_DOUBLE_EQ(point("41.01,28.97").longitude, 28.97);
+    EXPECT_DOUBLE_EQ(point("-33.87, +151.2").latitude, -33.87);
+    EXPECT_DOUBLE_EQ(point("33.87S,70.5W").latitude, -33.87);
+    EXPECT_DOUBLE_EQ(point("33.87S,70.5W").longitude, -70.5);
+    EXPECT_DOUBLE_EQ(point("-90,-180").latitude, -90.0);
+    EXPECT_DOUBLE_EQ(point("90 N,180 E").longitude, 180.0);
+    EXPECT_TRUE(std::holds_alternative<std::monostate>(point("1,2").zone));
+    EXPECT_EQ(std::get<std::string>(point("1,2,Europe/Oslo").zone), "Europe/Oslo");
+    EXPECT_EQ(std::get<std::chrono::seconds>(point("1,2,+5:45").zone), 5h + 45min);
+}
+
+TEST(CliPlaceSpec, NamesAndIds) {
+    EXPECT_EQ(std::get<PlaceById>(parsePlaceSpec(" 745044 ")).id, 745044);
+    const auto paris = std::get<PlaceByName>(parsePlaceSpec("Paris, Texas / United States"));
+    EXPECT_EQ(paris.name, "Paris");
+    EXPECT_EQ(paris.within, (std::vector<std::string>{"Texas", "United States"}));
+    EXPECT_EQ(std::get<PlaceByName>(parsePlaceSpec("São Paulo")).name, "São Paulo");
+}
+
+TEST(CliPlaceSpec, WhatIsNoPlace) {
+    const std::string tooLong(201, 'a');
+    for (const std::string& text : {std::string(), std::string("   "), std::string(",,"), std::string("91,0"),
+                                    std::string("0,181"), std::string("1,2,3,4"), std::string("1,x"),
+                                    std::string("1e999,2"), std::string("-nan,1"), std::string("99999999999"), tooLong})
+        EXPECT_THROW((void)parsePlaceSpec(text), CliError) << text;
+}
+
+TEST(CliPlaceSpec, Offsets) {
+    EXPECT_EQ(parseOffset("+3"), 3h);
+    EXPECT_EQ(parseOffset("3"), 3h);
+    EXPECT_EQ(parseOffset("-03:30"), -(3h + 30min));
+    EXPECT_EQ(parseOffset("+0545"), 5h + 45min);
+    EXPECT_EQ(parseOffset("5.75"), 5h + 45min);
+    EXPECT_EQ(parseOffset("UTC-2"), -2h);
+    EXPECT_EQ(parseOffset("Z"), 0h);
+    EXPECT_EQ(parseOffset("+14"), 14h);
+    for (const char* text : {"", "+", "+15", "-14:01", "+3:60", "+0360", "+3:5", "3h", "UTC+", "Etc/GMT-3", "nan", "inf", "1e1x"})
+        EXPECT_FALSE(parseOffset(text)) << text;
+}
+
+TEST(CliErrors, WhatGoesBackToTheTerminalIsHarmless) {
+    EXPECT_EQ(quote("abc"), "\"abc\"");
+    EXPECT_EQ(quote("a\x1b[31mb\n"), "\"a?[31mb?\"");
+    const std::string longText = std::string(59, 'a') + "ğğ";
+    EXPECT_EQ(quote(longText), '"' + std::string(59, 'a') + "...\"");
+}
+
+TEST(CliStyle, WidthsOfCharacters) {
+    EXPECT_EQ(displayWidth("abc"), 3U);
+    EXPECT_EQ(displayWidth("İğüş"), 4U);
+    EXPECT_EQ(displayWidth("e\xCC\x81"), 1U);
+    EXPECT_EQ(displayWidth("東京"), 4U);
+    EXPECT_EQ(displayWidth("\xFF\xC3"), 2U);
+}
+
+TEST(CliStyle, ColumnsAlignAndLinesHaveNoTrailingBlanks) {
+    TextTable table("lr");
+    table.add({"Öğle", "9:05"});
+    table.add({"Ikindi", "12:05"});
+    table.add({"x"});
+    EXPECT_EQ(table.text(Style(false), "> "), "> Öğle     9:05\n> Ikindi  12:05\n> x\n");
+}
+
+TEST(CliStyle, ColoursOnlyWhereTheyAreWanted) {
+    EXPECT_EQ(Style(true).bold("x"), "\x1b[1mx\x1b[0m");
+    EXPECT_EQ(Style(false).bold("x"), "x");
+    unsetenv("NO_COLOR");
+    setenv("TERM", "xterm", 1);
+    EXPECT_TRUE(coloursWanted("auto", true));
+    EXPECT_FALSE(coloursWanted("auto", false));
+    EXPECT_TRUE(coloursWanted("always", false));
+    EXPECT_FALSE(coloursWanted("never", true));
+    setenv("NO_COLOR", "1", 1);
+    EXPECT_FALSE(coloursWanted("auto", true));
+    EXPECT_TRUE(coloursWanted("always", true));
+    setenv("NO_COLOR", "", 1);
+    EXPECT_TRUE(coloursWanted("auto", true));
+    setenv("TERM", "dumb", 1);
+    EXPECT_FALSE(coloursWanted("auto", true));
+    unsetenv("NO_COLOR");
+}
+
+TEST(CliWords, EveryWordIsThereInBothLanguages) {
+    for (int i = 0; i < static_cast<int>(Word::count_); ++i) {
+        EXPECT_FALSE(word(static_cast<Word>(i), Language::english).empty()) << i;
+        EXPECT_FALSE(word(static_cast<Word>(i), Language::turkish).empty()) << i;
+    }
+    for (int month = 1; month <= 12; ++month) {
+        EXPECT_FALSE(hijriMonthName(month, Language::turkish).empty());
+        EXPECT_FALSE(rumiMonthName(month, Language::english).empty());
+    }
+    EXPECT_TRUE(hijriMonthName(13, Language::english).empty());
+    EXPECT_TRUE(weekdayName(-1, Language::english).empty());
+}
+
+TEST(CliWords, DatesAndDurations) {
+    EXPECT_EQ(longDate(kToday, Language::english), "21 November 2026, Saturday");
+    EXPECT_EQ(longDate(kToday, Language::turkish), "21 Kasım 2026, Cumartesi");
+    EXPECT_EQ(durationText(59s, Language::english), "less than a minute");
+    EXPECT_EQ(durationText(61s, Language::english), "1 min");
+    EXPECT_EQ(durationText(2h, Language::english), "2 h");
+    EXPECT_EQ(durationText(2h + 5min + 59s, Language::turkish), "2 sa 5 dk");
+    EXPECT_TRUE(hijriText(AllCalendarRecord{.hijriYear = -1}, Language::english).empty());
+}
+
+TEST(CliCsv, FieldsAreQuotedWhenTheyMust) {
+    EXPECT_EQ(csvField("Ankara"), "Ankara");
+    EXPECT_EQ(csvField("a,b"), "\"a,b\"");
+    EXPECT_EQ(csvField("say \"x\""), "\"say \"\"x\"\"\"");
+    EXPECT_EQ(csvField("a\nb"), "\"a\nb\"");
+}
+
+} // namespace
+} // namespace zorel::cli
