@@ -68,11 +68,11 @@ public:
 
     // What a host can show beside an alarm's row (ZorelSettingsController_Table.cpp).
 
-    /// That the prayer has no time today, so that its alarm rings at no meaningful time; nothing when it has
-    /// one.
+    /// What a reader has to know of a prayer's time: that there is none today, so that its alarm rings at no
+    /// meaningful time, or that it was computed for a lower latitude. Nothing on an ordinary day.
     [[nodiscard]] std::optional<std::string> noticeForAlarm(std::int32_t prayerId) const;
-    /// "05:32", with the alarm on "05:32 · Alarm 05:22", or the notice; "" without a home city. Minutes are
-    /// cut off, as in the alarm's event.
+    /// "05:32", with the alarm on "05:32 · Alarm 05:22", each with the notice behind it; the notice alone
+    /// when there is no time; "" without a home city. Minutes are cut off, as in the alarm's event.
     [[nodiscard]] std::string summaryOfAlarm(std::int32_t prayerId) const;
 
     // The table (ZorelSettingsController_Table.cpp): cities, alarms, information.

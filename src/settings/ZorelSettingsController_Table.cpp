@@ -28,6 +28,7 @@ constexpr std::int32_t kAlarmKey = 1039;
 constexpr std::int32_t kNoCityKey = 1040;
 constexpr std::int32_t kInformationKey = 1041;
 constexpr std::int32_t kNoSuchTimeKey = 1043;
+constexpr std::int32_t kLowerLatitudeKey = 1044;
 constexpr const char* kCellIdentifier = "CellIdentifier";
 constexpr std::int32_t kMinutesPerDay = 1440;
 
@@ -156,14 +157,21 @@ void ZorelSettingsController::commitEditingStyle(UITableView& /*table*/, UITable
 
 std::optional<std::string> ZorelSettingsController::noticeForAlarm(std::int32_t prayerId) const {
     const City* home = homeCity();
-    if (home == nullptr || home->getRelevantPrayerTime(prayerId) >= 0.0) {
+    if (home == nullptr) {
         return std::nullopt;
     }
-    return textForKey(*glbFuncs_, kNoSuchTimeKey);
+    if (home->getRelevantPrayerTime(prayerId) < 0.0) {
+        return textForKey(*glbFuncs_, kNoSuchTimeKey);
+    }
+    if (home->aNamazVakitleri.latitudeLowered) {
+        return textForKey(*glbFuncs_, kLowerLatitudeKey);
+    }
+    return std::nullopt;
 }
 
 std::string ZorelSettingsController::detailForRowAtIndexPath(UITableView& /*table*/, NSIndexPath indexPath) {
-    return indexPath.section == alarmSection ? summaryOfAlarm(indexPath.row + kFirstAlarmPrayerId) : std::string();
+    return indexPath.section == alarmSection ? summaryOfAlarm(indexPath.row + kFirstAlarmPrayerId)
+                                             : std::string();
 }
 
 std::string ZorelSettingsController::summaryOfAlarm(std::int32_t prayerId) const {
@@ -171,16 +179,18 @@ std::string ZorelSettingsController::summaryOfAlarm(std::int32_t prayerId) const
     if (home == nullptr) {
         return {};
     }
-    if (const auto notice = noticeForAlarm(prayerId)) {
-        return *notice;
+    const std::string notice = noticeForAlarm(prayerId).value_or(std::string());
+    if (home->getRelevantPrayerTime(prayerId) < 0.0) {
+        return notice;
     }
     const std::int64_t prayerTime = minutesOfDay(home->getRelevantPrayerTime(prayerId));
+    std::string summary = clockText(prayerTime);
     const AlarmInfo alarm = dbFuncs_->getAlarmInfo(prayerId);
-    if (!alarm.active) {
-        return clockText(prayerTime);
+    if (alarm.active) {
+        summary += fmt::format(" · {} {}", textForKey(*glbFuncs_, kAlarmKey),
+                               clockText(prayerTime + alarm.timeOffset));
     }
-    return fmt::format("{} · {} {}", clockText(prayerTime), textForKey(*glbFuncs_, kAlarmKey),
-                       clockText(prayerTime + alarm.timeOffset));
+    return notice.empty() ? summary : summary + " · " + notice;
 }
 
 } // namespace zorel

@@ -153,6 +153,8 @@ TEST_F(PaneTable, SummarySaysPrayerAndAlarmTime) {
         return two + ":" + std::to_string(100 + minutes % 60).substr(1);
     };
     EXPECT_EQ(pane->summaryOfAlarm(203), text(prayerMinute(4)));
+    EXPECT_EQ(pane->table().detailForRow({1, 3}), pane->summaryOfAlarm(203));
+    EXPECT_EQ(pane->table().detailForRow({0, 0}), "");
     AlarmView& alarm = openAlarm(3);
     alarm.pickerTime().userPicksRow(49);
     alarm.alarmEnabled().userToggles();
@@ -161,19 +163,34 @@ TEST_F(PaneTable, SummarySaysPrayerAndAlarmTime) {
     EXPECT_FALSE(pane->noticeForAlarm(203));
 }
 
-/// In the far north the sun's last days before the polar night have no sunrise that the method can find.
-TEST_F(PaneTable, SummarySaysThatThereIsNoSuchTime) {
-    clock.reset();
-    clock.emplace(instantFromLocal({2026, 10, 27, 9, 0, 0, 0.0}));
-    pane->delegateAddCityView_AddTapped(cityNamed("longyearbyen", "Longyearbyen"));
+class FarNorth : public PaneTable {
+protected:
+    void goTo(std::int32_t month, std::int32_t day) {
+        clock.reset();
+        clock.emplace(instantFromLocal({2026, month, day, 9, 0, 0, 0.0}));
+        pane->delegateAddCityView_AddTapped(cityNamed("longyearbyen", "Longyearbyen"));
+    }
+};
+
+/// The sun's last days before the polar night have no sunrise that the method can find.
+TEST_F(FarNorth, SummarySaysThatThereIsNoSuchTime) {
+    goTo(10, 27);
     int missing = 0;
     for (int prayer = 200; prayer <= 205; ++prayer) {
         const bool none = pane->homeCity()->getRelevantPrayerTime(prayer) < 0.0;
-        EXPECT_EQ(pane->noticeForAlarm(prayer).has_value(), none);
+        EXPECT_EQ(pane->noticeForAlarm(prayer) == "No such time today", none);
         EXPECT_EQ(pane->summaryOfAlarm(prayer) == "No such time today", none);
         missing += none ? 1 : 0;
     }
     EXPECT_GT(missing, 0);
+}
+
+TEST_F(FarNorth, SummarySaysThatTheTimesAreThoseOfALowerLatitude) {
+    goTo(6, 21);
+    ASSERT_TRUE(pane->homeCity()->aNamazVakitleri.latitudeLowered);
+    EXPECT_EQ(pane->noticeForAlarm(200), "lower latitude");
+    EXPECT_TRUE(pane->summaryOfAlarm(200).ends_with(" · lower latitude"));
+    EXPECT_EQ(pane->summaryOfAlarm(200)[2], ':');
 }
 
 } // namespace
