@@ -2,6 +2,9 @@
 # Components: zorel (programs, data, manual, units) and dev (library, headers, package files).
 include(CMakePackageConfigHelpers)
 
+# Installing and packing take what is built; they do not build tests and the like first.
+set(CMAKE_SKIP_INSTALL_ALL_DEPENDENCY ON)
+
 # One archive for other programs: the engine and the catalogue with everything they stand on.
 set(zorel_parts zorel_engine zorel_foundation zorel_coregraphics zorel_uikit zorel_eventkit zorel_common zorel_store)
 set(zorel_archive ${PROJECT_BINARY_DIR}/lib/libzorel.a)
@@ -25,6 +28,7 @@ foreach(folder engine platform/foundation common store)
         DESTINATION ${CMAKE_INSTALL_INCLUDEDIR}/zorel/${folder} COMPONENT dev FILES_MATCHING PATTERN "*.h")
 endforeach()
 
+file(RELATIVE_PATH zorel_pc_prefix /${CMAKE_INSTALL_LIBDIR}/pkgconfig /)
 configure_file(${PROJECT_SOURCE_DIR}/cmake/zorel.pc.in ${PROJECT_BINARY_DIR}/zorel.pc @ONLY)
 install(FILES ${PROJECT_BINARY_DIR}/zorel.pc DESTINATION ${CMAKE_INSTALL_LIBDIR}/pkgconfig COMPONENT dev)
 configure_package_config_file(${PROJECT_SOURCE_DIR}/cmake/ZorelConfig.cmake.in

@@ -34,7 +34,9 @@ struct ListedAlarm {
     std::optional<EventTime> rings; ///< start of its calendar event
 };
 
-std::int32_t prayerIdOfRow(std::size_t row) { return kFirstAlarmPrayerId + static_cast<std::int32_t>(row); }
+std::int32_t prayerIdOfRow(std::size_t row) {
+    return kFirstAlarmPrayerId + static_cast<std::int32_t>(row);
+}
 
 /// The home city's day; nothing without a home city.
 std::optional<Day> homeDay(const Context& context, const Pane& pane) {
@@ -82,7 +84,8 @@ std::string prayerText(const Context& context, const Pane& pane, const ListedAla
 std::string ringsText(const ListedAlarm& alarm) {
     if (!alarm.info.active || !alarm.rings)
         return "";
-    return fmt::format("{} {}", isoDate(alarm.rings->date), clockText(alarm.rings->timeOfDay, Precision::minutes));
+    return fmt::format("{} {}", isoDate(alarm.rings->date),
+                       clockText(alarm.rings->timeOfDay, Precision::minutes));
 }
 
 void printText(const Context& context, const Pane& pane, const std::vector<ListedAlarm>& alarms) {
@@ -93,7 +96,8 @@ void printText(const Context& context, const Pane& pane, const std::vector<Liste
                std::string(context.word(Word::duration))},
               TextTable::Emphasis::dim);
     for (const ListedAlarm& alarm : alarms)
-        table.add({context.nameOf(alarm.index), std::string(context.word(alarm.info.active ? Word::on : Word::off)),
+        table.add({context.nameOf(alarm.index),
+                   std::string(context.word(alarm.info.active ? Word::on : Word::off)),
                    prayerText(context, pane, alarm, today), fmt::format("{:+}", alarm.info.timeOffset),
                    ringsText(alarm), alarm.info.melodyName,
                    fmt::format("{} ({})", alarm.info.melodyTime, durationLabel(pane, alarm.info.melodyTime))},
@@ -169,57 +173,67 @@ std::string wantedRingtone(const Context& context, const Pane& pane) {
 }
 
 /// Changes one alarm as its editor would; refuses when the pane refuses.
-Exit change(const Context& context, Pane& pane, Pane::Change what, const std::function<void(AlarmView&)>& edit,
+Exit change(const Context& context, Pane& pane, Pane::Change what,
+            const std::function<void(AlarmView&)>& edit,
             const std::function<bool(const AlarmInfo&)>& isStored) {
     const std::int32_t prayerId = wantedPrayer(context);
     if (pane.home() == nullptr)
         throw CliError(Exit::noResult, "there is no home city whose times an alarm could follow",
                        "zorel cities add NAME");
     if (!pane.edit(prayerId, what, edit))
-        throw CliError(Exit::noResult, fmt::format("the alarm {} is off, and an alarm that is off keeps no changes",
-                                                   context.options.prayer),
+        throw CliError(Exit::noResult,
+                       fmt::format("the alarm {} is off, and an alarm that is off keeps no changes",
+                                   context.options.prayer),
                        fmt::format("zorel alarms on {}", context.options.prayer));
     if (!isStored(pane.alarm(prayerId)))
-        throw CliError(Exit::dataTrouble, fmt::format("the alarm {} could not be stored", context.options.prayer),
+        throw CliError(Exit::dataTrouble,
+                       fmt::format("the alarm {} could not be stored", context.options.prayer),
                        fmt::format("{}/SettingsLog.txt says why; a ringtone's name must not hold a quote",
                                    Locations::current().data));
     return list(context, pane);
 }
 } // namespace
 
-Exit runAlarms(const Context& context) { return list(context, Pane()); }
+Exit runAlarms(const Context& context) {
+    return list(context, Pane());
+}
 
 Exit runAlarmsOn(const Context& context) {
     Pane pane;
-    return change(context, pane, Pane::Change::on, [](AlarmView&) {},
-                  [](const AlarmInfo& info) { return info.active; });
+    return change(
+        context, pane, Pane::Change::on, [](AlarmView&) {},
+        [](const AlarmInfo& info) { return info.active; });
 }
 
 Exit runAlarmsOff(const Context& context) {
     Pane pane;
-    return change(context, pane, Pane::Change::off, [](AlarmView&) {},
-                  [](const AlarmInfo& info) { return !info.active; });
+    return change(
+        context, pane, Pane::Change::off, [](AlarmView&) {},
+        [](const AlarmInfo& info) { return !info.active; });
 }
 
 Exit runAlarmsOffset(const Context& context) {
     const int minutes = wantedNumber(context, -kLargestOffset, kLargestOffset, "offset");
     Pane pane;
-    return change(context, pane, Pane::Change::offset, [minutes](AlarmView& view) { view.setTimeOffset(minutes); },
-                  [minutes](const AlarmInfo& info) { return info.timeOffset == minutes; });
+    return change(
+        context, pane, Pane::Change::offset, [minutes](AlarmView& view) { view.setTimeOffset(minutes); },
+        [minutes](const AlarmInfo& info) { return info.timeOffset == minutes; });
 }
 
 Exit runAlarmsRingtone(const Context& context) {
     Pane pane;
     const std::string name = wantedRingtone(context, pane);
-    return change(context, pane, Pane::Change::ringtone, [&](AlarmView& view) { view.setMelodyName(name); },
-                  [&](const AlarmInfo& info) { return info.melodyName == name; });
+    return change(
+        context, pane, Pane::Change::ringtone, [&](AlarmView& view) { view.setMelodyName(name); },
+        [&](const AlarmInfo& info) { return info.melodyName == name; });
 }
 
 Exit runAlarmsDuration(const Context& context) {
     const int choice = wantedNumber(context, 0, 7, "duration");
     Pane pane;
-    return change(context, pane, Pane::Change::duration, [choice](AlarmView& view) { view.setMelodyTime(choice); },
-                  [choice](const AlarmInfo& info) { return info.melodyTime == choice; });
+    return change(
+        context, pane, Pane::Change::duration, [choice](AlarmView& view) { view.setMelodyTime(choice); },
+        [choice](const AlarmInfo& info) { return info.melodyTime == choice; });
 }
 
 Exit runAlarmsRefresh(const Context& context) {

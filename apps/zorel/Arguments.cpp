@@ -17,9 +17,9 @@ namespace {
 constexpr std::string_view kDescription =
     "Prayer times, alarms, Sun and Moon, qibla and Hijri dates for any place, offline.";
 
-constexpr const char* kPlaceHelp =
-    "name (\"Paris, Texas\"), catalogue id, or LAT,LON[,ZONE]; default: the home city, else the largest place of the "
-    "system's time zone";
+constexpr const char* kPlaceHelp = "name (\"Paris, Texas\"), catalogue id, or LAT,LON[,ZONE]; default: the "
+                                   "home city, else the largest place of the "
+                                   "system's time zone";
 
 using Prayers = std::vector<std::string>;
 const Prayers kPrayers{"fajr", "sunrise", "dhuhr", "asr", "maghrib", "isha"};
@@ -28,7 +28,8 @@ const Prayers kPrayers{"fajr", "sunrise", "dhuhr", "asr", "maghrib", "isha"};
 class Grammar {
 public:
     explicit Grammar(Options& options) : options_(options), app_(std::string(kDescription), "zorel") {
-        app_.set_version_flag("-V,--version", std::string("zorel ") + kZorelVersion, "Print the version and exit");
+        app_.set_version_flag("-V,--version", std::string("zorel ") + kZorelVersion,
+                              "Print the version and exit");
         app_.set_help_flag("-h,--help", "Print help and exit");
         app_.require_subcommand(1);
         app_.fallthrough();
@@ -58,18 +59,22 @@ private:
     }
 
     void addCommon() {
-        app_.add_option("--data-dir", options_.dataDir, "Folder of the user's cities, alarms and log")->type_name("DIR");
-        app_.add_option("--bundle", options_.bundle, "Folder of the catalogue and the language files")->type_name("DIR");
+        app_.add_option("--data-dir", options_.dataDir, "Folder of the user's cities, alarms and log")
+            ->type_name("DIR");
+        app_.add_option("--bundle", options_.bundle, "Folder of the catalogue and the language files")
+            ->type_name("DIR");
         app_.add_option("--ringtones", options_.ringtones, "Folder of the ringtones")->type_name("DIR");
         app_.add_option("--calendar", options_.calendar, "Folder of .ics files that carries the alarms")
             ->type_name("DIR");
-        app_.add_option("--lang", options_.language, "Language of names: tr, en, fr, de; default: from the locale")
+        app_.add_option("--lang", options_.language,
+                        "Language of names: tr, en, fr, de; default: from the locale")
             ->type_name("LANG")
             ->check(CLI::IsMember({"tr", "en", "fr", "de"}));
         app_.add_option("--color", options_.colour, "Colours: auto (only on a terminal), always, never")
             ->type_name("WHEN")
             ->check(CLI::IsMember({"auto", "always", "never"}));
-        app_.add_option("--now", options_.now, "Pretend that this is the present moment (2026-11-21T15:04[+03:00])")
+        app_.add_option("--now", options_.now,
+                        "Pretend that this is the present moment (2026-11-21T15:04[+03:00])")
             ->type_name("TIME");
         app_.footer(examplesFooter(""));
     }
@@ -80,7 +85,8 @@ private:
         sub->add_flag("--seconds", options_.seconds, "Show seconds instead of whole minutes");
     }
     void temkin(CLI::App* sub) {
-        sub->add_option("--temkin", options_.temkin, "Precaution table: 250 or 500 m; default: the place's own")
+        sub->add_option("--temkin", options_.temkin,
+                        "Precaution table: 250 or 500 m; default: the place's own")
             ->type_name("METRES")
             ->check(CLI::IsMember({250, 500}));
     }
@@ -118,8 +124,10 @@ private:
         jsonFlag->excludes(ics);
         seconds(table);
         temkin(table);
-        auto* all = table->add_flag("--all", options_.all, "Every place of the catalogue on one day (with --on)");
-        day(table, "--on", options_.on, "The day of --all; default: today, by the system's clock")->needs(all);
+        auto* all =
+            table->add_flag("--all", options_.all, "Every place of the catalogue on one day (with --on)");
+        day(table, "--on", options_.on, "The day of --all; default: today, by the system's clock")
+            ->needs(all);
         table->add_option("--from-id", options_.fromId, "Start --all at this place of the catalogue")
             ->type_name("ID")
             ->needs(all);
@@ -164,7 +172,8 @@ private:
         CLI::App* cities = command(app_, "cities", "Your cities: list, add, home, remove");
         json(cities);
         place(command(*cities, "add", "Add a city; the first one becomes the home city"));
-        place(command(*cities, "home", "Make one of your cities the home city; active alarms move to its times"));
+        place(command(*cities, "home",
+                      "Make one of your cities the home city; active alarms move to its times"));
         place(command(*cities, "remove", "Remove a city from the list"));
     }
 
@@ -200,9 +209,12 @@ private:
     void addWidget() {
         CLI::App* widget = command(app_, "widget", "One line of JSON for a status bar");
         place(widget);
-        widget->add_flag("--follow", options_.follow, "Print again at each change, until the reader goes away");
+        widget->add_flag("--follow", options_.follow,
+                         "Print again at each change, until the reader goes away");
         widget->add_flag("--countdown", options_.countdown, "Show the remaining time in the text");
-        widget->add_option("--soon", options_.soon, "Minutes before a prayer time from which the class is \"soon\"")
+        widget
+            ->add_option("--soon", options_.soon,
+                         "Minutes before a prayer time from which the class is \"soon\"")
             ->type_name("MIN")
             ->check(CLI::Range(0, 720))
             ->capture_default_str();
@@ -229,7 +241,8 @@ OptionHelp describeOption(const CLI::Option& option) {
     for (const auto& name : option.get_snames())
         help.names.insert(help.names.begin(), "-" + name);
     help.description = option.get_description();
-    help.argument = option.get_expected_max() > 0 && option.get_type_size_max() > 0 ? option.get_type_name() : "";
+    help.argument =
+        option.get_expected_max() > 0 && option.get_type_size_max() > 0 ? option.get_type_name() : "";
     // A check appends ":{tr,en}" to the type's name.
     const auto braces = help.argument.find(":{");
     if (braces != std::string::npos) {

@@ -1,7 +1,7 @@
 // SPDX-License-Identifier: Apache-2.0
 /// @file
-/// The grammar of the command line. It is written once, with CLI11, and everything that describes it (help, manual
-/// page, markdown page, shell completions) is read back from it.
+/// The grammar of the command line. It is written once, with CLI11, and everything that describes it (help,
+/// manual page, markdown page, shell completions) is read back from it.
 #pragma once
 
 #include "CliError.h"

@@ -59,9 +59,9 @@ std::size_t wantedRow(const Context& context, const Pane& pane) {
         throw CliError(Exit::badUse, "which city? PLACE is missing", "zorel cities shows your cities");
     const auto cities = pane.cities();
     const auto rowOf = [&](const std::string& id) {
-        return static_cast<std::size_t>(std::find_if(cities.begin(), cities.end(),
-                                                     [&](const City* city) { return city->cityId == id; }) -
-                                        cities.begin());
+        return static_cast<std::size_t>(
+            std::find_if(cities.begin(), cities.end(), [&](const City* city) { return city->cityId == id; }) -
+            cities.begin());
     };
     const PlaceSpec spec = parsePlaceSpec(context.argument());
     if (const auto* byId = std::get_if<PlaceById>(&spec)) {
@@ -88,7 +88,8 @@ Exit runCitiesAdd(const Context& context) {
     const City city = wantedCity(context);
     Pane pane;
     const auto cities = pane.cities();
-    if (std::any_of(cities.begin(), cities.end(), [&](const City* one) { return one->cityId == city.cityId; }))
+    if (std::any_of(cities.begin(), cities.end(),
+                    [&](const City* one) { return one->cityId == city.cityId; }))
         context.note(fmt::format("{} is in your list already", city.name));
     else
         pane.add(city);

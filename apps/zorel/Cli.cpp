@@ -54,7 +54,8 @@ std::string environment(const char* name) {
     return value == nullptr ? std::string() : std::string(value);
 }
 
-/// $XDG_DATA_HOME/zorel; the variable counts only when it holds an absolute path (XDG Base Directory Specification).
+/// $XDG_DATA_HOME/zorel; the variable counts only when it holds an absolute path (XDG Base Directory
+/// Specification).
 std::string defaultDataDir() {
     const std::string dataHome = environment("XDG_DATA_HOME");
     if (dataHome.starts_with('/'))
@@ -75,7 +76,8 @@ void setLocations(const Options& options) {
     locations.bundle = options.bundle.empty() ? bundleBesideProgram() : options.bundle;
     locations.data = options.dataDir.empty() ? defaultDataDir() : options.dataDir;
     locations.ringtones = options.ringtones.empty() ? ringtonesBeside(locations.bundle) : options.ringtones;
-    EKEventStore::setCalendar(options.calendar.empty() ? nullptr : std::make_shared<FolderCalendar>(options.calendar));
+    EKEventStore::setCalendar(options.calendar.empty() ? nullptr
+                                                       : std::make_shared<FolderCalendar>(options.calendar));
 }
 
 /// The instant that --now names, read in the system's time zone when it has no offset of its own.
@@ -98,7 +100,9 @@ void makeDataDir() {
                        "check its permissions, or name another one with --data-dir DIR");
 }
 
-bool changesData(const std::string& command) { return command.starts_with("cities") || command.starts_with("alarms"); }
+bool changesData(const std::string& command) {
+    return command.starts_with("cities") || command.starts_with("alarms");
+}
 
 Exit printDescription(const Options& options, Streams& streams) {
     if (options.command == "completion")
@@ -133,7 +137,8 @@ int failed(Streams& streams, Exit code, std::string_view what, std::string_view 
 std::string bundleBesideProgram() {
     std::error_code error;
     const auto program = std::filesystem::read_symlink("/proc/self/exe", error);
-    for (auto folder = program.parent_path(); !error && folder.has_relative_path(); folder = folder.parent_path()) {
+    for (auto folder = program.parent_path(); !error && folder.has_relative_path();
+         folder = folder.parent_path()) {
         const auto bundle = folder / kZorelDataFolder / "Zorel.bundle";
         if (std::filesystem::is_directory(bundle, error))
             return bundle.string();
@@ -151,7 +156,8 @@ int runZorel(std::span<const std::string> words, Streams& streams) {
             return 0;
         }
         if (!parsed.run)
-            return failed(streams, parsed.code, parsed.text, "zorel --help shows the commands, with examples");
+            return failed(streams, parsed.code, parsed.text,
+                          "zorel --help shows the commands, with examples");
         const Exit code = runCommand(options, streams);
         streams.out.flush();
         if (!streams.out.good())

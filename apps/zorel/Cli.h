@@ -10,12 +10,12 @@
 
 namespace zorel::cli {
 
-/// Runs one command line (without the program's name). Sets the process-wide locations and, with --now, the clock.
-/// Never throws; the exit code says how it ended.
+/// Runs one command line (without the program's name). Sets the process-wide locations and, with --now, the
+/// clock. Never throws; the exit code says how it ended.
 [[nodiscard]] int runZorel(std::span<const std::string> words, Streams& streams);
 
-/// The bundle folder beside the program: `<prefix>/share/zorel/Zorel.bundle` for `<prefix>/bin/zorel`, or the build
-/// tree's. Empty when there is none.
+/// The bundle folder beside the program: `<prefix>/share/zorel/Zorel.bundle` for `<prefix>/bin/zorel`, or the
+/// build tree's. Empty when there is none.
 [[nodiscard]] std::string bundleBesideProgram();
 
 } // namespace zorel::cli

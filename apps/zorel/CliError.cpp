@@ -6,7 +6,9 @@ namespace zorel::cli {
 namespace {
 constexpr std::size_t kLongest = 60;
 
-bool continuesCharacter(char byte) { return (static_cast<unsigned char>(byte) & 0xC0U) == 0x80U; }
+bool continuesCharacter(char byte) {
+    return (static_cast<unsigned char>(byte) & 0xC0U) == 0x80U;
+}
 
 std::string_view cut(std::string_view text) {
     if (text.size() <= kLongest)

@@ -29,8 +29,8 @@ private:
     std::string hint_;
 };
 
-/// The text in quotation marks with control characters replaced by "?", cut after 60 bytes at a character's edge:
-/// what the user typed may hold anything, and it goes back to a terminal.
+/// The text in quotation marks with control characters replaced by "?", cut after 60 bytes at a character's
+/// edge: what the user typed may hold anything, and it goes back to a terminal.
 [[nodiscard]] std::string quote(std::string_view text);
 
 } // namespace zorel::cli

@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: Apache-2.0
 /// @file
-/// The commands. Each prints to the context's streams and answers how it ended; trouble is thrown as CliError.
+/// The commands. Each prints to the context's streams and answers how it ended; trouble is thrown as
+/// CliError.
 #pragma once
 
 #include "CliError.h"

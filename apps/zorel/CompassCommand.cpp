@@ -49,7 +49,7 @@ std::string declinationText(const Context& context, const MagneticDeclination& m
 std::string modelText(const Context& context, const MagneticDeclination& magnetic) {
     std::string text =
         fmt::format("{}, {} {:.1f}, {} {:.0f}-{:.0f}", magnetic.model, context.word(Word::epoch),
-                                   magnetic.epoch, context.word(Word::validity), magnetic.validFrom, magnetic.validTo);
+                    magnetic.epoch, context.word(Word::validity), magnetic.validFrom, magnetic.validTo);
     if (magnetic.extrapolated)
         text += ", " + context.style.warning(context.word(Word::modelOutside));
     return text;
@@ -63,7 +63,8 @@ void addBearings(TextTable& table, const Context& context, const Compass& compas
     table.add({std::string(context.word(Word::qiblaTrue)), fmt::format("{:.1f}°", *compass.bearing)},
               TextTable::Emphasis::highlight);
     if (compass.magnetic)
-        table.add({std::string(context.word(Word::qiblaMagnetic)), fmt::format("{:.1f}°", magneticBearing(compass))});
+        table.add({std::string(context.word(Word::qiblaMagnetic)),
+                   fmt::format("{:.1f}°", magneticBearing(compass))});
 }
 
 void printText(const Context& context, const Compass& compass) {
@@ -84,7 +85,9 @@ void printText(const Context& context, const Compass& compass) {
                         << text;
 }
 
-Json rounded(double degrees) { return std::round(degrees * 100.0) / 100.0; }
+Json rounded(double degrees) {
+    return std::round(degrees * 100.0) / 100.0;
+}
 
 Json magneticJson(const std::optional<MagneticDeclination>& magnetic) {
     if (!magnetic)

@@ -32,7 +32,9 @@ std::vector<std::string> optionNames(const CommandHelp& command) {
     return names;
 }
 
-std::string joined(const std::vector<std::string>& words) { return fmt::format("{}", fmt::join(words, " ")); }
+std::string joined(const std::vector<std::string>& words) {
+    return fmt::format("{}", fmt::join(words, " "));
+}
 
 // bash
 
@@ -48,9 +50,10 @@ std::string bashValues(const Commands& commands) {
                 files += (files.empty() ? "" : "|") + option.names.back();
         }
     }
-    return fmt::format("    case \"$before\" in\n{}        {}) COMPREPLY=($(compgen -d -- \"$word\")); return ;;\n"
-                       "    esac\n",
-                       cases, files);
+    return fmt::format(
+        "    case \"$before\" in\n{}        {}) COMPREPLY=($(compgen -d -- \"$word\")); return ;;\n"
+        "    esac\n",
+        cases, files);
 }
 
 std::string bashWords(const Commands& commands) {
@@ -111,7 +114,7 @@ std::string zshOption(const OptionHelp& option, const std::string& name) {
     const std::string help = inQuotes(escapedFor(option.description, "[]:"));
     std::string value;
     if (!option.argument.empty())
-        value = option.isPath           ? ":folder:_files -/"
+        value = option.isPath            ? ":folder:_files -/"
                 : option.choices.empty() ? ':' + option.argument + ':'
                                          : ':' + option.argument + ":(" + joined(option.choices) + ')';
     return fmt::format("        '{}[{}]{}'", name, help, value);
@@ -131,8 +134,10 @@ std::string zshCommand(const Commands& commands, const CommandHelp& command) {
     for (const std::string& choice : positionalChoices(command))
         words.push_back(choice);
     const std::string own = command.name.empty() ? "" : zshOptions(command);
-    const std::string rest = words.empty() ? "        '*: :'" : fmt::format("        '*: :({})'", joined(words));
-    return fmt::format("    '{}') _arguments \\\n{}{}{} ;;\n", command.name, own, zshOptions(commands.front()), rest);
+    const std::string rest =
+        words.empty() ? "        '*: :'" : fmt::format("        '*: :({})'", joined(words));
+    return fmt::format("    '{}') _arguments \\\n{}{}{} ;;\n", command.name, own,
+                       zshOptions(commands.front()), rest);
 }
 
 std::string zshScript(const Commands& commands) {
@@ -171,7 +176,9 @@ std::string fishOption(const OptionHelp& option, const std::string& condition) {
     for (const std::string& name : option.names)
         line += name.starts_with("--") ? " -l " + name.substr(2) : " -s " + name.substr(1);
     if (!option.argument.empty())
-        line += option.isPath ? " -r -F" : option.choices.empty() ? " -x" : " -x -a '" + joined(option.choices) + "'";
+        line += option.isPath            ? " -r -F"
+                : option.choices.empty() ? " -x"
+                                         : " -x -a '" + joined(option.choices) + "'";
     return line + " -d '" + escapedFor(option.description, "'\\") + "'\n";
 }
 

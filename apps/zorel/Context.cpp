@@ -12,7 +12,8 @@ namespace zorel::cli {
 namespace {
 /// Prayer id whose name belongs to a position of PrayerTimes, 0 when the language files have none.
 std::int32_t prayerIdOf(int index) {
-    constexpr std::array<std::int32_t, 16> ids{200, 201, 202, 203, 204, 205, 207, 0, 206, 208, 0, 0, 0, 0, 0, 0};
+    constexpr std::array<std::int32_t, 16> ids{200, 201, 202, 203, 204, 205, 207, 0,
+                                               206, 208, 0,   0,   0,   0,   0,   0};
     return ids[static_cast<std::size_t>(index)];
 }
 
@@ -60,10 +61,16 @@ std::string Context::nameOf(int index) const {
                    "name the folder that holds the catalogue and the language files with --bundle DIR");
 }
 
-UtcSeconds Context::now() const { return std::chrono::floor<std::chrono::seconds>(zorel::now()); }
+UtcSeconds Context::now() const {
+    return std::chrono::floor<std::chrono::seconds>(zorel::now());
+}
 
-std::string Context::argument() const { return fmt::format("{}", fmt::join(options.words, " ")); }
+std::string Context::argument() const {
+    return fmt::format("{}", fmt::join(options.words, " "));
+}
 
-void Context::note(std::string_view text) const { streams.err << "note: " << text << '\n'; }
+void Context::note(std::string_view text) const {
+    streams.err << "note: " << text << '\n';
+}
 
 } // namespace zorel::cli

@@ -14,8 +14,8 @@ namespace zorel::cli {
 [[nodiscard]] std::string csvField(std::string_view text);
 /// ",fajr,sunrise,...,latitude_lowered_to": the columns that csvTimes fills.
 [[nodiscard]] std::string csvTimesHeader();
-/// Appends offset, the six times and the flags of a day, each with a comma before it. A time is "HH:MM" local, followed
-/// by "+1" when it falls on the next date ("-1": the one before), empty when there is none.
+/// Appends offset, the six times and the flags of a day, each with a comma before it. A time is "HH:MM"
+/// local, followed by "+1" when it falls on the next date ("-1": the one before), empty when there is none.
 void appendCsvTimes(std::string& line, const Day& day, Precision precision);
 
 } // namespace zorel::cli

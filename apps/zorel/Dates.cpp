@@ -19,11 +19,19 @@ constexpr int kFirstYear = 1583;
 constexpr int kLastYear = 9998;
 constexpr int kLongestStep = 400 * 366;
 
-int yearOf(Date date) { return static_cast<int>(date.year()); }
-unsigned monthOf(Date date) { return static_cast<unsigned>(date.month()); }
-unsigned dayOf(Date date) { return static_cast<unsigned>(date.day()); }
+int yearOf(Date date) {
+    return static_cast<int>(date.year());
+}
+unsigned monthOf(Date date) {
+    return static_cast<unsigned>(date.month());
+}
+unsigned dayOf(Date date) {
+    return static_cast<unsigned>(date.day());
+}
 
-bool inRange(Date date) { return date.ok() && yearOf(date) >= kFirstYear && yearOf(date) <= kLastYear; }
+bool inRange(Date date) {
+    return date.ok() && yearOf(date) >= kFirstYear && yearOf(date) <= kLastYear;
+}
 
 std::optional<Date> scanDate(Scanner& scan) {
     const auto year = scan.digits(4);
@@ -88,9 +96,13 @@ std::optional<Date> parseStep(std::string_view text, Date today) {
 }
 } // namespace
 
-Date addDays(Date date, int count) { return Date(sys_days(date) + days(count)); }
+Date addDays(Date date, int count) {
+    return Date(sys_days(date) + days(count));
+}
 
-std::int64_t daysBetween(Date first, Date last) { return (sys_days(last) - sys_days(first)).count(); }
+std::int64_t daysBetween(Date first, Date last) {
+    return (sys_days(last) - sys_days(first)).count();
+}
 
 DateTimeRecord engineDate(Date date) {
     return DateRecordMake(static_cast<std::int32_t>(dayOf(date)), static_cast<std::int32_t>(monthOf(date)),
@@ -107,7 +119,9 @@ DateTimeRecord engineInstant(UtcSeconds instant) {
     return record;
 }
 
-std::string isoDate(Date date) { return fmt::format("{:04}-{:02}-{:02}", yearOf(date), monthOf(date), dayOf(date)); }
+std::string isoDate(Date date) {
+    return fmt::format("{:04}-{:02}-{:02}", yearOf(date), monthOf(date), dayOf(date));
+}
 
 std::optional<Date> parseDate(std::string_view text, Date today) {
     if (text == "today")
@@ -163,7 +177,8 @@ std::string isoDateTime(Date date, seconds timeOfDay, seconds offset) {
 
 std::string basicUtc(UtcSeconds instant) {
     const DateTimeRecord at = engineInstant(instant);
-    return fmt::format("{:04}{:02}{:02}T{:02}{:02}{:02}Z", at.year, at.month, at.day, at.hour, at.minute, at.second);
+    return fmt::format("{:04}{:02}{:02}T{:02}{:02}{:02}Z", at.year, at.month, at.day, at.hour, at.minute,
+                       at.second);
 }
 
 } // namespace zorel::cli

@@ -1,7 +1,7 @@
 // SPDX-License-Identifier: Apache-2.0
 /// @file
-/// Civil dates and instants of the command line. Gregorian calendar, years 1583 to 9998; instants in whole seconds
-/// of universal time, so that no date of that span overflows.
+/// Civil dates and instants of the command line. Gregorian calendar, years 1583 to 9998; instants in whole
+/// seconds of universal time, so that no date of that span overflows.
 #pragma once
 
 #include "engine/Records.h"
@@ -27,8 +27,8 @@ using UtcSeconds = std::chrono::sys_time<std::chrono::seconds>;
 /// "2026-11-21".
 [[nodiscard]] std::string isoDate(Date date);
 
-/// "2026-11-21", "today", "tomorrow", "yesterday", "+3" or "-3" (days from today). Nothing for any other text, a date
-/// that does not exist, or one outside 1583 to 9998.
+/// "2026-11-21", "today", "tomorrow", "yesterday", "+3" or "-3" (days from today). Nothing for any other
+/// text, a date that does not exist, or one outside 1583 to 9998.
 [[nodiscard]] std::optional<Date> parseDate(std::string_view text, Date today);
 /// A date as parseDate; anything else ends the command. `option` names the culprit ("--date").
 [[nodiscard]] Date requireDate(std::string_view text, Date today, std::string_view option);
@@ -40,7 +40,8 @@ struct IsoMoment {
     std::optional<std::chrono::seconds> offset;
 };
 
-/// "2026-11-21T15:04", with ":05" seconds, "T" or a blank, "Z", "+03:00", "+0300" or "+03"; or a time alone, "15:04".
+/// "2026-11-21T15:04", with ":05" seconds, "T" or a blank, "Z", "+03:00", "+0300" or "+03"; or a time alone,
+/// "15:04".
 [[nodiscard]] std::optional<IsoMoment> parseMoment(std::string_view text);
 
 /// "2026-11-21T15:04:00+03:00"; a zero offset is written "+00:00".

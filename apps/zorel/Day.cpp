@@ -7,7 +7,9 @@
 namespace zorel::cli {
 
 namespace {
-double hours(std::chrono::seconds time) { return static_cast<double>(time.count()) / 3600.0; }
+double hours(std::chrono::seconds time) {
+    return static_cast<double>(time.count()) / 3600.0;
+}
 
 /// How far east a zone must be moved so that no time of the day comes before midnight [h]; 0 when none did.
 double detourFor(const PrayerTimes& times) {
@@ -34,19 +36,30 @@ void dropNightsWithoutEnds(PrayerTimes& times) {
         times.times[static_cast<std::size_t>(index)] = kNoSolarEvent;
 }
 
-/// The zone [h] with whole days taken off, so that noon falls on the date itself: some places east of the date line
-/// keep the date of the west (Samoa: 172 degrees west, UTC+13).
+/// The zone [h] with whole days taken off, so that noon falls on the date itself: some places east of the
+/// date line keep the date of the west (Samoa: 172 degrees west, UTC+13).
 double zoneOfSameDate(const Place& place, double zone) {
     return zone - 24.0 * std::round((zone - place.longitude / 15.0) / 24.0);
 }
 } // namespace
 
 std::string_view keyOf(int index) {
-    constexpr std::array<std::string_view, 16> keys{
-        "fajr",         "sunrise",    "dhuhr",           "asr",
-        "maghrib",      "isha",       "asr_second",      "isha_second",
-        "morning_five_degrees", "afternoon_five_degrees", "before_noon", "last_sixth_of_night",
-        "",             "",           "middle_of_night", "first_third_of_night"};
+    constexpr std::array<std::string_view, 16> keys{"fajr",
+                                                    "sunrise",
+                                                    "dhuhr",
+                                                    "asr",
+                                                    "maghrib",
+                                                    "isha",
+                                                    "asr_second",
+                                                    "isha_second",
+                                                    "morning_five_degrees",
+                                                    "afternoon_five_degrees",
+                                                    "before_noon",
+                                                    "last_sixth_of_night",
+                                                    "",
+                                                    "",
+                                                    "middle_of_night",
+                                                    "first_third_of_night"};
     return keys[static_cast<std::size_t>(index)];
 }
 

@@ -17,15 +17,17 @@
 namespace zorel::cli {
 
 /// The six times that have names of their own everywhere, in the order of a day.
-inline constexpr std::array<int, 6> kPrayerIndices{PrayerTimes::dawn,      PrayerTimes::sunrise, PrayerTimes::noon,
-                                                   PrayerTimes::afternoon, PrayerTimes::sunset,  PrayerTimes::nightfall};
+inline constexpr std::array<int, 6> kPrayerIndices{PrayerTimes::dawn,   PrayerTimes::sunrise,
+                                                   PrayerTimes::noon,   PrayerTimes::afternoon,
+                                                   PrayerTimes::sunset, PrayerTimes::nightfall};
 /// The other times of the record that a person can use, in the order of a day.
 inline constexpr std::array<int, 8> kOtherIndices{
-    PrayerTimes::lastSixthOfNight,   PrayerTimes::morningFiveDegrees,   PrayerTimes::transitMinusTemkin,
-    PrayerTimes::secondAfternoon,    PrayerTimes::afternoonFiveDegrees, PrayerTimes::secondNightfall,
-    PrayerTimes::firstThirdOfNight,  PrayerTimes::middleOfNight};
+    PrayerTimes::lastSixthOfNight,  PrayerTimes::morningFiveDegrees,   PrayerTimes::transitMinusTemkin,
+    PrayerTimes::secondAfternoon,   PrayerTimes::afternoonFiveDegrees, PrayerTimes::secondNightfall,
+    PrayerTimes::firstThirdOfNight, PrayerTimes::middleOfNight};
 
-/// The stable name of a position of PrayerTimes in JSON and CSV ("fajr"); empty for positions that are not shown.
+/// The stable name of a position of PrayerTimes in JSON and CSV ("fajr"); empty for positions that are not
+/// shown.
 [[nodiscard]] std::string_view keyOf(int index);
 
 struct Day {
@@ -40,10 +42,11 @@ struct Day {
 /// Runs the engine for whole days. One object for each thread; it may go from place to place and day to day.
 class DayComputer {
 public:
-    /// The engine's times of a day, with three corrections that the engine leaves to whoever shows them: a time before
-    /// midnight is given by the engine as itself plus one hour, so such a day is computed a second time with a zone
-    /// further east and moved back; places whose clock is a day away from their meridian (Samoa) get the times of the
-    /// date itself, not of the next; parts of a night that has no beginning or no end do not exist.
+    /// The engine's times of a day, with three corrections that the engine leaves to whoever shows them: a
+    /// time before midnight is given by the engine as itself plus one hour, so such a day is computed a
+    /// second time with a zone further east and moved back; places whose clock is a day away from their
+    /// meridian (Samoa) get the times of the date itself, not of the next; parts of a night that has no
+    /// beginning or no end do not exist.
     [[nodiscard]] Day compute(const Place& place, Date date, Precision precision = Precision::minutes);
 
     [[nodiscard]] FastAstro& engine() { return engine_; }

@@ -4,7 +4,9 @@
 namespace zorel::cli {
 
 namespace {
-Json dateOrNull(const std::optional<Date>& date) { return date ? Json(isoDate(*date)) : Json(nullptr); }
+Json dateOrNull(const std::optional<Date>& date) {
+    return date ? Json(isoDate(*date)) : Json(nullptr);
+}
 } // namespace
 
 Json placeJson(const Context& context, const Place& place) {

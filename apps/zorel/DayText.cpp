@@ -71,7 +71,9 @@ std::string ezaniText(const Day& day, int index) {
 
 std::string flagsText(const Context& context, const DayFlags& flags) {
     std::string text;
-    const auto add = [&](const std::string& sentence) { text += "  ! " + context.style.warning(sentence) + '\n'; };
+    const auto add = [&](const std::string& sentence) {
+        text += "  ! " + context.style.warning(sentence) + '\n';
+    };
     const auto addTaken = [&](int index, const std::optional<Date>& date) {
         if (date)
             add(fmt::format("{}: {} {}", context.nameOf(index), context.word(Word::takenFrom),

@@ -17,7 +17,8 @@ struct DayTextParts {
     bool others = true;
     bool ezani = false;
     std::vector<EventTime> sunAtQibla;
-    const NextPrayer* next = nullptr; ///< marks the next time and says how long it is away; nullptr: another day
+    const NextPrayer* next =
+        nullptr; ///< marks the next time and says how long it is away; nullptr: another day
 };
 
 /// "15:04", "00:12 +1" when the time falls on another date than `date`, or "none today".

@@ -9,12 +9,12 @@ namespace {
 const std::map<std::string, std::vector<std::string>>& examples() {
     static const std::map<std::string, std::vector<std::string>> table{
         {"",
-         {"zorel today Ankara  # a place of the catalogue by its name",
-          "zorel today  # the home city",
+         {"zorel today Ankara  # a place of the catalogue by its name", "zorel today  # the home city",
           "zorel today 69.65,18.96,Europe/Oslo  # any point of the Earth",
           "zorel widget --follow  # one line of JSON at each change, for a status bar"}},
         {"today",
-         {"zorel today Istanbul", "zorel today \"Paris, Texas\" --json", "zorel today 745044 --date 2026-12-21 --ezani",
+         {"zorel today Istanbul", "zorel today \"Paris, Texas\" --json",
+          "zorel today 745044 --date 2026-12-21 --ezani",
           "zorel today Oslo --explain  # why is this minute different?"}},
         {"tomorrow", {"zorel tomorrow Konya --short"}},
         {"table",

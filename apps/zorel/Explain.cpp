@@ -21,14 +21,15 @@ std::string exactText(const PrayTimeExplanation& explanation) {
     if (!explanation.occurs || !std::isfinite(explanation.time))
         return "-";
     const auto seconds = std::llround(std::abs(explanation.time) * 3600.0);
-    return fmt::format("{}{:02}:{:02}:{:02}", explanation.time < 0.0 ? "-" : "", seconds / 3600, seconds / 60 % 60,
-                       seconds % 60);
+    return fmt::format("{}{:02}:{:02}:{:02}", explanation.time < 0.0 ? "-" : "", seconds / 3600,
+                       seconds / 60 % 60, seconds % 60);
 }
 
 std::string altitudeText(const Context& context, double degrees) {
     if (degrees == 0.0)
         return std::string(context.word(Word::sunAtHorizon));
-    return fmt::format("{} {:.0f}°", context.word(degrees < 0.0 ? Word::sunBelow : Word::sunAbove), std::abs(degrees));
+    return fmt::format("{} {:.0f}°", context.word(degrees < 0.0 ? Word::sunBelow : Word::sunAbove),
+                       std::abs(degrees));
 }
 
 std::string nightText(const Context& context, const PrayTimeExplanation& explanation) {
@@ -78,19 +79,20 @@ std::string roundsText(const PrayTimeExplanation& explanation) {
 }
 
 Json oneJson(const PrayTimeExplanation& explanation) {
-    return Json{{"name", keyOf(explanation.index)},
-                {"rule", ruleKey(explanation.rule)},
-                {"altitude", explanation.rule == PrayTimeRule::altitude || explanation.rule == PrayTimeRule::shadow
-                                 ? Json(explanation.targetAltitude)
-                                 : Json(nullptr)},
-                {"shadow_factor", explanation.shadowFactor == 0 ? Json(nullptr) : Json(explanation.shadowFactor)},
-                {"part_of_night", explanation.partOfNight == 0.0 ? Json(nullptr) : Json(explanation.partOfNight)},
-                {"temkin_seconds", std::llround(explanation.temkin * 3600.0)},
-                {"addition_seconds", std::llround(explanation.addition * 3600.0)},
-                {"rounds", explanation.rounds},
-                {"date", isoDate(dateOf(explanation.date))},
-                {"latitude", explanation.latitude},
-                {"exact", explanation.occurs ? Json(exactText(explanation)) : Json(nullptr)}};
+    return Json{
+        {"name", keyOf(explanation.index)},
+        {"rule", ruleKey(explanation.rule)},
+        {"altitude", explanation.rule == PrayTimeRule::altitude || explanation.rule == PrayTimeRule::shadow
+                         ? Json(explanation.targetAltitude)
+                         : Json(nullptr)},
+        {"shadow_factor", explanation.shadowFactor == 0 ? Json(nullptr) : Json(explanation.shadowFactor)},
+        {"part_of_night", explanation.partOfNight == 0.0 ? Json(nullptr) : Json(explanation.partOfNight)},
+        {"temkin_seconds", std::llround(explanation.temkin * 3600.0)},
+        {"addition_seconds", std::llround(explanation.addition * 3600.0)},
+        {"rounds", explanation.rounds},
+        {"date", isoDate(dateOf(explanation.date))},
+        {"latitude", explanation.latitude},
+        {"exact", explanation.occurs ? Json(exactText(explanation)) : Json(nullptr)}};
 }
 } // namespace
 
@@ -111,14 +113,16 @@ std::string explainText(const Context& context, const std::vector<PrayTimeExplan
         return {};
     TextTable table("lrlrrrlr");
     const auto head = [&](Word which) { return std::string(context.word(which)); };
-    table.add({"", head(Word::exactTime), head(Word::rule), "temkin", head(Word::addition), head(Word::rounds),
-               head(Word::dateWord), head(Word::latitude)},
+    table.add({"", head(Word::exactTime), head(Word::rule), "temkin", head(Word::addition),
+               head(Word::rounds), head(Word::dateWord), head(Word::latitude)},
               TextTable::Emphasis::dim);
     for (const PrayTimeExplanation& explanation : explanations)
         table.add({context.nameOf(explanation.index), exactText(explanation), ruleText(context, explanation),
-                   minutesText(explanation.temkin), minutesText(explanation.addition), roundsText(explanation),
-                   isoDate(dateOf(explanation.date)), fmt::format("{:.2f}°", explanation.latitude)});
-    return '\n' + context.style.bold(context.word(Word::explanation)) + '\n' + table.text(context.style, "  ");
+                   minutesText(explanation.temkin), minutesText(explanation.addition),
+                   roundsText(explanation), isoDate(dateOf(explanation.date)),
+                   fmt::format("{:.2f}°", explanation.latitude)});
+    return '\n' + context.style.bold(context.word(Word::explanation)) + '\n' +
+           table.text(context.style, "  ");
 }
 
 Json explainJson(const std::vector<PrayTimeExplanation>& explanations) {

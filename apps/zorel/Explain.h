@@ -15,7 +15,8 @@
 namespace zorel::cli {
 
 /// The engine's explanations of every time that is shown, in the order of the table.
-[[nodiscard]] std::vector<PrayTimeExplanation> explainDay(DayComputer& computer, const Place& place, const Day& day);
+[[nodiscard]] std::vector<PrayTimeExplanation> explainDay(DayComputer& computer, const Place& place,
+                                                          const Day& day);
 /// A table with a heading; empty without explanations.
 [[nodiscard]] std::string explainText(const Context& context,
                                       const std::vector<PrayTimeExplanation>& explanations);

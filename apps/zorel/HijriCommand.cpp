@@ -18,10 +18,12 @@ std::string halfYearText(const Context& context, const AllCalendarRecord& calend
 void printText(const Context& context, Date date, const AllCalendarRecord& calendars) {
     TextTable table("ll");
     const std::string hijri = hijriText(calendars, context.language);
-    table.add({std::string(context.word(Word::hijri)), hijri.empty() ? "-" : hijri}, TextTable::Emphasis::bold);
+    table.add({std::string(context.word(Word::hijri)), hijri.empty() ? "-" : hijri},
+              TextTable::Emphasis::bold);
     table.add({std::string(context.word(Word::rumi)), rumiText(calendars, context.language)});
     context.streams.out << context.style.bold(longDate(date, context.language)) << '\n'
-                        << table.text(context.style, "  ") << "  " << halfYearText(context, calendars) << '\n';
+                        << table.text(context.style, "  ") << "  " << halfYearText(context, calendars)
+                        << '\n';
 }
 } // namespace
 

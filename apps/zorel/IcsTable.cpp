@@ -15,7 +15,8 @@ struct ComponentFree {
 using Component = std::unique_ptr<icalcomponent, ComponentFree>;
 
 icaltimetype utcTime(UtcSeconds instant) {
-    return icaltime_from_timet_with_zone(instant.time_since_epoch().count(), 0, icaltimezone_get_utc_timezone());
+    return icaltime_from_timet_with_zone(instant.time_since_epoch().count(), 0,
+                                         icaltimezone_get_utc_timezone());
 }
 
 icalproperty* extension(const char* name, const std::string& value) {

@@ -16,8 +16,8 @@ struct IcsEntry {
     UtcSeconds start{};
 };
 
-/// RFC 5545 with the calendar's name and refresh interval of RFC 7986 (and their older X- forms). Every entry is one
-/// minute long, transparent, in universal time, without an alarm. `made`: the DTSTAMP of all entries.
+/// RFC 5545 with the calendar's name and refresh interval of RFC 7986 (and their older X- forms). Every entry
+/// is one minute long, transparent, in universal time, without an alarm. `made`: the DTSTAMP of all entries.
 [[nodiscard]] std::string icsDocument(const std::string& calendarName, const std::string& location,
                                       const std::vector<IcsEntry>& entries, UtcSeconds made);
 

@@ -47,9 +47,9 @@ std::string roffItem(const std::string& term, const std::string& description) {
 }
 
 std::string roffCommand(const CommandHelp& command) {
-    std::string text = command.name.empty() ? ".SH OPTIONS\nThese may stand anywhere.\n"
-                                            : fmt::format(".SS {}\n{}.\n", roff(synopsis(command)),
-                                                          roff(command.description));
+    std::string text = command.name.empty()
+                           ? ".SH OPTIONS\nThese may stand anywhere.\n"
+                           : fmt::format(".SS {}\n{}.\n", roff(synopsis(command)), roff(command.description));
     for (const OptionHelp& positional : command.positionals)
         text += roffItem(positional.argument, positional.description);
     for (const OptionHelp& option : command.options) {
@@ -75,15 +75,21 @@ const std::vector<Section>& sections() {
     static const std::vector<Section> list{
         {"PLACES",
          {},
-         "A place is a name of the catalogue in any of its spellings, narrowed down by region or country where that "
-         "helps (\"Paris, Texas\"); a catalogue id, which zorel search prints; or a point LAT,LON[,ZONE] in decimal "
-         "degrees (41.01,28.97 or 41.01N,28.97E), whose ZONE is an IANA name (Europe/Istanbul) or an offset (+3, "
-         "-03:30). Places of the catalogue follow the catalogue's own clock rule; a point follows the system's time "
+         "A place is a name of the catalogue in any of its spellings, narrowed down by region or country "
+         "where that "
+         "helps (\"Paris, Texas\"); a catalogue id, which zorel search prints; or a point LAT,LON[,ZONE] in "
+         "decimal "
+         "degrees (41.01,28.97 or 41.01N,28.97E), whose ZONE is an IANA name (Europe/Istanbul) or an offset "
+         "(+3, "
+         "-03:30). Places of the catalogue follow the catalogue's own clock rule; a point follows the "
+         "system's time "
          "zone data, and without ZONE the system's own zone."},
         {"ROUNDING",
          {},
-         "Times are shown in whole minutes. Dawn, sunrise, the time before noon, the afternoon 5 degree time, the "
-         "night's first third and its middle go to the earlier minute, all others to the later one: nobody eats after "
+         "Times are shown in whole minutes. Dawn, sunrise, the time before noon, the afternoon 5 degree "
+         "time, the "
+         "night's first third and its middle go to the earlier minute, all others to the later one: nobody "
+         "eats after "
          "dawn, nobody prays before a prayer's time. With --seconds the same holds for whole seconds."},
         {"EXIT STATUS",
          {{"0", "the question was answered"},
@@ -153,10 +159,11 @@ std::string markdownSection(const Section& section) {
 
 std::string manualPage() {
     const auto commands = describeCommands();
-    std::string text = fmt::format(".TH ZOREL 1 \"\" \"zorel {}\" \"User Commands\"\n.SH NAME\nzorel \\- {}\n"
-                                   ".SH SYNOPSIS\n.B zorel\n[OPTIONS] COMMAND\n.SH DESCRIPTION\n{}\n.SH COMMANDS\n",
-                                   kZorelVersion, "prayer times, alarms, Sun and Moon in a terminal",
-                                   roff(commands.front().description));
+    std::string text =
+        fmt::format(".TH ZOREL 1 \"\" \"zorel {}\" \"User Commands\"\n.SH NAME\nzorel \\- {}\n"
+                    ".SH SYNOPSIS\n.B zorel\n[OPTIONS] COMMAND\n.SH DESCRIPTION\n{}\n.SH COMMANDS\n",
+                    kZorelVersion, "prayer times, alarms, Sun and Moon in a terminal",
+                    roff(commands.front().description));
     for (std::size_t i = 1; i < commands.size(); ++i)
         text += roffCommand(commands[i]);
     text += roffCommand(commands.front());
@@ -170,10 +177,11 @@ std::string manualPage() {
 
 std::string manualMarkdown() {
     const auto commands = describeCommands();
-    std::string text = fmt::format("# zorel: the command line\n\n{}\n\nThis page is printed by `zorel manual "
-                                   "--markdown`; the manual page `zorel(1)` and the help texts come from the same "
-                                   "source.\n\n{}",
-                                   commands.front().description, markdownCommand(commands.front()));
+    std::string text =
+        fmt::format("# zorel: the command line\n\n{}\n\nThis page is printed by `zorel manual "
+                    "--markdown`; the manual page `zorel(1)` and the help texts come from the same "
+                    "source.\n\n{}",
+                    commands.front().description, markdownCommand(commands.front()));
     for (const Section& section : sections())
         text += '\n' + markdownSection(section);
     text += "\n## Commands\n";

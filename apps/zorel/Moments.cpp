@@ -21,7 +21,8 @@ double julianDayOf(UtcSeconds instant) {
 }
 
 Observer observerOf(const Place& place, Date date) {
-    return {place.latitude, place.longitude, static_cast<double>(place.clock.offsetOn(date).count()) / 3600.0};
+    return {place.latitude, place.longitude,
+            static_cast<double>(place.clock.offsetOn(date).count()) / 3600.0};
 }
 
 EventTime nearestMinute(const Place& place, Date date, const std::optional<double>& hour) {

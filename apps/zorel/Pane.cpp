@@ -42,9 +42,13 @@ std::vector<const City*> Pane::cities() const {
     return cities;
 }
 
-const City* Pane::home() const { return controller_->homeCity(); }
+const City* Pane::home() const {
+    return controller_->homeCity();
+}
 
-void Pane::add(const City& city) { controller_->delegateAddCityView_AddTapped(city); }
+void Pane::add(const City& city) {
+    controller_->delegateAddCityView_AddTapped(city);
+}
 
 void Pane::makeHome(std::int32_t cityId) {
     const Settings settings;
@@ -58,7 +62,9 @@ void Pane::remove(std::size_t row) {
                                     {kCitySection, static_cast<int>(row)});
 }
 
-AlarmInfo Pane::alarm(std::int32_t prayerId) const { return controller_->dbFuncs().getAlarmInfo(prayerId); }
+AlarmInfo Pane::alarm(std::int32_t prayerId) const {
+    return controller_->dbFuncs().getAlarmInfo(prayerId);
+}
 
 std::string Pane::eventId(std::int32_t prayerId) const {
     const auto database = Database::openUser(controller_->dbFuncs().userDBPath());
@@ -76,8 +82,12 @@ bool Pane::edit(std::int32_t prayerId, Change change, const std::function<void(A
     return report(*controller_, view, change) == 0;
 }
 
-AlarmView& Pane::editor() const { return controller_->alarmView(); }
+AlarmView& Pane::editor() const {
+    return controller_->alarmView();
+}
 
-void Pane::refresh() { controller_->dbFuncs().setAllAlarms(*controller_->homeCity()); }
+void Pane::refresh() {
+    controller_->dbFuncs().setAllAlarms(*controller_->homeCity());
+}
 
 } // namespace zorel::cli

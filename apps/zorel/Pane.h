@@ -1,7 +1,7 @@
 // SPDX-License-Identifier: Apache-2.0
 /// @file
-/// The settings pane without a window: every change of cities and alarms goes through its controller, so that the
-/// pane's rules hold in the terminal too.
+/// The settings pane without a window: every change of cities and alarms goes through its controller, so that
+/// the pane's rules hold in the terminal too.
 #pragma once
 
 #include "store/AlarmRecords.h"
@@ -23,7 +23,8 @@ namespace zorel::cli {
 
 class Pane {
 public:
-    /// Opens the pane: makes the user database if there is none, loads the cities, computes the home city's times.
+    /// Opens the pane: makes the user database if there is none, loads the cities, computes the home city's
+    /// times.
     Pane();
     Pane(const Pane&) = delete;
     Pane& operator=(const Pane&) = delete;
@@ -41,10 +42,11 @@ public:
     [[nodiscard]] AlarmInfo alarm(std::int32_t prayerId) const;
     /// Calendar event that carries an alarm; empty when there is none.
     [[nodiscard]] std::string eventId(std::int32_t prayerId) const;
-    /// Loads an alarm into the editor, lets `edit` change what the user would change, and reports it to the controller
-    /// as the editor does. False when the controller refuses (no city, or the alarm is off).
+    /// Loads an alarm into the editor, lets `edit` change what the user would change, and reports it to the
+    /// controller as the editor does. False when the controller refuses (no city, or the alarm is off).
     enum class Change { on, off, offset, ringtone, duration };
-    [[nodiscard]] bool edit(std::int32_t prayerId, Change change, const std::function<void(AlarmView&)>& edit);
+    [[nodiscard]] bool edit(std::int32_t prayerId, Change change,
+                            const std::function<void(AlarmView&)>& edit);
     /// The editor with its lists of ringtones and durations.
     [[nodiscard]] AlarmView& editor() const;
     /// Moves every active alarm to its next occurrence by the home city's times.

@@ -8,8 +8,8 @@
 namespace zorel::cli {
 
 std::string pointText(double latitude, double longitude) {
-    return fmt::format("{:.4f} {}, {:.4f} {}", std::abs(latitude), latitude < 0.0 ? 'S' : 'N', std::abs(longitude),
-                       longitude < 0.0 ? 'W' : 'E');
+    return fmt::format("{:.4f} {}, {:.4f} {}", std::abs(latitude), latitude < 0.0 ? 'S' : 'N',
+                       std::abs(longitude), longitude < 0.0 ? 'W' : 'E');
 }
 
 std::string placeText(const Place& place, Language language) {

@@ -20,7 +20,9 @@ constexpr std::size_t kMostMatches = 2000;
 constexpr std::size_t kMostNamed = 5;
 constexpr std::size_t kShortestName = 3;
 
-std::string folded(const std::string& text) { return lowerCase(text); }
+std::string folded(const std::string& text) {
+    return lowerCase(text);
+}
 
 bool containsFolded(const std::string& text, const std::string& wantedFolded) {
     return folded(text).find(wantedFolded) != std::string::npos;
@@ -33,7 +35,8 @@ bool liesWithin(const City& city, const std::string& part) {
 }
 
 bool liesWithinAll(const City& city, const std::vector<std::string>& parts) {
-    return std::all_of(parts.begin(), parts.end(), [&](const std::string& part) { return liesWithin(city, part); });
+    return std::all_of(parts.begin(), parts.end(),
+                       [&](const std::string& part) { return liesWithin(city, part); });
 }
 
 std::string cityText(const City& city, Language language) {
@@ -70,8 +73,9 @@ void tellAboutOthers(const Context& context, const std::vector<City>& matches) {
 Place placeOfName(const Context& context, const PlaceByName& wanted) {
     const auto matches = citiesByName(context, wanted);
     if (matches.empty())
-        throw CliError(Exit::noResult, fmt::format("no place {} in the catalogue", quote(context.argument())),
-                       "try another spelling or a part of the name (zorel search TEXT), or give LAT,LON,ZONE");
+        throw CliError(
+            Exit::noResult, fmt::format("no place {} in the catalogue", quote(context.argument())),
+            "try another spelling or a part of the name (zorel search TEXT), or give LAT,LON,ZONE");
     tellAboutOthers(context, matches);
     return placeOfId(context, integerValue(matches.front().cityId));
 }
@@ -88,7 +92,8 @@ Place placeOfPoint(const PlaceByCoordinates& point) {
     place.latitude = point.latitude;
     place.longitude = point.longitude;
     place.clock = clockOf(point.zone);
-    place.zoneName = std::holds_alternative<std::monostate>(point.zone) ? systemZoneName() : place.clock.zoneName();
+    place.zoneName =
+        std::holds_alternative<std::monostate>(point.zone) ? systemZoneName() : place.clock.zoneName();
     return place;
 }
 
@@ -101,9 +106,10 @@ Place defaultPlace(const Context& context) {
     if (!largest)
         throw CliError(Exit::badUse, "no place was given and there is no home city",
                        "give a place (zorel today Ankara) or choose one for good: zorel cities add Ankara");
-    context.note(fmt::format("no home city yet, so the largest place of {} is taken; choose yours with: zorel cities "
-                             "add NAME",
-                             zone));
+    context.note(
+        fmt::format("no home city yet, so the largest place of {} is taken; choose yours with: zorel cities "
+                    "add NAME",
+                    zone));
     return placeOf(*largest);
 }
 
@@ -126,8 +132,9 @@ std::vector<City> citiesByName(const Context& context, const PlaceByName& wanted
 }
 
 Place resolvePlace(const Context& context) {
-    Place place = context.options.words.empty() ? defaultPlace(context)
-                                                : std::visit(Resolve{context}, parsePlaceSpec(context.argument()));
+    Place place = context.options.words.empty()
+                      ? defaultPlace(context)
+                      : std::visit(Resolve{context}, parsePlaceSpec(context.argument()));
     if (context.options.temkin != 0)
         place.highTemkin = context.options.temkin == 500;
     return place;
@@ -139,8 +146,8 @@ std::int32_t homeCityId() {
     const int code = sqlite3_open_v2(path.c_str(), &opened, SQLITE_OPEN_READONLY, nullptr);
     const std::unique_ptr<sqlite3, int (*)(sqlite3*)> database(opened, sqlite3_close);
     sqlite3_stmt* prepared = nullptr;
-    if (code != SQLITE_OK ||
-        sqlite3_prepare_v2(opened, "SELECT ID, SETASHOME FROM USER_CITY", -1, &prepared, nullptr) != SQLITE_OK)
+    if (code != SQLITE_OK || sqlite3_prepare_v2(opened, "SELECT ID, SETASHOME FROM USER_CITY", -1, &prepared,
+                                                nullptr) != SQLITE_OK)
         return 0;
     const std::unique_ptr<sqlite3_stmt, int (*)(sqlite3_stmt*)> rows(prepared, sqlite3_finalize);
     std::int32_t first = 0;

@@ -13,8 +13,8 @@
 
 namespace zorel::cli {
 
-/// The place that the argument names; without one the home city, else the largest place of the system's time zone.
-/// Says on the error stream which place was taken when several have its name.
+/// The place that the argument names; without one the home city, else the largest place of the system's time
+/// zone. Says on the error stream which place was taken when several have its name.
 /// @throws CliError: no result (nothing found), bad use, data trouble (no catalogue).
 [[nodiscard]] Place resolvePlace(const Context& context);
 
@@ -22,8 +22,8 @@ namespace zorel::cli {
 /// @throws CliError: bad use (fewer than three characters), data trouble (no catalogue).
 [[nodiscard]] std::vector<City> citiesByName(const Context& context, const PlaceByName& wanted);
 
-/// The catalogue id of the home city, read from the user database by the pane's rule: the first city marked as home,
-/// else the first one; 0 when there is none.
+/// The catalogue id of the home city, read from the user database by the pane's rule: the first city marked
+/// as home, else the first one; 0 when there is none.
 [[nodiscard]] std::int32_t homeCityId();
 
 } // namespace zorel::cli

@@ -68,8 +68,8 @@ double requireDegrees(std::string_view text, char plus, char minus, double large
     if (value && std::abs(*value) <= largest)
         return *value;
     throw CliError(Exit::badUse,
-                   fmt::format("{} {} is not a number of degrees from -{:.0f} to {:.0f}", what, quote(text), largest,
-                               largest),
+                   fmt::format("{} {} is not a number of degrees from -{:.0f} to {:.0f}", what, quote(text),
+                               largest, largest),
                    "write a point as 41.01,28.97 or 41.01,28.97,Europe/Istanbul");
 }
 

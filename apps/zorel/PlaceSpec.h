@@ -36,8 +36,8 @@ struct PlaceByCoordinates {
 
 using PlaceSpec = std::variant<PlaceById, PlaceByName, PlaceByCoordinates>;
 
-/// Reads the argument. @throws CliError (bad use) when it is empty, longer than 200 bytes, or a point outside the
-/// Earth; never touches a file.
+/// Reads the argument. @throws CliError (bad use) when it is empty, longer than 200 bytes, or a point outside
+/// the Earth; never touches a file.
 [[nodiscard]] PlaceSpec parsePlaceSpec(std::string_view text);
 
 /// "+3", "-03:30", "+0545", "5.5", "UTC+3", "Z" and the like, -14 to +14 hours; nothing when it is no offset.

@@ -32,8 +32,9 @@ void Progress::update(std::int64_t done, const std::string& detail) {
     shown_ = true;
     const double part = static_cast<double>(done) / static_cast<double>(total_);
     const double seconds = std::chrono::duration<double>(time - start_).count();
-    const std::string line = fmt::format("{} {} of {} {}, {:.0f} per second{}{}", bar(part), done, total_, what_,
-                                         static_cast<double>(done) / seconds, detail.empty() ? "" : ", ", detail);
+    const std::string line =
+        fmt::format("{} {} of {} {}, {:.0f} per second{}{}", bar(part), done, total_, what_,
+                    static_cast<double>(done) / seconds, detail.empty() ? "" : ", ", detail);
     err_ << (terminal_ ? "\r\x1b[K" : "") << line << (terminal_ ? "" : "\n") << std::flush;
 }
 

@@ -10,8 +10,8 @@
 
 namespace zorel::cli {
 
-/// On a terminal one line that is written over and over, from half a second on; elsewhere a line every ten seconds.
-/// Work that is done sooner shows nothing.
+/// On a terminal one line that is written over and over, from half a second on; elsewhere a line every ten
+/// seconds. Work that is done sooner shows nothing.
 class Progress {
 public:
     /// @param total steps of the whole work. @param what their name ("places").

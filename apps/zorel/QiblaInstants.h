@@ -11,12 +11,12 @@
 
 namespace zorel::cli {
 
-/// Great-circle bearing of the Kaaba [deg], true, clockwise from north, in [0, 360); nothing within about a hundred
-/// metres of the Kaaba, where every direction is the qibla.
+/// Great-circle bearing of the Kaaba [deg], true, clockwise from north, in [0, 360); nothing within about a
+/// hundred metres of the Kaaba, where every direction is the qibla.
 [[nodiscard]] std::optional<double> qiblaBearing(const Place& place);
 
-/// The instants of a local day at which the Sun, above the horizon, stands in the direction of the qibla, to the
-/// nearest minute; often none.
+/// The instants of a local day at which the Sun, above the horizon, stands in the direction of the qibla, to
+/// the nearest minute; often none.
 [[nodiscard]] std::vector<EventTime> sunAtQiblaInstants(const Place& place, Date date);
 
 } // namespace zorel::cli

@@ -47,7 +47,7 @@ std::vector<Phase> phasesAfter(const Place& place, UtcSeconds instant) {
     std::vector<Phase> phases;
     for (const PrincipalPhase& phase : NextPhases(julianDayOf(instant), kPhases)) {
         const auto nearest = std::chrono::floor<std::chrono::minutes>(instantOfJulianDay(phase.julianDay) +
-                                                                     std::chrono::seconds(30));
+                                                                      std::chrono::seconds(30));
         phases.push_back({phase.kind, eventAt(place.clock, nearest)});
     }
     return phases;
@@ -154,15 +154,16 @@ std::string phasesText(const Context& context, const Sky& sky) {
     TextTable table("lr");
     for (const Phase& phase : sky.phases)
         table.add({std::string(context.word(phaseWord(phase.kind))),
-                   fmt::format("{}  {}", isoDate(phase.at.date), clockText(phase.at.timeOfDay, Precision::minutes))});
+                   fmt::format("{}  {}", isoDate(phase.at.date),
+                               clockText(phase.at.timeOfDay, Precision::minutes))});
     return context.style.bold(context.word(Word::nextPhases)) + '\n' + table.text(context.style, "  ");
 }
 
 void printText(const Context& context, const Sky& sky) {
     context.streams.out << context.style.bold(placeText(sky.place, context.language)) << '\n'
                         << longDate(sky.at.date, context.language) << "  "
-                        << clockText(sky.at.timeOfDay, Precision::minutes) << "  UTC" << isoOffset(sky.at.offset)
-                        << "\n\n"
+                        << clockText(sky.at.timeOfDay, Precision::minutes) << "  UTC"
+                        << isoOffset(sky.at.offset) << "\n\n"
                         << sunText(context, sky) << '\n'
                         << moonText(context, sky) << '\n'
                         << phasesText(context, sky);

@@ -15,7 +15,9 @@ struct Character {
 
 /// The first character of UTF-8 text; a malformed byte counts as one character.
 Character firstCharacter(std::string_view text) {
-    const auto byte = [&](std::size_t i) { return static_cast<std::uint32_t>(static_cast<unsigned char>(text[i])); };
+    const auto byte = [&](std::size_t i) {
+        return static_cast<std::uint32_t>(static_cast<unsigned char>(text[i]));
+    };
     const std::uint32_t lead = byte(0);
     const std::size_t length = lead < 0xC0 ? 1 : lead < 0xE0 ? 2 : lead < 0xF0 ? 3 : 4;
     if (length == 1 || length > text.size())
@@ -30,8 +32,8 @@ Character firstCharacter(std::string_view text) {
 }
 
 bool isCombining(std::uint32_t code) {
-    return (code >= 0x300 && code <= 0x36F) || (code >= 0x483 && code <= 0x489) || (code >= 0x64B && code <= 0x65F) ||
-           code == 0x200D || (code >= 0xFE00 && code <= 0xFE0F);
+    return (code >= 0x300 && code <= 0x36F) || (code >= 0x483 && code <= 0x489) ||
+           (code >= 0x64B && code <= 0x65F) || code == 0x200D || (code >= 0xFE00 && code <= 0xFE0F);
 }
 
 bool isWide(std::uint32_t code) {
@@ -58,7 +60,8 @@ bool coloursWanted(std::string_view choice, bool terminal) {
     if (choice != "auto")
         return choice == "always";
     const char* kind = std::getenv("TERM");
-    return terminal && !isSetAndNotEmpty("NO_COLOR") && !(kind != nullptr && std::string_view(kind) == "dumb");
+    return terminal && !isSetAndNotEmpty("NO_COLOR") &&
+           !(kind != nullptr && std::string_view(kind) == "dumb");
 }
 
 std::size_t displayWidth(std::string_view text) {

@@ -26,11 +26,12 @@ private:
     bool colours_;
 };
 
-/// Whether colours go out: "always", "never", or "auto" (a terminal, NO_COLOR unset or empty, TERM not "dumb").
+/// Whether colours go out: "always", "never", or "auto" (a terminal, NO_COLOR unset or empty, TERM not
+/// "dumb").
 [[nodiscard]] bool coloursWanted(std::string_view choice, bool terminal);
 
-/// Columns that a terminal's fixed-width font takes for UTF-8 text: one for each character, none for combining
-/// marks, two for East Asian wide characters.
+/// Columns that a terminal's fixed-width font takes for UTF-8 text: one for each character, none for
+/// combining marks, two for East Asian wide characters.
 [[nodiscard]] std::size_t displayWidth(std::string_view text);
 
 /// Rows of cells printed in aligned columns, two blanks between them. Rows may have different emphasis.

@@ -21,7 +21,8 @@ namespace zorel::cli {
 namespace {
 constexpr std::size_t kBlock = 512;
 
-/// Places go in, lines come out in the same order: blocks are computed on all processors while the next ones are read.
+/// Places go in, lines come out in the same order: blocks are computed on all processors while the next ones
+/// are read.
 class Batch {
 public:
     Batch(const Context& context, Date date) : context_(context), date_(date) {}
@@ -80,9 +81,8 @@ private:
     void launch() {
         if (block_.empty())
             return;
-        running_.push_back(std::async(std::launch::async, [this, places = std::move(block_)] {
-            return compute(places);
-        }));
+        running_.push_back(
+            std::async(std::launch::async, [this, places = std::move(block_)] { return compute(places); }));
         block_.clear();
         if (running_.size() > 2 * std::max(1U, std::thread::hardware_concurrency()))
             writeFirst();

@@ -47,7 +47,8 @@ void eachDay(const Context& context, const Place& place, const Range& range,
     DayComputer computer;
     Progress progress(context.streams.err, context.streams.errIsTerminal, range.days, "days");
     for (std::int64_t i = 0; i < range.days; ++i) {
-        const Day day = computer.compute(place, addDays(range.first, static_cast<int>(i)), precisionOf(context));
+        const Day day =
+            computer.compute(place, addDays(range.first, static_cast<int>(i)), precisionOf(context));
         use(computer, day);
         progress.update(i + 1);
     }
@@ -71,11 +72,13 @@ void printJson(const Context& context, const Place& place, const Range& range) {
                             {"times", timesJson(day, kPrayerIndices)},
                             {"flags", flagsJson(flagsOf(computer, place, day))}});
     });
-    writeJson(context, Json{{"schema", "zorel/table/1"}, {"place", placeJson(context, place)}, {"days", days}});
+    writeJson(context,
+              Json{{"schema", "zorel/table/1"}, {"place", placeJson(context, place)}, {"days", days}});
 }
 
 std::string uidPlace(const Place& place) {
-    return place.id != 0 ? fmt::format("{}", place.id) : fmt::format("{:.4f}_{:.4f}", place.latitude, place.longitude);
+    return place.id != 0 ? fmt::format("{}", place.id)
+                         : fmt::format("{:.4f}_{:.4f}", place.latitude, place.longitude);
 }
 
 void printIcs(const Context& context, const Place& place, const Range& range) {

@@ -114,15 +114,17 @@ void printJson(const Context& context, const Report& report) {
     writeJson(context, document);
 }
 
-/// The catalogue's clock rule is a year or more old when it is used; the system's time zone data may know better.
+/// The catalogue's clock rule is a year or more old when it is used; the system's time zone data may know
+/// better.
 void compareClocks(const Context& context, const Place& place, Date date) {
     const auto known = systemClock(place.zoneName);
     if (place.clock.rule() == nullptr || !known || known->offsetOn(date) == place.clock.offsetOn(date))
         return;
-    context.note(fmt::format("the catalogue's clock rule gives UTC{} here on {}, the system's time zone data for {} "
-                             "UTC{}; for the latter give {:.4f},{:.4f},{}",
-                             isoOffset(place.clock.offsetOn(date)), isoDate(date), place.zoneName,
-                             isoOffset(known->offsetOn(date)), place.latitude, place.longitude, place.zoneName));
+    context.note(
+        fmt::format("the catalogue's clock rule gives UTC{} here on {}, the system's time zone data for {} "
+                    "UTC{}; for the latter give {:.4f},{:.4f},{}",
+                    isoOffset(place.clock.offsetOn(date)), isoDate(date), place.zoneName,
+                    isoOffset(known->offsetOn(date)), place.latitude, place.longitude, place.zoneName));
 }
 
 Exit show(const Context& context, int daysAhead) {
@@ -140,8 +142,12 @@ Exit show(const Context& context, int daysAhead) {
 }
 } // namespace
 
-Exit runToday(const Context& context) { return show(context, 0); }
+Exit runToday(const Context& context) {
+    return show(context, 0);
+}
 
-Exit runTomorrow(const Context& context) { return show(context, 1); }
+Exit runTomorrow(const Context& context) {
+    return show(context, 1);
+}
 
 } // namespace zorel::cli

@@ -18,7 +18,9 @@ WallClockTimer::WallClockTimer() : descriptor_(timerfd_create(CLOCK_REALTIME, TF
         throw CliError(Exit::dataTrouble, "the system gives no timer", "try again without --follow");
 }
 
-WallClockTimer::~WallClockTimer() { close(descriptor_); }
+WallClockTimer::~WallClockTimer() {
+    close(descriptor_);
+}
 
 Woken WallClockTimer::sleepUntil(UtcSeconds instant, int output) const {
     itimerspec setting{};

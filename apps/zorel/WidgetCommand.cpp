@@ -8,7 +8,8 @@
 namespace zorel::cli {
 
 namespace {
-/// Prints whenever the line becomes another one, until the reader goes away or the program is ended by a signal.
+/// Prints whenever the line becomes another one, until the reader goes away or the program is ended by a
+/// signal.
 Exit follow(const Context& context, const Place& place) {
     const WallClockTimer timer;
     DayComputer computer;

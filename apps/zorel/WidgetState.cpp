@@ -21,7 +21,8 @@ constexpr minutes kNowLasts(5);
 std::string textOf(const Context& context, const NextPrayer& next, Date today, UtcSeconds instant) {
     if (next.index < 0)
         return std::string(context.word(Word::noneToday));
-    std::string text = fmt::format("{} {}", context.nameOf(next.index), eventText(context, next.event, today));
+    std::string text =
+        fmt::format("{} {}", context.nameOf(next.index), eventText(context, next.event, today));
     if (context.options.countdown)
         text += fmt::format(" ({})", durationText(next.event.utc - instant, context.language));
     return text;
@@ -31,7 +32,8 @@ std::string tooltipOf(const Context& context, const Place& place, const Day& day
     TextTable table("lr");
     for (const int index : kPrayerIndices)
         table.add({context.nameOf(index), eventText(context, day.event(index), day.date)});
-    std::string text = fmt::format("{}\n{}\n", placeText(place, context.language), longDate(day.date, context.language));
+    std::string text =
+        fmt::format("{}\n{}\n", placeText(place, context.language), longDate(day.date, context.language));
     if (const std::string hijri = hijriText(calendarsOf(day.date), context.language); !hijri.empty())
         text += hijri + '\n';
     text += table.text(Style(false));
@@ -73,11 +75,13 @@ UtcSeconds earliestAfter(UtcSeconds instant, std::initializer_list<UtcSeconds> c
     return earliest;
 }
 
-UtcSeconds nextChangeOf(const Context& context, const Place& place, const NextPrayer& next, UtcSeconds instant) {
+UtcSeconds nextChangeOf(const Context& context, const Place& place, const NextPrayer& next,
+                        UtcSeconds instant) {
     const UtcSeconds minute = std::chrono::floor<minutes>(instant) + minutes(1);
-    return earliestAfter(instant, {next.event.utc, next.event.utc - minutes(context.options.soon),
-                                   next.previousEvent.utc + kNowLasts, nextPercent(next, instant),
-                                   nextMidnight(place, instant), context.options.countdown ? minute : instant});
+    return earliestAfter(instant,
+                         {next.event.utc, next.event.utc - minutes(context.options.soon),
+                          next.previousEvent.utc + kNowLasts, nextPercent(next, instant),
+                          nextMidnight(place, instant), context.options.countdown ? minute : instant});
 }
 } // namespace
 
@@ -97,14 +101,16 @@ int percentageOf(const NextPrayer& next, UtcSeconds instant) {
     return static_cast<int>(std::clamp<std::int64_t>(over * 100 / std::max<std::int64_t>(span, 1), 0, 100));
 }
 
-WidgetState widgetState(const Context& context, DayComputer& computer, const Place& place, UtcSeconds instant) {
+WidgetState widgetState(const Context& context, DayComputer& computer, const Place& place,
+                        UtcSeconds instant) {
     const NextPrayer next = nextPrayer(computer, place, instant);
     const Day day = computer.compute(place, place.clock.dateAt(instant));
     const Json line{{"text", textOf(context, next, day.date, instant)},
                     {"tooltip", tooltipOf(context, place, day)},
                     {"class", className(nearnessOf(next, instant, minutes(context.options.soon)))},
                     {"percentage", percentageOf(next, instant)}};
-    return {line.dump(-1, ' ', false, Json::error_handler_t::replace), nextChangeOf(context, place, next, instant)};
+    return {line.dump(-1, ' ', false, Json::error_handler_t::replace),
+            nextChangeOf(context, place, next, instant)};
 }
 
 } // namespace zorel::cli

@@ -40,7 +40,8 @@ constexpr std::array<Pair, static_cast<std::size_t>(Word::count_)> kWords{{
     {"day of the Kasım half-year", "Kasım günü"},
     {"now", "şimdi"},
     {"home", "ev"},
-    {"No cities yet. Add one with: zorel cities add NAME", "Henüz şehir yok. Eklemek için: zorel cities add AD"},
+    {"No cities yet. Add one with: zorel cities add NAME",
+     "Henüz şehir yok. Eklemek için: zorel cities add AD"},
     {"on", "açık"},
     {"off", "kapalı"},
     {"next day", "ertesi gün"},
@@ -78,7 +79,8 @@ constexpr std::array<Pair, static_cast<std::size_t>(Word::count_)> kWords{{
     {"this is the Kaaba itself: every direction is the qibla", "burası Kâbe: her yön kıbledir"},
     {"extrapolated", "aralığın dışına uzatıldı"},
     {"no sunrise or sunset there that day: computed at a lower latitude (see: zorel today --date)",
-     "o gün orada güneş doğmuyor ya da batmıyor: daha düşük bir enlemde hesaplandı (bkz. zorel today --date)"},
+     "o gün orada güneş doğmuyor ya da batmıyor: daha düşük bir enlemde hesaplandı (bkz. zorel today "
+     "--date)"},
     {"the sky did not get dark enough: taken from an earlier day (see: zorel today --date)",
      "gök yeterince kararmadı: daha önceki bir günden alındı (bkz. zorel today --date)"},
     {"Sun below the horizon by", "Güneş ufkun altında"},
@@ -157,13 +159,21 @@ std::string_view entry(const std::array<Pair, Size>& table, int index, Language 
 }
 } // namespace
 
-std::string_view word(Word which, Language language) { return entry(kWords, static_cast<int>(which), language); }
+std::string_view word(Word which, Language language) {
+    return entry(kWords, static_cast<int>(which), language);
+}
 
-std::string_view hijriMonthName(int month, Language language) { return entry(kHijriMonths, month - 1, language); }
+std::string_view hijriMonthName(int month, Language language) {
+    return entry(kHijriMonths, month - 1, language);
+}
 
-std::string_view rumiMonthName(int month, Language language) { return entry(kRumiMonths, month - 1, language); }
+std::string_view rumiMonthName(int month, Language language) {
+    return entry(kRumiMonths, month - 1, language);
+}
 
-std::string_view weekdayName(int weekday, Language language) { return entry(kWeekdays, weekday, language); }
+std::string_view weekdayName(int weekday, Language language) {
+    return entry(kWeekdays, weekday, language);
+}
 
 std::string dayAndMonth(Date date, Language language) {
     const int month = static_cast<int>(static_cast<unsigned>(date.month()));

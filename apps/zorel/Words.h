@@ -1,7 +1,7 @@
 // SPDX-License-Identifier: Apache-2.0
 /// @file
-/// The command line's own words, in English and Turkish. Prayer names are not here: they come from the bundle's
-/// language files.
+/// The command line's own words, in English and Turkish. Prayer names are not here: they come from the
+/// bundle's language files.
 #pragma once
 
 #include "Dates.h"
@@ -13,8 +13,8 @@
 
 namespace zorel::cli {
 
-/// Language of the command line's sentences. French and German users get the bundle's prayer names in their language
-/// and English sentences.
+/// Language of the command line's sentences. French and German users get the bundle's prayer names in their
+/// language and English sentences.
 enum class Language { english, turkish };
 
 enum class Word {

@@ -49,8 +49,8 @@ seconds ruleOffset(const RuleClock& rule, Date date) {
         std::int32_t start = 0;
         std::int32_t stop = 0;
         const DateTimeRecord day = engineDate(date);
-        saving = AstroGlobalFuncs().IsDSTDay(rule.startDay, rule.startMonth, rule.stopDay, rule.stopMonth, day.year,
-                                             day.month, day.day, start, stop);
+        saving = AstroGlobalFuncs().IsDSTDay(rule.startDay, rule.startMonth, rule.stopDay, rule.stopMonth,
+                                             day.year, day.month, day.day, start, stop);
     }
     return seconds(std::lround((rule.gmt + (saving ? 1.0 : 0.0)) * 3600.0));
 }

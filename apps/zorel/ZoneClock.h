@@ -13,7 +13,8 @@
 
 namespace zorel::cli {
 
-/// The catalogue's rule: a standard offset and a daylight-saving rule that holds for whole days, as the engine does.
+/// The catalogue's rule: a standard offset and a daylight-saving rule that holds for whole days, as the
+/// engine does.
 struct RuleClock {
     double gmt = 0.0; ///< [h] east positive, may be fractional
     int dst = 0;      ///< 1: the rule applies
@@ -34,8 +35,8 @@ struct NamedClock {
     std::string zone;
 };
 
-/// Offsets of one place. Those of a named zone are remembered per day, because the C library reads the zone's file
-/// again at every change of zone.
+/// Offsets of one place. Those of a named zone are remembered per day, because the C library reads the zone's
+/// file again at every change of zone.
 class ZoneClock {
 public:
     ZoneClock() : kind_(FixedClock{}) {}

@@ -1,5 +1,6 @@
 // SPDX-License-Identifier: Apache-2.0
-// Prints the sunset prayer of today for a place of the catalogue:  next-sunset BUNDLE-FOLDER NAME YEAR MONTH DAY
+// Prints the sunset prayer of today for a place of the catalogue:  next-sunset BUNDLE-FOLDER NAME YEAR MONTH
+// DAY
 #include "common/GlobalFuncs.h"
 #include "engine/FastAstro.h"
 #include "platform/foundation/Locations.h"

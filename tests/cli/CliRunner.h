@@ -20,7 +20,9 @@ struct CliResult {
     std::string err;
 };
 
-inline std::string builtBundle() { return std::string(ZOREL_BINARY_DIR) + "/share/zorel/Zorel.bundle"; }
+inline std::string builtBundle() {
+    return std::string(ZOREL_BINARY_DIR) + "/share/zorel/Zorel.bundle";
+}
 
 /// The words of a command line; double quotes keep blanks together.
 inline std::vector<std::string> splitWords(const std::string& line) {

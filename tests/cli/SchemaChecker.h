@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: Apache-2.0
 /// @file
-/// Checks a JSON document against a JSON Schema: the keywords that docs/zorel.schema.json uses, and no others.
+/// Checks a JSON document against a JSON Schema: the keywords that docs/zorel.schema.json uses, and no
+/// others.
 #pragma once
 
 #include <nlohmann/json.hpp>
@@ -28,9 +29,9 @@ public:
 
     /// Keywords of a schema that this checker would silently ignore.
     static std::set<std::string> unknownKeywords(const Json& schema) {
-        static const std::set<std::string> known{"type", "properties", "required", "additionalProperties", "items",
-                                                 "enum", "const",      "pattern",  "minimum",              "maximum",
-                                                 "$ref"};
+        static const std::set<std::string> known{"type",    "properties", "required", "additionalProperties",
+                                                 "items",   "enum",       "const",    "pattern",
+                                                 "minimum", "maximum",    "$ref"};
         std::set<std::string> unknown;
         for (const auto& [key, value] : schema.items()) {
             if (!known.contains(key))

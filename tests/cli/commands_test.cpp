@@ -1,5 +1,6 @@
 // SPDX-License-Identifier: Apache-2.0
-// What the commands say about each other: tables against days, parts against the whole, calendars read by others.
+// What the commands say about each other: tables against days, parts against the whole, calendars read by
+// others.
 #include "CliRunner.h"
 
 #include <gtest/gtest.h>
@@ -132,15 +133,17 @@ TEST(CliIcs, KhalReadsItAndShowsTheLocalTimes) {
     const TemporaryFolder& folder = run.folder;
     writeFile(folder.path("times.ics"), run("table Istanbul --from 2026-11-21 --to 2026-11-22 --ics").out);
     std::filesystem::create_directories(folder.path("calendar"));
-    writeFile(folder.path("khal.conf"), "[calendars]\n[[c]]\npath = " + folder.path("calendar") +
-                                            "\n[locale]\ntimeformat = %H:%M\ndateformat = %Y-%m-%d\n"
-                                            "longdateformat = %Y-%m-%d\ndatetimeformat = %Y-%m-%d %H:%M\n"
-                                            "longdatetimeformat = %Y-%m-%d %H:%M\nlocal_timezone = Europe/Istanbul\n"
-                                            "default_timezone = Europe/Istanbul\n[default]\n"
-                                            "[sqlite]\npath = " +
-                                            folder.path("khal.db") + "\n");
+    writeFile(folder.path("khal.conf"),
+              "[calendars]\n[[c]]\npath = " + folder.path("calendar") +
+                  "\n[locale]\ntimeformat = %H:%M\ndateformat = %Y-%m-%d\n"
+                  "longdateformat = %Y-%m-%d\ndatetimeformat = %Y-%m-%d %H:%M\n"
+                  "longdatetimeformat = %Y-%m-%d %H:%M\nlocal_timezone = Europe/Istanbul\n"
+                  "default_timezone = Europe/Istanbul\n[default]\n"
+                  "[sqlite]\npath = " +
+                  folder.path("khal.db") + "\n");
     const std::string khal = "HOME=" + folder.path() + " LC_ALL=C.UTF-8 khal -c " + folder.path("khal.conf");
-    const std::string imported = outputOf(khal + " import --batch -a c " + folder.path("times.ics") + " 2>&1");
+    const std::string imported =
+        outputOf(khal + " import --batch -a c " + folder.path("times.ics") + " 2>&1");
     const std::string shown =
         outputOf(khal + " list --format '{start-time} {title}' --day-format '' 2026-11-21 1d 2>&1");
     const auto lines = linesOf(shown);
@@ -166,7 +169,8 @@ TEST(CliPlaces, NamesAreFoundInEverySpelling) {
 
 TEST(CliPlaces, AttemptsAtInjectionFindNothing) {
     CliRunner run;
-    for (const char* text : {"' OR 1=1 --", "%' UNION SELECT 1,2,3,4,5,6 --", "'; DROP TABLE CITY; --", "%%%", "___"}) {
+    for (const char* text :
+         {"' OR 1=1 --", "%' UNION SELECT 1,2,3,4,5,6 --", "'; DROP TABLE CITY; --", "%%%", "___"}) {
         const CliResult result = run("search \"" + std::string(text) + "\" --limit 3");
         EXPECT_TRUE(result.code == 0 || result.code == 1) << text << result.err;
     }

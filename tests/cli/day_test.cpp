@@ -56,7 +56,8 @@ TEST(CliClock, TheZoneOfTheProcessIsLeftAsItWas) {
 }
 
 TEST(CliClock, ZonesThatDoNotExistAreRefused) {
-    for (const char* zone : {"Europe/Nowhere", "../../etc/passwd", "/etc/passwd", "Europe", "Europe//Oslo", "a b", "\n"})
+    for (const char* zone :
+         {"Europe/Nowhere", "../../etc/passwd", "/etc/passwd", "Europe", "Europe//Oslo", "a b", "\n"})
         EXPECT_THROW(ZoneClock(NamedClock{zone}), CliError) << zone;
 }
 
@@ -140,7 +141,8 @@ TEST(CliDay, NothingOfADayStaysInTheNext) {
     DayComputer reused;
     EXPECT_TRUE(reused.compute(oslo, date(2026, 6, 21)).record.dawnFromOtherDay);
     DayComputer fresh;
-    EXPECT_EQ(reused.compute(oslo, date(2026, 12, 21)).record, fresh.compute(oslo, date(2026, 12, 21)).record);
+    EXPECT_EQ(reused.compute(oslo, date(2026, 12, 21)).record,
+              fresh.compute(oslo, date(2026, 12, 21)).record);
 }
 
 TEST(CliDay, ADawnBeforeMidnightIsNotMovedIntoTheHourAfterIt) {
@@ -157,8 +159,10 @@ TEST(CliDay, ADawnBeforeMidnightIsNotMovedIntoTheHourAfterIt) {
 
 TEST(CliDay, PlacesBeyondTheDateLineHaveTheTimesOfTheirOwnDate) {
     DayComputer computer;
-    const Day apia = computer.compute(pointAt(-13.83, -171.77, ZoneClock(FixedClock{13h})), date(2026, 11, 21));
-    const Day sameSky = computer.compute(pointAt(-13.83, -171.77, ZoneClock(FixedClock{-11h})), date(2026, 11, 21));
+    const Day apia =
+        computer.compute(pointAt(-13.83, -171.77, ZoneClock(FixedClock{13h})), date(2026, 11, 21));
+    const Day sameSky =
+        computer.compute(pointAt(-13.83, -171.77, ZoneClock(FixedClock{-11h})), date(2026, 11, 21));
     for (const int index : kPrayerIndices) {
         EXPECT_EQ(apia.event(index).date, date(2026, 11, 21)) << index;
         EXPECT_EQ(apia.event(index).timeOfDay, sameSky.event(index).timeOfDay) << index;

@@ -1,5 +1,6 @@
 // SPDX-License-Identifier: Apache-2.0
-// Every way to fail: the exit code, a message that names what is wrong, and a hint what to do. Nothing on the output.
+// Every way to fail: the exit code, a message that names what is wrong, and a hint what to do. Nothing on the
+// output.
 #include "CliRunner.h"
 
 #include <gtest/gtest.h>
@@ -66,7 +67,8 @@ TEST(CliErrors, EachSaysWhatIsWrongAndWhatToDo) {
     };
     for (const ErrorCase& expected : cases) {
         CliRunner run;
-        run.common = std::string(expected.line).find("--now") == std::string::npos ? run.common : "--color auto";
+        run.common =
+            std::string(expected.line).find("--now") == std::string::npos ? run.common : "--color auto";
         const CliResult result = run(expected.line);
         EXPECT_EQ(result.code, expected.code) << expected.line << '\n' << result.err;
         EXPECT_NE(result.err.find(expected.says), std::string::npos) << expected.line << '\n' << result.err;
@@ -105,10 +107,12 @@ TEST(CliErrors, ABrokenCatalogueIsDataTroubleOrNoResultButNeverACrash) {
     const std::string bundle = run.folder.path("Broken.bundle");
     std::filesystem::copy(std::string(ZOREL_SOURCE_DIR) + "/resources/Zorel.bundle", bundle,
                           std::filesystem::copy_options::recursive);
-    for (const std::string& content : {std::string(), std::string("not a database"), std::string(4096, '\0')}) {
+    for (const std::string& content :
+         {std::string(), std::string("not a database"), std::string(4096, '\0')}) {
         writeFile(bundle + "/database/cities.sqlite", content);
         for (const char* word : {"Ankara", "745044"}) {
-            const int code = run.plain({"--bundle", bundle, "--data-dir", run.folder.path("d"), "today", word}).code;
+            const int code =
+                run.plain({"--bundle", bundle, "--data-dir", run.folder.path("d"), "today", word}).code;
             EXPECT_TRUE(code == 1 || code == 3) << code;
         }
     }

@@ -1,6 +1,6 @@
 // SPDX-License-Identifier: Apache-2.0
-// Command lines and their whole output, one file each in tests/data/cli: "# zone NAME", "$ zorel ...", the output, and
-// at the end "? CODE" with the exit code; lines of the error stream begin with "! ".
+// Command lines and their whole output, one file each in tests/data/cli: "# zone NAME", "$ zorel ...", the
+// output, and at the end "? CODE" with the exit code; lines of the error stream begin with "! ".
 // ZOREL_WRITE_GOLDEN=1 writes the files anew; read the difference before committing it.
 #include "CliRunner.h"
 
@@ -53,7 +53,8 @@ std::string outcome(const CliResult& result) {
 
 std::vector<std::string> casePaths() {
     std::vector<std::string> paths;
-    for (const auto& entry : std::filesystem::directory_iterator(std::string(ZOREL_SOURCE_DIR) + "/tests/data/cli")) {
+    for (const auto& entry :
+         std::filesystem::directory_iterator(std::string(ZOREL_SOURCE_DIR) + "/tests/data/cli")) {
         if (entry.path().extension() == ".case")
             paths.push_back(entry.path().string());
     }

@@ -10,7 +10,9 @@ namespace {
 
 using Json = nlohmann::json;
 
-Json schema() { return Json::parse(readFile(std::string(ZOREL_SOURCE_DIR) + "/docs/zorel.schema.json")); }
+Json schema() {
+    return Json::parse(readFile(std::string(ZOREL_SOURCE_DIR) + "/docs/zorel.schema.json"));
+}
 
 void expectValid(const std::string& definition, const std::string& text) {
     const Json document = Json::parse(text, nullptr, false);

@@ -19,7 +19,9 @@ using cli::CommandHelp;
 using cli::describeCommands;
 using cli::OptionHelp;
 
-std::string fromSource(const std::string& path) { return readFile(std::string(ZOREL_SOURCE_DIR) + '/' + path); }
+std::string fromSource(const std::string& path) {
+    return readFile(std::string(ZOREL_SOURCE_DIR) + '/' + path);
+}
 
 std::string withoutEscapes(std::string text) {
     std::string result;
@@ -139,7 +141,8 @@ TEST(CliPages, BashCompletes) {
 TEST(CliPages, TheManualPageIsGoodRoff) {
     const TemporaryFolder folder;
     writeFile(folder.path("zorel.1"), cli::manualPage());
-    const std::string warnings = outputOf("groff -K utf8 -man -Tutf8 -ww -z " + folder.path("zorel.1") + " 2>&1");
+    const std::string warnings =
+        outputOf("groff -K utf8 -man -Tutf8 -ww -z " + folder.path("zorel.1") + " 2>&1");
     EXPECT_EQ(warnings, "");
     EXPECT_NE(outputOf("groff -K utf8 -man -Tutf8 " + folder.path("zorel.1") + " 2>/dev/null").find("widget"),
               std::string::npos);
@@ -154,7 +157,8 @@ TEST(CliPages, CompletionsNameEveryCommandAndOption) {
         EXPECT_NE(fish.find(last), std::string::npos) << last;
         for (const OptionHelp& option : command.options) {
             EXPECT_NE(zsh.find(option.names.back()), std::string::npos) << option.names.back();
-            EXPECT_NE(fish.find(" -l " + option.names.back().substr(2)), std::string::npos) << option.names.back();
+            EXPECT_NE(fish.find(" -l " + option.names.back().substr(2)), std::string::npos)
+                << option.names.back();
         }
     }
 }

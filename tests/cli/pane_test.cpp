@@ -137,10 +137,12 @@ TEST_F(CliPane, RefreshMovesToTheNextDayAndChangesNothingTheSecondTime) {
     EXPECT_NE(first, second);
     ASSERT_EQ(second.size(), 3U);
     EXPECT_EQ(alarm(2)["rings_at"].get<std::string>().substr(0, 10), "2026-11-22");
-    const auto written = std::filesystem::last_write_time(run.folder.path("data/calendar/" + second.begin()->first));
+    const auto written =
+        std::filesystem::last_write_time(run.folder.path("data/calendar/" + second.begin()->first));
     ok("alarms refresh");
     EXPECT_EQ(calendarFiles(), second);
-    EXPECT_EQ(std::filesystem::last_write_time(run.folder.path("data/calendar/" + second.begin()->first)), written);
+    EXPECT_EQ(std::filesystem::last_write_time(run.folder.path("data/calendar/" + second.begin()->first)),
+              written);
 }
 
 TEST_F(CliPane, RefreshWithoutCitiesDoesNothing) {

@@ -19,7 +19,9 @@ using std::chrono::day;
 using std::chrono::month;
 using std::chrono::year;
 
-Date date(int y, unsigned m, unsigned d) { return {year{y}, month{m}, day{d}}; }
+Date date(int y, unsigned m, unsigned d) {
+    return {year{y}, month{m}, day{d}};
+}
 
 const Date kToday = date(2026, 11, 21);
 
@@ -36,8 +38,9 @@ TEST(CliDates, EveryWayToNameADay) {
 }
 
 TEST(CliDates, WhatIsNoDay) {
-    for (const char* text : {"", "2026-02-29", "2026-13-01", "2026-00-10", "2026-1-1", "1582-12-31", "9999-01-01", "26-01-01",
-                             "2026/01/01", "2026-01-01 ", "+", "-", "+x", "+999999999", "-400000", "now", "2026-01-011"})
+    for (const char* text :
+         {"", "2026-02-29", "2026-13-01", "2026-00-10", "2026-1-1", "1582-12-31", "9999-01-01", "26-01-01",
+          "2026/01/01", "2026-01-01 ", "+", "-", "+x", "+999999999", "-400000", "now", "2026-01-011"})
         EXPECT_FALSE(parseDate(text, kToday)) << text;
     EXPECT_THROW((void)requireDate("31.12.2026", kToday, "--date"), CliError);
 }
@@ -53,8 +56,8 @@ TEST(CliDates, Moments) {
     EXPECT_EQ(parseMoment("2026-11-21T15:04+05")->offset, 5h);
     EXPECT_FALSE(parseMoment("00:00")->date);
     EXPECT_FALSE(parseMoment("23:59:59")->offset);
-    for (const char* text : {"", "24:00", "12:60", "12:00:60", "1:00", "2026-11-21", "2026-11-21T", "2026-11-31T10:00",
-                             "12:00+15", "12:00+03:60", "12:00Zx", "12:00 +03"})
+    for (const char* text : {"", "24:00", "12:60", "12:00:60", "1:00", "2026-11-21", "2026-11-21T",
+                             "2026-11-31T10:00", "12:00+15", "12:00+03:60", "12:00Zx", "12:00 +03"})
         EXPECT_FALSE(parseMoment(text)) << text;
 }
 
@@ -67,7 +70,9 @@ TEST(CliDates, IsoTexts) {
     EXPECT_EQ(basicUtc(std::chrono::sys_days(date(9999, 12, 31)) + 86399s), "99991231T235959Z");
 }
 
-PlaceByCoordinates point(std::string_view text) { return std::get<PlaceByCoordinates>(parsePlaceSpec(text)); }
+PlaceByCoordinates point(std::string_view text) {
+    return std::get<PlaceByCoordinates>(parsePlaceSpec(text));
+}
 
 TEST(CliPlaceSpec, Points) {
     EXPECT_DOUBLE_EQ(point("41.01,28.97").latitude, 41.01);
@@ -92,9 +97,10 @@ TEST(CliPlaceSpec, NamesAndIds) {
 
 TEST(CliPlaceSpec, WhatIsNoPlace) {
     const std::string tooLong(201, 'a');
-    for (const std::string& text : {std::string(), std::string("   "), std::string(",,"), std::string("91,0"),
-                                    std::string("0,181"), std::string("1,2,3,4"), std::string("1,x"),
-                                    std::string("1e999,2"), std::string("-nan,1"), std::string("99999999999"), tooLong})
+    for (const std::string& text :
+         {std::string(), std::string("   "), std::string(",,"), std::string("91,0"), std::string("0,181"),
+          std::string("1,2,3,4"), std::string("1,x"), std::string("1e999,2"), std::string("-nan,1"),
+          std::string("99999999999"), tooLong})
         EXPECT_THROW((void)parsePlaceSpec(text), CliError) << text;
 }
 
@@ -107,7 +113,8 @@ TEST(CliPlaceSpec, Offsets) {
     EXPECT_EQ(parseOffset("UTC-2"), -2h);
     EXPECT_EQ(parseOffset("Z"), 0h);
     EXPECT_EQ(parseOffset("+14"), 14h);
-    for (const char* text : {"", "+", "+15", "-14:01", "+3:60", "+0360", "+3:5", "3h", "UTC+", "Etc/GMT-3", "nan", "inf", "1e1x"})
+    for (const char* text : {"", "+", "+15", "-14:01", "+3:60", "+0360", "+3:5", "3h", "UTC+", "Etc/GMT-3",
+                             "nan", "inf", "1e1x"})
         EXPECT_FALSE(parseOffset(text)) << text;
 }
 
