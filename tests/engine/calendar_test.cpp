@@ -74,7 +74,9 @@ TEST(JulianToCalendar, WritesOnlyWhenAsked) {
 
 TEST(JulianToCalendar, EveryDayOfElevenCenturiesComesBack) {
     DateTimeRecord previous = dateOf(midnight(1400, 1, 1) - 1.0);
-    for (double julianDay = midnight(1400, 1, 1); julianDay < midnight(2500, 1, 1); julianDay += 1.0) {
+    const int days = static_cast<int>(midnight(2500, 1, 1) - midnight(1400, 1, 1));
+    for (int day = 0; day < days; ++day) {
+        const double julianDay = midnight(1400, 1, 1) + day;
         const DateTimeRecord date = dateOf(julianDay);
         ASSERT_NE(date, previous);
         ASSERT_EQ(midnight(date.year, date.month, date.day), julianDay) << date.year << '-' << date.month;
@@ -140,7 +142,7 @@ TEST(Numbers, ArcTangentOverTheFullCircle) {
     EXPECT_EQ(calendar.ZArcTan2(0.0, -2.0), 4.71238899230957);
     EXPECT_EQ(calendar.ZArcTan2(-1.0, 0.0), 3.1415927410125732);
     EXPECT_EQ(calendar.ZArcTan2(1.0, -0.0), 0.0);
-    for (double degrees = 1.0; degrees < 360.0; degrees += 7.0) {
+    for (int degrees = 1; degrees < 360; degrees += 7) {
         const double radians = degrees * M_PI / 180.0;
         ASSERT_NEAR(calendar.ZArcTan2(std::cos(radians), std::sin(radians)), radians, 1e-6);
     }

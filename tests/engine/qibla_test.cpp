@@ -105,8 +105,8 @@ TEST(SunAtQibla, NoCrossingIsMissed) {
         const double target = bearing(p.latitude, p.longitude);
         std::size_t crossings = 0;
         double before = std::remainder(sunAzimuth(p, 0.0) - target, 360.0);
-        for (double hour = 0.02; hour < 24.0; hour += 0.02) {
-            const double after = std::remainder(sunAzimuth(p, hour) - target, 360.0);
+        for (int step = 1; step < 1200; ++step) {
+            const double after = std::remainder(sunAzimuth(p, 0.02 * step) - target, 360.0);
             crossings += before * after < 0.0 && std::fabs(before) < 90.0 && std::fabs(after) < 90.0 ? 1 : 0;
             before = after;
         }

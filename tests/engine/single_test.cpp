@@ -56,7 +56,8 @@ template <std::size_t Rows> double plainSum(const std::array<EarthTerm, Rows>& s
 
 TEST(Single, SumsTwoAtATimeHaveTheBitsOfSumsOneByOne) {
     const EarthCompute earth;
-    for (double tau = -12.0; tau < 12.0; tau += 0.01373) {
+    for (int step = 0; step < 1748; ++step) {
+        const double tau = -12.0 + 0.01373 * step;
         ASSERT_EQ(earth._L0(tau), plainSum(kEarthL0, tau));
         ASSERT_EQ(earth._L3(tau), plainSum(kEarthL3, tau));
         ASSERT_EQ(earth._B0(tau), plainSum(kEarthB0, tau));

@@ -40,6 +40,7 @@ std::vector<std::uint64_t> everything(const FastAstro& engine, const PrayerTimes
                                         times.latitudeLowered ? 1.0 : 0.0};
     values.insert(values.end(), fields.begin(), fields.end());
     std::vector<std::uint64_t> bits;
+    bits.reserve(values.size());
     for (double value : values) {
         bits.push_back(std::bit_cast<std::uint64_t>(value));
     }
