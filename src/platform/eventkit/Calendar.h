@@ -11,7 +11,8 @@
 
 namespace zorel {
 
-/// A calendar that keeps events. tests/eventkit/calendar_contract_test.cpp says what every one of them must do.
+/// A calendar that keeps events. tests/eventkit/calendar_contract_test.cpp says what every one of them must
+/// do.
 ///
 /// Identifiers are chosen by the store (an event keeps its own for life). After a failed call the calendar is
 /// as it was before.

@@ -27,8 +27,9 @@ bool sameEvent(const EKEvent& left, const EKEvent& right) {
 }
 
 EKEvent withEndAfterStart(EKEvent event) {
-    if (event.endDate <= event.startDate) {
-        event.endDate = event.startDate + std::chrono::minutes{1};
+    constexpr std::chrono::minutes length{1};
+    if (event.endDate <= event.startDate && event.startDate < Instant::max() - length) {
+        event.endDate = event.startDate + length;
     }
     return event;
 }
