@@ -179,7 +179,7 @@ std::string ZorelSettingsController::summaryOfAlarm(std::int32_t prayerId) const
     if (home == nullptr) {
         return {};
     }
-    const std::string notice = noticeForAlarm(prayerId).value_or(std::string());
+    std::string notice = noticeForAlarm(prayerId).value_or(std::string());
     if (home->getRelevantPrayerTime(prayerId) < 0.0) {
         return notice;
     }
