@@ -135,6 +135,17 @@ TEST(IcsEvent, refusesWhatCannotBeWritten) {
     EXPECT_EQ(icsFromEvent(event, "", kStamp), std::nullopt);
 }
 
+TEST(IcsEvent, readsBackTimesOfFiveCenturies) {
+    for (const int year : {1701, 1869, 1901, 1902, 1969, 2038, 2199}) {
+        EKEvent event = sampleEvent("one");
+        event.startDate = instantFromLocal({year, 12, 30, 18, 38, 50, 0.0});
+        event.endDate = event.startDate + std::chrono::minutes(1);
+        const auto again = eventFromIcs(written(event));
+        ASSERT_TRUE(again) << year;
+        EXPECT_TRUE(sameEvent(*again, event)) << year;
+    }
+}
+
 TEST(IcsEvent, readsTimesInUtc) {
     EXPECT_EQ(utcSeconds(readLines("DTSTART:20260328T033000Z\r\n").startDate), 1774668600);
 }

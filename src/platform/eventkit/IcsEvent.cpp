@@ -28,7 +28,9 @@ std::optional<Instant> instantOf(const icaltimetype& time) {
     // libical takes zones without const, but keeps them as they are.
     const auto zone = const_cast<icaltimezone*>(time.zone);
     const std::int64_t seconds = icaltime_as_timet_with_zone(time, zone);
-    if (std::abs(icaltime_as_timet(time) - seconds) > kLargestOffset) {
+    // Not icaltime_as_timet(time), which knows no year before 1902.
+    const std::int64_t asIfUtc = icaltime_as_timet_with_zone(time, icaltimezone_get_utc_timezone());
+    if (std::abs(asIfUtc - seconds) > kLargestOffset) {
         return std::nullopt;
     }
     return Instant(std::chrono::seconds(seconds));
