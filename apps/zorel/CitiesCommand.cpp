@@ -63,11 +63,11 @@ std::size_t wantedRow(const Context& context, const Pane& pane) {
             std::find_if(cities.begin(), cities.end(), [&](const City* city) { return city->cityId == id; }) -
             cities.begin());
     };
-    const PlaceSpec spec = parsePlaceSpec(context.argument());
-    if (const auto* byId = std::get_if<PlaceById>(&spec)) {
+    const PlaceQuery query = parsePlaceQuery(context.argument());
+    if (const auto* byId = std::get_if<PlaceById>(&query)) {
         if (rowOf(std::to_string(byId->id)) < cities.size())
             return rowOf(std::to_string(byId->id));
-    } else if (const auto* byName = std::get_if<PlaceByName>(&spec)) {
+    } else if (const auto* byName = std::get_if<PlaceByName>(&query)) {
         for (const City& match : citiesByName(context, *byName)) {
             if (rowOf(match.cityId) < cities.size())
                 return rowOf(match.cityId);

@@ -54,8 +54,7 @@ std::string environment(const char* name) {
     return value == nullptr ? std::string() : std::string(value);
 }
 
-/// $XDG_DATA_HOME/zorel; the variable counts only when it holds an absolute path (XDG Base Directory
-/// Specification).
+/// $XDG_DATA_HOME/zorel; the variable counts only when it holds an absolute path (XDG base directories).
 std::string defaultDataDir() {
     const std::string dataHome = environment("XDG_DATA_HOME");
     if (dataHome.starts_with('/'))

@@ -90,7 +90,11 @@ const std::vector<Section>& sections() {
          "time, the "
          "night's first third and its middle go to the earlier minute, all others to the later one: nobody "
          "eats after "
-         "dawn, nobody prays before a prayer's time. With --seconds the same holds for whole seconds."},
+         "dawn, nobody prays before a prayer's time. With --seconds the same holds for whole seconds. "
+         "The engine's own rounding goes to the nearest minute plus a second, which can be too early for a "
+         "prayer, so it "
+         "is not used here. An alarm rings at the beginning of the minute that its time falls in, moved by "
+         "its offset."},
         {"EXIT STATUS",
          {{"0", "the question was answered"},
           {"1", "the question was good, the answer is nothing (no such place)"},

@@ -80,7 +80,7 @@ Place placeOfName(const Context& context, const PlaceByName& wanted) {
     return placeOfId(context, integerValue(matches.front().cityId));
 }
 
-ZoneClock clockOf(const ZoneSpec& zone) {
+ZoneClock clockOf(const ZoneQuery& zone) {
     if (const auto* offset = std::get_if<std::chrono::seconds>(&zone))
         return ZoneClock(FixedClock{*offset});
     const auto* name = std::get_if<std::string>(&zone);
@@ -134,7 +134,7 @@ std::vector<City> citiesByName(const Context& context, const PlaceByName& wanted
 Place resolvePlace(const Context& context) {
     Place place = context.options.words.empty()
                       ? defaultPlace(context)
-                      : std::visit(Resolve{context}, parsePlaceSpec(context.argument()));
+                      : std::visit(Resolve{context}, parsePlaceQuery(context.argument()));
     if (context.options.temkin != 0)
         place.highTemkin = context.options.temkin == 500;
     return place;

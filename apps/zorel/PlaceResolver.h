@@ -5,7 +5,7 @@
 
 #include "Context.h"
 #include "Place.h"
-#include "PlaceSpec.h"
+#include "PlaceQuery.h"
 
 #include "store/City.h"
 

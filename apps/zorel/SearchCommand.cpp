@@ -40,8 +40,8 @@ void printJson(const Context& context, const std::vector<City>& cities, std::siz
 } // namespace
 
 Exit runSearch(const Context& context) {
-    const PlaceSpec spec = parsePlaceSpec(context.argument());
-    const auto* wanted = std::get_if<PlaceByName>(&spec);
+    const PlaceQuery query = parsePlaceQuery(context.argument());
+    const auto* wanted = std::get_if<PlaceByName>(&query);
     if (wanted == nullptr)
         throw CliError(Exit::badUse, fmt::format("{} is not a name", quote(context.argument())),
                        "search for a part of a place's name");

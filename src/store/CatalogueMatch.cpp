@@ -68,19 +68,23 @@ Fit bestFit(std::string_view spellings, std::string_view name, bool large) {
     return best;
 }
 
-std::unordered_map<std::string, Fit> fits(const GlobalFuncs& glbFuncs, const std::string& name) {
+/// Fits of the cities that a search has found, by id.
+std::unordered_map<std::string, Fit> fits(const GlobalFuncs& glbFuncs, const std::string& name,
+                                          const std::vector<City>& cities) {
     std::unordered_map<std::string, Fit> result;
     const auto catalogue = Database::openCatalogue(cataloguePath(glbFuncs));
     if (!catalogue) {
         return result;
     }
     const std::string lower = asciiLowerCase(name);
-    Statement rows = catalogue->prepare(
-        "SELECT C.ID, C.NAMESRC, C.POPULATION FROM CITY C WHERE C.NAMESRC LIKE '%' || ?1 || '%'");
-    sqlite3_bind_text(rows.get(), 1, name.c_str(), -1, SQLITE_TRANSIENT);
-    while (rows.nextRow()) {
-        const bool large = integerValue(rows.text(2)) >= kLargeCity;
-        result[rows.text(0)] = bestFit(asciiLowerCase(rows.text(1)), lower, large);
+    Statement row = catalogue->prepare("SELECT C.NAMESRC, C.POPULATION FROM CITY C WHERE C.ID = ?1");
+    for (const City& city : cities) {
+        sqlite3_reset(row.get());
+        sqlite3_bind_int(row.get(), 1, integerValue(city.cityId));
+        if (row.nextRow()) {
+            const bool large = integerValue(row.text(1)) >= kLargeCity;
+            result[city.cityId] = bestFit(asciiLowerCase(row.text(0)), lower, large);
+        }
     }
     return result;
 }
@@ -98,7 +102,7 @@ std::string withDoubledQuotes(const std::string& text) {
 
 std::vector<City> matchPlaces(const GlobalFuncs& glbFuncs, const std::string& name, std::size_t most) {
     std::vector<City> cities = searchCities(glbFuncs, withDoubledQuotes(name));
-    const auto fitOf = fits(glbFuncs, name);
+    const auto fitOf = fits(glbFuncs, name, cities);
     const auto fit = [&](const City& city) {
         const auto found = fitOf.find(city.cityId);
         return found == fitOf.end() ? contains : found->second;

@@ -3,7 +3,7 @@
 #include "CliError.h"
 #include "Csv.h"
 #include "Dates.h"
-#include "PlaceSpec.h"
+#include "PlaceQuery.h"
 #include "Style.h"
 #include "Words.h"
 
@@ -71,10 +71,10 @@ TEST(CliDates, IsoTexts) {
 }
 
 PlaceByCoordinates point(std::string_view text) {
-    return std::get<PlaceByCoordinates>(parsePlaceSpec(text));
+    return std::get<PlaceByCoordinates>(parsePlaceQuery(text));
 }
 
-TEST(CliPlaceSpec, Points) {
+TEST(CliPlaceQuery, Points) {
     EXPECT_DOUBLE_EQ(point("41.01,28.97").latitude, 41.01);
     EXPECT_DOUBLE_EQ(point("41.01,28.97").longitude, 28.97);
     EXPECT_DOUBLE_EQ(point("-33.87, +151.2").latitude, -33.87);
@@ -87,24 +87,24 @@ TEST(CliPlaceSpec, Points) {
     EXPECT_EQ(std::get<std::chrono::seconds>(point("1,2,+5:45").zone), 5h + 45min);
 }
 
-TEST(CliPlaceSpec, NamesAndIds) {
-    EXPECT_EQ(std::get<PlaceById>(parsePlaceSpec(" 745044 ")).id, 745044);
-    const auto paris = std::get<PlaceByName>(parsePlaceSpec("Paris, Texas / United States"));
+TEST(CliPlaceQuery, NamesAndIds) {
+    EXPECT_EQ(std::get<PlaceById>(parsePlaceQuery(" 745044 ")).id, 745044);
+    const auto paris = std::get<PlaceByName>(parsePlaceQuery("Paris, Texas / United States"));
     EXPECT_EQ(paris.name, "Paris");
     EXPECT_EQ(paris.within, (std::vector<std::string>{"Texas", "United States"}));
-    EXPECT_EQ(std::get<PlaceByName>(parsePlaceSpec("São Paulo")).name, "São Paulo");
+    EXPECT_EQ(std::get<PlaceByName>(parsePlaceQuery("São Paulo")).name, "São Paulo");
 }
 
-TEST(CliPlaceSpec, WhatIsNoPlace) {
+TEST(CliPlaceQuery, WhatIsNoPlace) {
     const std::string tooLong(201, 'a');
     for (const std::string& text :
          {std::string(), std::string("   "), std::string(",,"), std::string("91,0"), std::string("0,181"),
           std::string("1,2,3,4"), std::string("1,x"), std::string("1e999,2"), std::string("-nan,1"),
           std::string("99999999999"), tooLong})
-        EXPECT_THROW((void)parsePlaceSpec(text), CliError) << text;
+        EXPECT_THROW((void)parsePlaceQuery(text), CliError) << text;
 }
 
-TEST(CliPlaceSpec, Offsets) {
+TEST(CliPlaceQuery, Offsets) {
     EXPECT_EQ(parseOffset("+3"), 3h);
     EXPECT_EQ(parseOffset("3"), 3h);
     EXPECT_EQ(parseOffset("-03:30"), -(3h + 30min));

@@ -1,57 +1,73 @@
 // SPDX-License-Identifier: Apache-2.0
-// Whatever is typed as a place, an offset, a date or a moment is either understood or refused with a message.
+// What is typed for a place, a date or a moment: it is understood within its limits or refused with a
+// sentence that is safe to print.
 #include "CliError.h"
 #include "Dates.h"
-#include "PlaceSpec.h"
+#include "PlaceQuery.h"
+#include "ZoneClock.h"
+#include "tests/fuzz/Fuzz.h"
 
+#include <algorithm>
 #include <cmath>
-#include <cstdint>
-#include <cstdlib>
-#include <string_view>
-
-using namespace zorel::cli;
 
 namespace {
 
-void check(bool holds) {
-    if (!holds)
-        std::abort();
+using namespace zorel::cli;
+using zorel::fuzz::require;
+
+constexpr std::chrono::seconds kLargestOffset = std::chrono::hours(14);
+
+struct Check {
+    void operator()(const PlaceById& place) const { require(place.id >= 0); }
+    void operator()(const PlaceByName& place) const {
+        require(!place.name.empty() &&
+                std::find(place.within.begin(), place.within.end(), "") == place.within.end());
+    }
+    void operator()(const PlaceByCoordinates& place) const {
+        require(std::abs(place.latitude) <= 90.0 && std::abs(place.longitude) <= 180.0);
+        if (const auto* offset = std::get_if<std::chrono::seconds>(&place.zone)) {
+            require(std::chrono::abs(*offset) <= kLargestOffset);
+        } else if (const auto* zone = std::get_if<std::string>(&place.zone);
+                   zone != nullptr && systemClock(*zone)) {
+            require(zone->find("..") == std::string::npos && zone->front() != '/');
+        }
+    }
+};
+
+bool isPrintable(const std::string& text) {
+    return std::none_of(text.begin(), text.end(),
+                        [](char c) { return static_cast<unsigned char>(c) < ' ' || c == 127; });
 }
 
 void readPlace(std::string_view text) {
     try {
-        const PlaceSpec place = parsePlaceSpec(text);
-        if (const auto* point = std::get_if<PlaceByCoordinates>(&place)) {
-            check(std::abs(point->latitude) <= 90.0);
-            check(std::abs(point->longitude) <= 180.0);
-        }
-        if (const auto* byName = std::get_if<PlaceByName>(&place))
-            check(!byName->name.empty());
-        if (const auto* byId = std::get_if<PlaceById>(&place))
-            check(byId->id >= 0);
+        std::visit(Check{}, parsePlaceQuery(text));
     } catch (const CliError& error) {
-        check(error.code() == Exit::badUse && !error.hint().empty());
+        require(error.code() == Exit::badUse && isPrintable(error.what()) && !error.hint().empty());
     }
 }
 
-void readDate(std::string_view text) {
-    const Date today{std::chrono::year{2026}, std::chrono::November, std::chrono::day{21}};
-    if (const auto date = parseDate(text, today))
-        check(date->ok());
-    if (const auto moment = parseMoment(text))
-        check(moment->timeOfDay < std::chrono::hours(24));
-    if (const auto offset = parseOffset(text))
-        check(std::chrono::abs(*offset) <= std::chrono::hours(14));
+void readTime(std::string_view text) {
+    constexpr Date today{std::chrono::year(2026), std::chrono::month(11), std::chrono::day(20)};
+    if (const auto date = parseDate(text, today)) {
+        require(date->ok() && date->year() >= std::chrono::year(1583) &&
+                date->year() <= std::chrono::year(9998));
+        require(parseDate(isoDate(*date), today) == date);
+    }
+    if (const auto moment = parseMoment(text)) {
+        require(moment->timeOfDay >= std::chrono::seconds(0) && moment->timeOfDay < std::chrono::hours(24));
+        require(!moment->offset || std::chrono::abs(*moment->offset) <= kLargestOffset);
+    }
 }
 
 } // namespace
 
 extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size) {
-    const std::string_view text(reinterpret_cast<const char*>(data), size);
+    const std::string_view text = zorel::fuzz::textOf(data, size);
     readPlace(text);
-    readDate(text);
-    const std::string shown = quote(text);
-    for (const char character : shown)
-        check(static_cast<unsigned char>(character) >= 0x20U);
+    readTime(text);
+    const auto offset = parseOffset(text);
+    require(!offset || std::chrono::abs(*offset) <= kLargestOffset);
+    require(isPrintable(quote(text)));
     return 0;
 }

@@ -1,5 +1,5 @@
 // SPDX-License-Identifier: Apache-2.0
-#include "PlaceSpec.h"
+#include "PlaceQuery.h"
 
 #include "CliError.h"
 #include "Scanner.h"
@@ -73,7 +73,7 @@ double requireDegrees(std::string_view text, char plus, char minus, double large
                    "write a point as 41.01,28.97 or 41.01,28.97,Europe/Istanbul");
 }
 
-PlaceSpec coordinates(std::string_view text) {
+PlaceQuery coordinates(std::string_view text) {
     const auto parts = split(text, ",");
     if (parts.size() > 3)
         throw CliError(Exit::badUse, fmt::format("{} has too many commas for a point", quote(text)),
@@ -90,7 +90,7 @@ PlaceSpec coordinates(std::string_view text) {
     return point;
 }
 
-PlaceSpec byName(std::string_view text) {
+PlaceQuery byName(std::string_view text) {
     PlaceByName place;
     for (const std::string_view part : split(text, ",/")) {
         if (place.name.empty())
@@ -137,7 +137,7 @@ std::optional<std::chrono::seconds> parseOffset(std::string_view text) {
     return west ? -*size : *size;
 }
 
-PlaceSpec parsePlaceSpec(std::string_view text) {
+PlaceQuery parsePlaceQuery(std::string_view text) {
     const std::string_view place = trimmed(text);
     if (place.size() > kLongestPlace)
         throw CliError(Exit::badUse, fmt::format("the place {} is too long", quote(place)),

@@ -25,20 +25,20 @@ struct PlaceByName {
 };
 
 /// A time zone as it was written: nothing (the system's own), an offset, or an IANA name.
-using ZoneSpec = std::variant<std::monostate, std::chrono::seconds, std::string>;
+using ZoneQuery = std::variant<std::monostate, std::chrono::seconds, std::string>;
 
 /// A point of the Earth: "41.01,28.97", "41.01,28.97,Europe/Istanbul", "41.01N,28.97E,+3".
 struct PlaceByCoordinates {
     double latitude = 0.0;  ///< [deg] north positive, -90 to 90
     double longitude = 0.0; ///< [deg] east positive, -180 to 180
-    ZoneSpec zone;
+    ZoneQuery zone;
 };
 
-using PlaceSpec = std::variant<PlaceById, PlaceByName, PlaceByCoordinates>;
+using PlaceQuery = std::variant<PlaceById, PlaceByName, PlaceByCoordinates>;
 
 /// Reads the argument. @throws CliError (bad use) when it is empty, longer than 200 bytes, or a point outside
 /// the Earth; never touches a file.
-[[nodiscard]] PlaceSpec parsePlaceSpec(std::string_view text);
+[[nodiscard]] PlaceQuery parsePlaceQuery(std::string_view text);
 
 /// "+3", "-03:30", "+0545", "5.5", "UTC+3", "Z" and the like, -14 to +14 hours; nothing when it is no offset.
 [[nodiscard]] std::optional<std::chrono::seconds> parseOffset(std::string_view text);
