@@ -72,7 +72,8 @@ public:
     /// meaningful time, or that it was computed for a lower latitude. Nothing on an ordinary day.
     [[nodiscard]] std::optional<std::string> noticeForAlarm(std::int32_t prayerId) const;
     /// "05:32", with the alarm on "05:32 · Alarm 05:22", each with the notice behind it; the notice alone
-    /// when there is no time; "" without a home city. Minutes are cut off, as in the alarm's event.
+    /// when there is no time; "" without a home city. The prayer's minute is on the safe side (dawn and
+    /// sunrise the earlier one, the others the later one); the alarm's is that of its event, cut off.
     [[nodiscard]] std::string summaryOfAlarm(std::int32_t prayerId) const;
 
     // The table (ZorelSettingsController_Table.cpp): cities, alarms, information.

@@ -38,6 +38,14 @@ std::int32_t minutesOfDay(double hours) {
     return static_cast<std::int32_t>(whole) * 60 + static_cast<std::int32_t>((hours - whole) * 60.0);
 }
 
+/// The minute that a reader is shown: dawn and sunrise go to the earlier one, so that nobody eats after dawn,
+/// the others to the later one, so that nobody prays or breaks the fast before the time.
+std::int64_t shownMinute(std::int32_t prayerId, double hours) {
+    constexpr std::int32_t sunriseId = kFirstAlarmPrayerId + 1;
+    const double minutes = hours * 60.0;
+    return static_cast<std::int64_t>(prayerId <= sunriseId ? std::floor(minutes) : std::ceil(minutes));
+}
+
 std::string clockText(std::int64_t minutes) {
     const std::int64_t day = (minutes % kMinutesPerDay + kMinutesPerDay) % kMinutesPerDay;
     return fmt::format("{:02}:{:02}", day / 60, day % 60);
@@ -183,12 +191,12 @@ std::string ZorelSettingsController::summaryOfAlarm(std::int32_t prayerId) const
     if (home->getRelevantPrayerTime(prayerId) < 0.0) {
         return notice;
     }
-    const std::int64_t prayerTime = minutesOfDay(home->getRelevantPrayerTime(prayerId));
-    std::string summary = clockText(prayerTime);
+    const double prayerTime = home->getRelevantPrayerTime(prayerId);
+    std::string summary = clockText(shownMinute(prayerId, prayerTime));
     const AlarmInfo alarm = dbFuncs_->getAlarmInfo(prayerId);
     if (alarm.active) {
         summary += fmt::format(" · {} {}", textForKey(*glbFuncs_, kAlarmKey),
-                               clockText(prayerTime + alarm.timeOffset));
+                               clockText(minutesOfDay(prayerTime) + alarm.timeOffset));
     }
     return notice.empty() ? summary : summary + " · " + notice;
 }
