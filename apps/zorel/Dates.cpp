@@ -18,6 +18,7 @@ using std::chrono::sys_days;
 constexpr int kFirstYear = 1583;
 constexpr int kLastYear = 9998;
 constexpr int kLongestStep = 400 * 366;
+constexpr seconds kLargestOffset = hours(14);
 
 int yearOf(Date date) {
     return static_cast<int>(date.year());
@@ -72,7 +73,7 @@ std::optional<seconds> scanOffset(Scanner& scan) {
     if (!west && !scan.take('+'))
         return std::nullopt;
     const auto hour = scan.digits(2);
-    if (!hour || *hour > 14)
+    if (!hour)
         return std::nullopt;
     int minute = 0;
     if (!scan.atEnd()) {
@@ -83,6 +84,8 @@ std::optional<seconds> scanOffset(Scanner& scan) {
         minute = *read;
     }
     const seconds size = hours(*hour) + minutes(minute);
+    if (size > kLargestOffset)
+        return std::nullopt;
     return west ? -size : size;
 }
 
