@@ -85,10 +85,8 @@ void MoonDayScan::prepare(FastAstro& engine, std::int32_t day, std::int32_t mont
 
 void MoonDayScan::build(FastAstro& engine) {
     const double midnight = engine.astroGlobalFuncs.CalculateJulianDay(key.year, key.month, key.day, 0, 0, 0);
-    // Moving the day by one is not moving the Julian day by one where the calendar changes.
-    const bool calendarChange = key.year == 1582 && key.month == 10;
-    usable = std::abs(midnight - 2451545.0) < kMaxDaysFromJ2000 && key.firstHour >= -24 &&
-             key.firstHour <= 24 && !calendarChange;
+    // The calendar change of 1582, where the next day is not the next Julian day, lies beyond that distance.
+    usable = std::abs(midnight - 2451545.0) < kMaxDaysFromJ2000 && key.firstHour >= -24 && key.firstHour <= 24;
     if (!usable) {
         return;
     }
