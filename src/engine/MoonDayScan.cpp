@@ -86,7 +86,8 @@ void MoonDayScan::prepare(FastAstro& engine, std::int32_t day, std::int32_t mont
 void MoonDayScan::build(FastAstro& engine) {
     const double midnight = engine.astroGlobalFuncs.CalculateJulianDay(key.year, key.month, key.day, 0, 0, 0);
     // The calendar change of 1582, where the next day is not the next Julian day, lies beyond that distance.
-    usable = std::abs(midnight - 2451545.0) < kMaxDaysFromJ2000 && key.firstHour >= -24 && key.firstHour <= 24;
+    usable =
+        std::abs(midnight - 2451545.0) < kMaxDaysFromJ2000 && key.firstHour >= -24 && key.firstHour <= 24;
     if (!usable) {
         return;
     }
