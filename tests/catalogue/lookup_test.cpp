@@ -26,6 +26,11 @@ protected:
     test::RealCatalogue real_;
 };
 
+TEST_F(Lookup, AnArticleThatIsTypedBelongsToTheName) {
+    EXPECT_THAT(bestNames("La Pla", 1), ElementsAre("La Plata Argentina"));
+    EXPECT_THAT(bestNames("Plata", 1), ElementsAre("La Plata Argentina"));
+}
+
 TEST_F(Lookup, APlaceHasEverything) {
     const auto place = placeById(real_.glbFuncs, 745044);
     ASSERT_TRUE(place);

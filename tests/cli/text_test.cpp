@@ -56,8 +56,9 @@ TEST(CliDates, Moments) {
     EXPECT_EQ(parseMoment("2026-11-21T15:04+05")->offset, 5h);
     EXPECT_FALSE(parseMoment("00:00")->date);
     EXPECT_FALSE(parseMoment("23:59:59")->offset);
-    for (const char* text : {"", "24:00", "12:60", "12:00:60", "1:00", "2026-11-21", "2026-11-21T",
-                             "2026-11-31T10:00", "12:00+15", "12:00+03:60", "12:00Zx", "12:00 +03"})
+    for (const char* text :
+         {"", "24:00", "12:60", "12:00:60", "1:00", "2026-11-21", "2026-11-21T", "2026-11-31T10:00",
+          "12:00+15", "12:00+14:30", "12:00+03:60", "12:00Zx", "12:00 +03"})
         EXPECT_FALSE(parseMoment(text)) << text;
 }
 
