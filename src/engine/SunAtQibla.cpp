@@ -114,7 +114,8 @@ std::vector<SunAtQiblaInstant> SunAtQibla(double latitude, double longitude, dou
                                           std::int32_t year, std::int32_t month, std::int32_t day) {
     const double bearing = QiblaBearing(FastAstro().KibleAcisi(latitude, longitude));
     const double midnight = AstroGlobalFuncs().CalculateJulianDay(year, month, day, 0, 0, 0);
-    if (!std::isfinite(bearing) || !std::isfinite(timeZone) || hasNoBearing(latitude, longitude)) {
+    const bool finite = std::isfinite(latitude) && std::isfinite(longitude) && std::isfinite(timeZone);
+    if (!finite || hasNoBearing(latitude, longitude)) {
         return {};
     }
     QiblaDay place(latitude, longitude, timeZone, midnight, bearing);

@@ -68,6 +68,7 @@ TEST(MagneticEdges, NegativeMinutesOutweighPositiveSeconds) {
 TEST(SunAtQiblaEdges, NumbersThatAreNotFiniteHaveNoInstants) {
     EXPECT_FALSE(SunAtQibla(41.0, 29.0, 3.0, 2026, 6, 21).empty());
     EXPECT_TRUE(SunAtQibla(kNan, 29.0, 3.0, 2026, 6, 21).empty());
+    EXPECT_TRUE(SunAtQibla(41.0, -kInfinity, 3.0, 2026, 6, 21).empty());
     EXPECT_TRUE(SunAtQibla(41.0, 29.0, kNan, 2026, 6, 21).empty());
     EXPECT_TRUE(SunAtQibla(41.0, 29.0, kInfinity, 2026, 6, 21).empty());
 }
