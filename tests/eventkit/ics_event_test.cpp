@@ -124,6 +124,17 @@ TEST(IcsEvent, writesAllDayEventsAsDates) {
     EXPECT_TRUE(sameEvent(*eventFromIcs(text), event));
 }
 
+TEST(IcsEvent, anAllDayEventEndsOnALaterDate) {
+    const TimeZoneOverride zone("Europe/Berlin");
+    EKEvent event = sampleEvent("one");
+    event.allDay = true;
+    event.startDate = instantFromLocal({2026, 12, 31, 0, 0, 0, 0.0});
+    event.endDate = event.startDate + std::chrono::hours(1);
+    const std::string text = written(event);
+    EXPECT_THAT(text, HasSubstr("DTSTART;VALUE=DATE:20261231\r\n"));
+    EXPECT_THAT(text, HasSubstr("DTEND;VALUE=DATE:20270101\r\n"));
+}
+
 TEST(IcsEvent, refusesWhatCannotBeWritten) {
     EKEvent event = sampleEvent("one");
     event.recurrenceRules = {"NONSENSE"};

@@ -184,11 +184,22 @@ void addTexts(icalcomponent* component, const EKEvent& event) {
     }
 }
 
+/// The end of an all-day event is a date after the one of its start (RFC 5545, 3.6.1).
+icaltimetype endFor(const EKEvent& event) {
+    icaltimetype end = timeFor(event.endDate, event.allDay);
+    const icaltimetype start = timeFor(event.startDate, event.allDay);
+    if (event.allDay && icaltime_compare(end, start) <= 0) {
+        end = start;
+        icaltime_adjust(&end, 1, 0, 0, 0);
+    }
+    return end;
+}
+
 void addTimes(icalcomponent* component, const EKEvent& event, Instant stamp) {
     add(component, icalproperty_new_dtstamp(utcTime(stamp)));
     add(component, icalproperty_new_lastmodified(utcTime(stamp)));
     add(component, icalproperty_new_dtstart(timeFor(event.startDate, event.allDay)));
-    add(component, icalproperty_new_dtend(timeFor(event.endDate, event.allDay)));
+    add(component, icalproperty_new_dtend(endFor(event)));
     add(component, icalproperty_new_transp(ICAL_TRANSP_TRANSPARENT));
 }
 
