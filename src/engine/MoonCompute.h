@@ -5,9 +5,9 @@
 
 namespace zorel {
 
-/// The Moon's apparent place: 60 terms in longitude and distance, 60 in latitude, nutation truncated to 31 terms.
-/// Every term goes through single-precision sines. Holds no state.
-/// Source: Meeus, Astronomical Algorithms, 1st ed., ch. 45 (Moon) and 21 (nutation).
+/// The Moon's apparent place: 60 terms in longitude and distance, 60 in latitude, nutation truncated to 31
+/// terms. Every term goes through single-precision sines. Holds no state. Source: Meeus, Astronomical
+/// Algorithms, 1st ed., ch. 45 (Moon) and 21 (nutation).
 class MoonCompute {
 public:
     [[nodiscard]] double PutIn360(double degrees) const;
@@ -17,14 +17,16 @@ public:
     [[nodiscard]] double ArcSin_Deg(double x) const;
     [[nodiscard]] double ArcTan2_Deg(double y, double x) const;
 
-    /// @param julianDay in. @param deltaPsi out: nutation in longitude [deg]. @param epsilon out: obliquity [deg].
+    /// @param julianDay in. @param deltaPsi out: nutation in longitude [deg]. @param epsilon out: obliquity
+    /// [deg].
     void Calc_Epsilon_Phi(double julianDay, double& deltaPsi, double& epsilon) const;
     /// @param lambda in: ecliptic longitude [deg]; out: apparent longitude. @param beta latitude [deg].
     /// @param rightAscension out [deg], (-180, 180]. @param declination out [deg].
     void Calc_Geocentric(double julianDay, double& lambda, double beta, double& rightAscension,
                          double& declination) const;
     /// @param declination out [deg]. @param rightAscension out [h], not negative. @param distance out [km].
-    void Moon_Coordinate(double julianDay, double& declination, double& rightAscension, double& distance) const;
+    void Moon_Coordinate(double julianDay, double& declination, double& rightAscension,
+                         double& distance) const;
 };
 
 } // namespace zorel

@@ -3,6 +3,8 @@
 #include "tests/settings/PaneFixture.h"
 #include "views/Settings.h"
 
+#include <cmath>
+
 namespace zorel {
 namespace {
 

@@ -43,7 +43,9 @@ public:
     virtual std::unique_ptr<UITableViewCell> cellForRowAtIndexPath(UITableView& table,
                                                                    NSIndexPath indexPath) = 0;
     /// A second, quiet text of a row, which the host shows at the right; "" for none.
-    virtual std::string detailForRowAtIndexPath(UITableView& /*table*/, NSIndexPath /*indexPath*/) { return {}; }
+    virtual std::string detailForRowAtIndexPath(UITableView& /*table*/, NSIndexPath /*indexPath*/) {
+        return {};
+    }
     virtual std::string titleForHeaderInSection(UITableView& /*table*/, int /*section*/) { return {}; }
     virtual std::string titleForFooterInSection(UITableView& /*table*/, int /*section*/) { return {}; }
     virtual bool canEditRowAtIndexPath(UITableView& /*table*/, NSIndexPath /*indexPath*/) { return true; }
