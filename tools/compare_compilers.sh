@@ -13,6 +13,7 @@ mkdir -p "$1"
 folder=$(cd "$1" && pwd)
 
 build() { # name compiler level
+    echo "building with $2 $3"
     cmake -S "$root" -B "$folder/$1" -G Ninja -DCMAKE_BUILD_TYPE=None -DCMAKE_CXX_COMPILER="$2" \
         -DCMAKE_CXX_FLAGS="$3" -DZOREL_HOST=OFF -DBUILD_TESTING=OFF >"$folder/$1.log" 2>&1 &&
         cmake --build "$folder/$1" --target golden_check >>"$folder/$1.log" 2>&1 || {
