@@ -157,6 +157,12 @@ TEST(IcsEvent, readsBackTimesOfFiveCenturies) {
     }
 }
 
+TEST(IcsEvent, refusesTimesThatImpossibleMonthsLeadFarAway) {
+    for (const std::string start : {"20268328T033000Z", "20269999T999999Z"}) {
+        EXPECT_FALSE(eventFromIcs(calendarOf(eventOf("DTSTART:" + start + "\r\n")))) << start;
+    }
+}
+
 TEST(IcsEvent, readsTimesInUtc) {
     EXPECT_EQ(utcSeconds(readLines("DTSTART:20260328T033000Z\r\n").startDate), 1774668600);
 }

@@ -18,6 +18,14 @@ constexpr const char* kProduct = "-//Zorel//Prayer alarms//EN";
 
 // Times.
 
+/// Months and days out of their range can lead a time with a good year anywhere.
+bool isNearTheYears(std::int64_t seconds) {
+    using namespace std::chrono;
+    constexpr sys_seconds first = sys_days(year(kFirstYear - 1) / January / 1);
+    constexpr sys_seconds last = sys_days(year(kLastYear + 2) / January / 1);
+    return seconds > first.time_since_epoch().count() && seconds < last.time_since_epoch().count();
+}
+
 std::optional<Instant> instantOf(const icaltimetype& time) {
     if (icaltime_is_null_time(time) != 0 || time.year < kFirstYear || time.year > kLastYear) {
         return std::nullopt;
@@ -30,7 +38,7 @@ std::optional<Instant> instantOf(const icaltimetype& time) {
     const std::int64_t seconds = icaltime_as_timet_with_zone(time, zone);
     // Not icaltime_as_timet(time), which knows no year before 1902.
     const std::int64_t asIfUtc = icaltime_as_timet_with_zone(time, icaltimezone_get_utc_timezone());
-    if (std::abs(asIfUtc - seconds) > kLargestOffset) {
+    if (!isNearTheYears(seconds) || std::abs(asIfUtc - seconds) > kLargestOffset) {
         return std::nullopt;
     }
     return Instant(std::chrono::seconds(seconds));
