@@ -157,6 +157,14 @@ TEST(IcsEvent, readsBackTimesOfFiveCenturies) {
     }
 }
 
+TEST(IcsEvent, anAlarmMayLieCenturiesBeforeItsEvent) {
+    const EKEvent event =
+        readLines("DTSTART:21990328T033000Z\r\nBEGIN:VALARM\r\nACTION:DISPLAY\r\nDESCRIPTION:x\r\n"
+                  "TRIGGER;VALUE=DATE-TIME:17200328T030000Z\r\nEND:VALARM\r\n");
+    ASSERT_EQ(event.alarms.size(), 1U);
+    EXPECT_EQ(event.alarms[0].relativeOffset, -(1 << 30)); // the longest that an alarm holds
+}
+
 TEST(IcsEvent, refusesTimesThatImpossibleMonthsLeadFarAway) {
     for (const std::string start : {"20268328T033000Z", "20269999T999999Z"}) {
         EXPECT_FALSE(eventFromIcs(calendarOf(eventOf("DTSTART:" + start + "\r\n")))) << start;

@@ -108,7 +108,10 @@ std::optional<EKAlarm> alarmOf(icalcomponent* alarm, Instant start) {
         return std::nullopt;
     }
     constexpr std::int64_t largest = std::int64_t{1} << 30;
-    const std::int64_t offset = std::chrono::floor<std::chrono::seconds>(*moment - start).count();
+    // In seconds: five centuries apart, two instants differ by more nanoseconds than an instant can count.
+    using std::chrono::seconds;
+    const std::int64_t offset =
+        (std::chrono::floor<seconds>(*moment) - std::chrono::floor<seconds>(start)).count();
     return EKAlarm::alarmWithRelativeOffset(static_cast<std::int32_t>(std::clamp(offset, -largest, largest)));
 }
 
