@@ -2,6 +2,7 @@
 #include "tests/views/AlarmFixture.h"
 #include "views/MessageView.h"
 
+#include <fmt/format.h>
 #include <gmock/gmock.h>
 
 namespace zorel {
@@ -132,7 +133,7 @@ TEST_F(AlarmEditor, VanishedRingtoneLeavesTheRecordAlone) {
 
 TEST_F(AlarmEditor, RecordsThatNobodyCouldHaveMadeAreShown) {
     for (const std::string minute : {"2147483647", "-2147483648", "60", "'x'"}) {
-        store(1, "MINUTE = " + minute + ", MELODYTIME = " + minute);
+        store(1, fmt::format("MINUTE = {0}, MELODYTIME = {0}", minute));
         view().setAlarmInfo(200);
         EXPECT_GE(view().pickerTime().selectedRow(), 0);
         EXPECT_LE(view().pickerTime().selectedRow(), 118);

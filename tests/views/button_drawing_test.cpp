@@ -58,6 +58,7 @@ struct State {
 
 std::vector<State> states() {
     std::vector<State> all;
+    all.reserve(8);
     for (int bits = 0; bits < 8; ++bits) {
         all.push_back({(bits & 1) != 0, (bits & 2) != 0, (bits & 4) != 0});
     }
