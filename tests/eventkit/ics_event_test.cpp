@@ -165,6 +165,12 @@ TEST(IcsEvent, anAlarmMayLieCenturiesBeforeItsEvent) {
     EXPECT_EQ(event.alarms[0].relativeOffset, -(1 << 30)); // the longest that an alarm holds
 }
 
+TEST(IcsEvent, anIdentifierOfControlCharactersIsNone) {
+    const std::string start = "DTSTART:20260328T033000Z\r\nEND:VEVENT\r\n";
+    EXPECT_FALSE(eventFromIcs(calendarOf("BEGIN:VEVENT\r\nUID:\x7f\x7f\r\n" + start)));
+    EXPECT_TRUE(eventFromIcs(calendarOf("BEGIN:VEVENT\r\nUID:\x7fx\r\n" + start)));
+}
+
 TEST(IcsEvent, refusesTimesThatImpossibleMonthsLeadFarAway) {
     for (const std::string start : {"20268328T033000Z", "20269999T999999Z"}) {
         EXPECT_FALSE(eventFromIcs(calendarOf(eventOf("DTSTART:" + start + "\r\n")))) << start;

@@ -36,9 +36,10 @@ bool isItem(icalcomponent_kind kind) {
            kind == ICAL_VFREEBUSY_COMPONENT;
 }
 
+/// As it would be written again: one of control characters alone is none.
 std::string uidOf(icalcomponent* item) {
     const char* uid = icalcomponent_get_uid(item);
-    return uid == nullptr ? std::string() : std::string(uid);
+    return uid == nullptr ? std::string() : withoutControls(uid);
 }
 
 bool isException(icalcomponent* event) {
