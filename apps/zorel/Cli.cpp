@@ -10,11 +10,10 @@
 #include "platform/eventkit/FolderCalendar.h"
 #include "platform/foundation/Clock.h"
 #include "platform/foundation/Locations.h"
+#include "platform/foundation/ProgramLocations.h"
 
 #include <fmt/format.h>
 
-#include <cstdlib>
-#include <filesystem>
 #include <map>
 #include <memory>
 #include <optional>
@@ -49,32 +48,19 @@ const std::map<std::string, Command>& commands() {
     return table;
 }
 
-std::string environment(const char* name) {
-    const char* value = std::getenv(name);
-    return value == nullptr ? std::string() : std::string(value);
-}
-
-/// $XDG_DATA_HOME/zorel; the variable counts only when it holds an absolute path (XDG base directories).
 std::string defaultDataDir() {
-    const std::string dataHome = environment("XDG_DATA_HOME");
-    if (dataHome.starts_with('/'))
-        return dataHome + "/zorel";
-    const std::string home = environment("HOME");
-    if (home.empty())
-        throw CliError(Exit::dataTrouble, "neither HOME nor XDG_DATA_HOME is set",
-                       "name the folder of your cities and alarms with --data-dir DIR");
-    return home + "/.local/share/zorel";
-}
-
-std::string ringtonesBeside(const std::string& bundle) {
-    return (std::filesystem::path(bundle).parent_path() / "Ringtones").string();
+    if (auto folder = userDataDirectory())
+        return *std::move(folder);
+    throw CliError(Exit::dataTrouble, "neither HOME nor XDG_DATA_HOME is set",
+                   "name the folder of your cities and alarms with --data-dir DIR");
 }
 
 void setLocations(const Options& options) {
     Locations& locations = Locations::current();
     locations.bundle = options.bundle.empty() ? bundleBesideProgram() : options.bundle;
     locations.data = options.dataDir.empty() ? defaultDataDir() : options.dataDir;
-    locations.ringtones = options.ringtones.empty() ? ringtonesBeside(locations.bundle) : options.ringtones;
+    locations.ringtones =
+        options.ringtones.empty() ? ringtonesBesideBundle(locations.bundle) : options.ringtones;
     EKEventStore::setCalendar(options.calendar.empty() ? nullptr
                                                        : std::make_shared<FolderCalendar>(options.calendar));
 }
@@ -132,19 +118,6 @@ int failed(Streams& streams, Exit code, std::string_view what, std::string_view 
     return static_cast<int>(code);
 }
 } // namespace
-
-std::string bundleBesideProgram() {
-    std::error_code error;
-    const auto program = std::filesystem::read_symlink("/proc/self/exe", error);
-    for (auto folder = program.parent_path(); !error && folder.has_relative_path();
-         folder = folder.parent_path()) {
-        const auto bundle = folder / kZorelDataFolder / "Zorel.bundle";
-        if (std::filesystem::is_directory(bundle, error))
-            return bundle.string();
-        error.clear();
-    }
-    return Locations().bundle;
-}
 
 int runZorel(std::span<const std::string> words, Streams& streams) {
     Options options;

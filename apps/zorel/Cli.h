@@ -14,8 +14,4 @@ namespace zorel::cli {
 /// clock. Never throws; the exit code says how it ended.
 [[nodiscard]] int runZorel(std::span<const std::string> words, Streams& streams);
 
-/// The bundle folder beside the program: `<prefix>/share/zorel/Zorel.bundle` for `<prefix>/bin/zorel`, or the
-/// build tree's. Empty when there is none.
-[[nodiscard]] std::string bundleBesideProgram();
-
 } // namespace zorel::cli
