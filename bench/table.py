@@ -13,6 +13,7 @@ import sys
 import tempfile
 
 BUILD = os.path.abspath(sys.argv[1] if len(sys.argv) > 1 else "build/bench")
+REPETITIONS = 5
 ROWS = []
 
 
@@ -33,10 +34,12 @@ def row(figure, ours, unit, target="", peer="", peer_value=None):
 def google(program, *options, clock="cpu_time"):
     """Median of each benchmark of a program, in the benchmark's own unit."""
     say(program)
-    output = subprocess.run(
-        [os.path.join(BUILD, "bin", program), "--benchmark_format=json", "--benchmark_repetitions=7",
-         "--benchmark_report_aggregates_only=true", *options], capture_output=True, text=True, check=True).stdout
-    entries = json.loads(output[output.index("{"):output.rindex("}") + 1])["benchmarks"]
+    with tempfile.NamedTemporaryFile(suffix=".json") as file:
+        subprocess.run(
+            [os.path.join(BUILD, "bin", program), f"--benchmark_out={file.name}", "--benchmark_out_format=json",
+             f"--benchmark_repetitions={REPETITIONS}", "--benchmark_report_aggregates_only=true", *options],
+            stdout=subprocess.DEVNULL, check=True)
+        entries = json.load(file)["benchmarks"]
     return {entry["run_name"].removesuffix("/real_time"): entry
             for entry in entries if entry["aggregate_name"] == "median"}, clock
 
