@@ -31,23 +31,24 @@ def row(figure, ours, unit, target="", peer="", peer_value=None):
     ROWS.append((figure, f"{number(ours)} {unit}", target, peer_text, ratio))
 
 
-def google(program, *options, clock="cpu_time"):
+def google(program):
     """Median of each benchmark of a program, in the benchmark's own unit."""
     say(program)
     with tempfile.NamedTemporaryFile(suffix=".json") as file:
         subprocess.run(
             [os.path.join(BUILD, "bin", program), f"--benchmark_out={file.name}", "--benchmark_out_format=json",
-             f"--benchmark_repetitions={REPETITIONS}", "--benchmark_report_aggregates_only=true", *options],
+             f"--benchmark_repetitions={REPETITIONS}", "--benchmark_report_aggregates_only=true"],
             stdout=subprocess.DEVNULL, check=True)
         entries = json.load(file)["benchmarks"]
     return {entry["run_name"].removesuffix("/real_time"): entry
-            for entry in entries if entry["aggregate_name"] == "median"}, clock
+            for entry in entries if entry["aggregate_name"] == "median"}
 
 
 def engine():
-    times, clock = google("bench_engine")
+    times = google("bench_engine")
+
     def median(name):
-        return times[name][clock] / 1000.0
+        return times[name]["cpu_time"] / 1000.0
     for group, figure, target in [("random_days", "16 prayer times, random days", "ratio 1.0"),
                                   ("consecutive_days", "16 prayer times, consecutive days", "ratio 1.0"),
                                   ("many_places", "16 prayer times, many places on one day", "report")]:
@@ -60,12 +61,12 @@ def engine():
         median("moon_position/moon98_nut80"))
     row("Moon, rise and set of a day", median("moon_rise_set/zorel"), "us", "20 us, ratio 0.02", "libnova",
         median("moon_rise_set/libnova"))
-    row("observed Hijri date, every day of a year", times["hijri_year/zorel"][clock], "ms", "5 ms")
+    row("observed Hijri date, every day of a year", times["hijri_year/zorel"]["cpu_time"], "ms", "5 ms")
     row("magnetic declination", median("magnetic_declination/zorel"), "us", "report")
 
 
 def catalogue():
-    times, _ = google("bench_catalogue", clock="real_time")
+    times = google("bench_catalogue")
     for name, figure in [("search/common_London", "search, common name"), ("search/common_San", "search, 7361 hits"),
                          ("search/rare_Reykjavik", "search, rare name"), ("search/missing_xqzzy", "search, no hit")]:
         row(figure, times[name]["real_time"], "ms", "20 ms")
@@ -83,11 +84,11 @@ def catalogue():
 
 
 def alarms_and_views():
-    times, _ = google("bench_alarms")
+    times = google("bench_alarms")
     for name, figure in [("placed_anew", "six alarms placed anew, every fsync"),
                          ("moved", "six alarms moved, every fsync"), ("unchanged", "six alarms unchanged")]:
         row(figure, times[f"setSixAlarms/{name}"]["real_time"], "ms", "40 ms")
-    times, _ = google("bench_views")
+    times = google("bench_views")
     row("a city row built and torn down", times["cityRow"]["real_time"], "us", "report")
     row("an alarm editor built and torn down", times["alarmEditor"]["real_time"], "us", "report")
     row("one random tap of the views", times["randomTaps"]["real_time"], "us", "report")

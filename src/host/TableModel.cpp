@@ -8,7 +8,6 @@ namespace zorel {
 namespace {
 
 constexpr double kDefaultHeaderHeight = 36.0;
-constexpr double kDefaultFooterHeight = 0.0;
 
 QVariant text(const std::string& value) {
     return QString::fromStdString(value);
@@ -115,14 +114,7 @@ QVariant TableModel::headerData(UITableView& table, int section, int role) const
 }
 
 QVariant TableModel::footerData(UITableView& table, int section, int role) const {
-    switch (role) {
-    case titleRole:
-        return text(table.titleForFooter(section));
-    case heightRole:
-        return kDefaultFooterHeight;
-    default:
-        return {};
-    }
+    return role == titleRole ? text(table.titleForFooter(section)) : QVariant();
 }
 
 QVariant TableModel::rowData(UITableView& table, NSIndexPath path, int role) const {

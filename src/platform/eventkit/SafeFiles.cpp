@@ -1,6 +1,8 @@
 // SPDX-License-Identifier: Apache-2.0
 #include "platform/eventkit/SafeFiles.h"
 
+#include "platform/foundation/Descriptor.h"
+
 #include <array>
 #include <cerrno>
 #include <cstdint>
@@ -19,23 +21,6 @@ namespace {
 
 constexpr std::string_view kTemporaryPrefix = ".zorel-";
 constexpr std::string_view kTemporarySuffix = ".tmp";
-
-/// An open file descriptor, closed at the end.
-class Descriptor {
-public:
-    explicit Descriptor(int number) : number_(number) {}
-    Descriptor(const Descriptor&) = delete;
-    Descriptor& operator=(const Descriptor&) = delete;
-    ~Descriptor() {
-        if (number_ >= 0) {
-            ::close(number_);
-        }
-    }
-    [[nodiscard]] int get() const { return number_; }
-
-private:
-    int number_;
-};
 
 bool fail(std::string& error, std::string_view what, const std::string& path) {
     error = std::string(what) + " " + path + ": " + std::error_code(errno, std::generic_category()).message();

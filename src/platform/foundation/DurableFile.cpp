@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: Apache-2.0
 #include "platform/foundation/DurableFile.h"
 
+#include "platform/foundation/Descriptor.h"
 #include "platform/foundation/NumberText.h"
 
 #include <cerrno>
@@ -26,22 +27,6 @@ bool mayProceed(FileStep step) {
     return !stepFunction() || stepFunction()(step);
 }
 
-class Descriptor {
-public:
-    explicit Descriptor(int number) : number_(number) {}
-    Descriptor(const Descriptor&) = delete;
-    Descriptor& operator=(const Descriptor&) = delete;
-    ~Descriptor() {
-        if (number_ >= 0) {
-            close(number_);
-        }
-    }
-    [[nodiscard]] int number() const { return number_; }
-
-private:
-    int number_;
-};
-
 /// Start of the names of the temporary files of a path; the number of the process that writes follows.
 std::string temporaryPrefix(const std::string& path) {
     return path + ".new-";
@@ -63,8 +48,8 @@ bool writeTemporary(const std::string& temporary, std::string_view bytes) {
         return false;
     }
     const Descriptor file(open(temporary.c_str(), O_WRONLY | O_CREAT | O_EXCL | O_CLOEXEC, 0600));
-    return file.number() >= 0 && mayProceed(FileStep::write) && writeAll(file.number(), bytes) &&
-           mayProceed(FileStep::sync) && fsync(file.number()) == 0;
+    return file.get() >= 0 && mayProceed(FileStep::write) && writeAll(file.get(), bytes) &&
+           mayProceed(FileStep::sync) && fsync(file.get()) == 0;
 }
 
 /// Moves without replacing; a file system that cannot do that in one step gets a second name and loses the
@@ -85,7 +70,7 @@ void syncFolderOf(const std::string& path) {
     if (mayProceed(FileStep::syncFolder)) {
         const Descriptor folder(
             open(fs::path(path).parent_path().c_str(), O_RDONLY | O_DIRECTORY | O_CLOEXEC));
-        fsync(folder.number());
+        fsync(folder.get());
     }
 }
 
