@@ -1,0 +1,56 @@
+// SPDX-License-Identifier: Apache-2.0
+/// @file
+/// The comparisons that the report consists of; each reads its reference events and prints tables in
+/// Markdown.
+#pragma once
+
+#include "Reference.h"
+
+#include "engine/FastAstro.h"
+
+#include <optional>
+#include <ostream>
+#include <string>
+
+namespace zorel::accuracy {
+
+inline constexpr double kSecondsOfDay = 86400.0;
+inline constexpr double kFarApart = 0.25; ///< [d] further apart are two different events
+
+/// Body, direction and band of latitude: the row that an event belongs to.
+[[nodiscard]] std::string riseSetName(const RiseSetEvent& event);
+/// Our event nearest to the reference instant [JD UT], from the search of its day and the two beside it.
+/// The place must have been set, with the zone 0.
+[[nodiscard]] std::optional<double> engineRiseSet(FastAstro& engine, const RiseSetEvent& event);
+
+/// Prayer times of the engine, without what is added on purpose.
+class PrayerEvents {
+public:
+    /// Why the time of this event is what it is.
+    [[nodiscard]] PrayTimeExplanation explain(const SunEvent& event);
+    /// Its instant without additions [JD UT]; nothing when it is of another day or does not occur.
+    [[nodiscard]] std::optional<double> instant(const SunEvent& event);
+    /// The same from an explanation, whatever day its Sun is of.
+    [[nodiscard]] double instant(const SunEvent& event, const PrayTimeExplanation& why) const;
+
+private:
+    void compute(const SunEvent& event);
+
+    FastAstro engine_;
+    std::string last_;
+};
+
+/// ours minus theirs [s] for instants in days. An event after local midnight belongs to the evening before:
+/// whole days do not count.
+[[nodiscard]] double secondsApart(double ours, double theirs);
+/// Hours east of Greenwich of the zone in which the day of an event is computed.
+[[nodiscard]] double zoneOf(const SunEvent& event);
+[[nodiscard]] std::string placeAndDay(const SunEvent& event);
+
+void compareRiseSets(const std::string& folder, std::ostream& out);
+void comparePhases(const std::string& folder, std::ostream& out);
+void comparePrayerEvents(const std::string& folder, std::ostream& out);
+/// Ours beside libnova and libitl, over the events that each of them has.
+void comparePeers(const std::string& folder, std::ostream& out);
+
+} // namespace zorel::accuracy
