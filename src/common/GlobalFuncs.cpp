@@ -13,8 +13,10 @@ constexpr std::string_view kTurkishPm = "ös";
 
 } // namespace
 
-GlobalFuncs::GlobalFuncs()
-    : appBundlePath(Locations::current().bundle), amSym(lowerCase(amSymbol())), pmSym(lowerCase(pmSymbol())) {
+GlobalFuncs::GlobalFuncs() : appBundlePath(Locations::current().bundle) {
+    const DayPeriods periods = dayPeriods();
+    amSym = lowerCase(periods.am);
+    pmSym = lowerCase(periods.pm);
     if (amSym == kTurkishAm && pmSym == kTurkishPm) {
         languageId = 0;
     }

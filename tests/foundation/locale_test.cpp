@@ -71,18 +71,18 @@ TEST(CurrentLocale, CanBeOverridden) {
 }
 
 TEST(DayPeriodSymbols, AreThoseOfTheLocale) {
-    EXPECT_EQ(amSymbol("tr_TR"), "ÖÖ");
-    EXPECT_EQ(pmSymbol("tr_TR"), "ÖS");
-    EXPECT_EQ(amSymbol("en_US"), "AM");
-    EXPECT_EQ(pmSymbol("en_US_POSIX"), "PM");
-    EXPECT_EQ(amSymbol("ar_EG"), "ص");
+    EXPECT_EQ(dayPeriods("tr_TR").am, "ÖÖ");
+    EXPECT_EQ(dayPeriods("tr_TR").pm, "ÖS");
+    EXPECT_EQ(dayPeriods("en_US").am, "AM");
+    EXPECT_EQ(dayPeriods("en_US_POSIX").pm, "PM");
+    EXPECT_EQ(dayPeriods("ar_EG").am, "ص");
 }
 
 TEST(DayPeriodSymbols, FallBackForALocaleThatThereIsNot) {
     for (const char* locale : {"xx_YY", "", "....", "tr_TR_TR_TR_TR_TR"}) {
-        EXPECT_FALSE(amSymbol(locale).empty()) << locale;
+        EXPECT_FALSE(dayPeriods(locale).am.empty()) << locale;
     }
-    EXPECT_FALSE(pmSymbol(std::string(10000, 'x')).empty());
+    EXPECT_FALSE(dayPeriods(std::string(10000, 'x')).pm.empty());
 }
 
 TEST(CaseMapping, DependsOnTheLanguageOnlyWhenAsked) {

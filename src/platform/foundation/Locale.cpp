@@ -39,14 +39,6 @@ std::string utf8(const icu::UnicodeString& text) {
     return result;
 }
 
-std::string dayPeriodSymbol(const std::string& locale, std::int32_t index) {
-    UErrorCode error = U_ZERO_ERROR;
-    const icu::DateFormatSymbols symbols(icu::Locale(locale.c_str()), error);
-    std::int32_t count = 0;
-    const icu::UnicodeString* texts = symbols.getAmPmStrings(count);
-    return U_SUCCESS(error) != 0 && texts != nullptr && index < count ? utf8(texts[index]) : std::string();
-}
-
 icu::UnicodeString wide(std::string_view text) {
     return icu::UnicodeString::fromUTF8({text.data(), static_cast<std::int32_t>(text.size())});
 }
@@ -61,12 +53,14 @@ std::string currentLocale() {
     return overriddenLocale().empty() ? localeIdentifier(localeOfEnvironment()) : overriddenLocale();
 }
 
-std::string amSymbol(const std::string& locale) {
-    return dayPeriodSymbol(locale, 0);
-}
-
-std::string pmSymbol(const std::string& locale) {
-    return dayPeriodSymbol(locale, 1);
+DayPeriods dayPeriods(const std::string& locale) {
+    UErrorCode error = U_ZERO_ERROR;
+    const icu::DateFormatSymbols symbols(icu::Locale(locale.c_str()), error);
+    std::int32_t count = 0;
+    const icu::UnicodeString* texts = symbols.getAmPmStrings(count);
+    return U_SUCCESS(error) != 0 && texts != nullptr && count >= 2
+               ? DayPeriods{utf8(texts[0]), utf8(texts[1])}
+               : DayPeriods{};
 }
 
 std::string lowerCase(std::string_view text, const std::string& locale) {

@@ -10,8 +10,12 @@ namespace zorel {
 
 /// The current locale's identifier ("tr_TR"), from LC_ALL, LC_MESSAGES or LANG, or from a LocaleOverride.
 [[nodiscard]] std::string currentLocale();
-[[nodiscard]] std::string amSymbol(const std::string& locale = currentLocale());
-[[nodiscard]] std::string pmSymbol(const std::string& locale = currentLocale());
+/// What a locale writes for the halves of a day on a 12-hour clock ("AM", "PM"); empty if ICU has no data.
+struct DayPeriods {
+    std::string am;
+    std::string pm;
+};
+[[nodiscard]] DayPeriods dayPeriods(const std::string& locale = currentLocale());
 /// Lower and upper case of UTF-8 text; `locale` "" is Unicode's default mapping, "tr" the Turkish one.
 [[nodiscard]] std::string lowerCase(std::string_view text, const std::string& locale = "");
 [[nodiscard]] std::string upperCase(std::string_view text, const std::string& locale = "");
