@@ -58,36 +58,37 @@ const char* textOf(sqlite3_value* value) {
     return reinterpret_cast<const char*>(sqlite3_value_text(value));
 }
 
-/// The pattern as the statement's rows before this one have left it, or made from the argument.
+/// The pattern as the statement's rows before this one have left it, or made from the argument; nothing when
+/// the argument is none.
 const PreparedPattern* preparedPattern(sqlite3_context* context, sqlite3_value* pattern) {
-    if (sqlite3_get_auxdata(context, 0) == nullptr) {
-        auto prepared = std::make_unique<PreparedPattern>();
-        if (ContainedText::isPatternOf(bytesOf(pattern))) {
-            prepared->contained.emplace(bytesOf(pattern));
-        }
-        sqlite3_set_auxdata(context, 0, prepared.release(), &forget);
+    if (const void* kept = sqlite3_get_auxdata(context, 0)) {
+        return static_cast<const PreparedPattern*>(kept);
     }
+    if (sqlite3_value_type(pattern) == SQLITE_NULL) {
+        return nullptr;
+    }
+    if (isTooLong(context, pattern)) {
+        sqlite3_result_error(context, "LIKE pattern too long", -1);
+        return nullptr;
+    }
+    auto prepared = std::make_unique<PreparedPattern>();
+    if (ContainedText::isPatternOf(bytesOf(pattern))) {
+        prepared->contained.emplace(bytesOf(pattern));
+    }
+    sqlite3_set_auxdata(context, 0, prepared.release(), &forget);
     return static_cast<const PreparedPattern*>(sqlite3_get_auxdata(context, 0));
-}
-
-void compare(sqlite3_context* context, sqlite3_value* pattern, sqlite3_value* name) {
-    const PreparedPattern* const prepared = preparedPattern(context, pattern);
-    if (prepared != nullptr && prepared->contained) {
-        sqlite3_result_int(context, prepared->contained->isIn(bytesOf(name)) ? 1 : 0);
-    } else {
-        sqlite3_result_int(context, sqlite3_strlike(textOf(pattern), textOf(name), 0) == 0 ? 1 : 0);
-    }
 }
 
 /// LIKE as SQLite calls it: pattern, then name. NULL has no answer.
 void like(sqlite3_context* context, int /*count*/, sqlite3_value** values) {
-    const bool isNull =
-        sqlite3_value_type(values[0]) == SQLITE_NULL || sqlite3_value_type(values[1]) == SQLITE_NULL;
-    if (isTooLong(context, values[0])) {
-        sqlite3_result_error(context, "LIKE pattern too long", -1);
-    } else if (!isNull) {
-        compare(context, values[0], values[1]);
+    const PreparedPattern* const prepared = preparedPattern(context, values[0]);
+    const std::string_view name = bytesOf(values[1]);
+    if (prepared == nullptr || (name.empty() && sqlite3_value_type(values[1]) == SQLITE_NULL)) {
+        return;
     }
+    const bool found = prepared->contained ? prepared->contained->isIn(name)
+                                           : sqlite3_strlike(textOf(values[0]), textOf(values[1]), 0) == 0;
+    sqlite3_result_int(context, found ? 1 : 0);
 }
 
 } // namespace

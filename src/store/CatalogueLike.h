@@ -19,7 +19,7 @@ public:
     [[nodiscard]] static bool isPatternOf(std::string_view pattern);
     /// @param pattern one of that form
     explicit ContainedText(std::string_view pattern);
-    /// Both in well-formed UTF-8.
+    /// Whether a name contains the text; both in well-formed UTF-8.
     [[nodiscard]] bool isIn(std::string_view name) const;
 
 private:
