@@ -7,10 +7,10 @@
 #include "DayText.h"
 #include "Pane.h"
 #include "Scanner.h"
+#include "UserData.h"
 
 #include "platform/eventkit/EKEventStore.h"
 #include "platform/foundation/Locale.h"
-#include "platform/foundation/Locations.h"
 #include "platform/foundation/NumberText.h"
 #include "store/CatalogueLookup.h"
 #include "views/AlarmView.h"
@@ -121,7 +121,21 @@ Json alarmJson(const Context& context, const Pane& pane, const ListedAlarm& alar
                 {"no_such_time_today", pane.home() != nullptr && !alarm.prayer.exists}};
 }
 
+/// Alarms ring by the clock of this machine, whatever that of the home city says.
+void compareClocks(const Context& context, const Pane& pane) {
+    const auto row = pane.home() == nullptr ? std::nullopt
+                                            : placeById(context.services, integerValue(pane.home()->cityId));
+    if (!row)
+        return;
+    const auto here = ZoneClock(NamedClock{}).offsetAt(context.now());
+    const auto there = placeOf(*row).clock.offsetAt(context.now());
+    if (here != there)
+        context.note(fmt::format("alarms ring by this machine's clock (UTC{}), not by that of {} (UTC{})",
+                                 isoOffset(here), pane.home()->name, isoOffset(there)));
+}
+
 Exit list(const Context& context, const Pane& pane) {
+    compareClocks(context, pane);
     const auto alarms = listedAlarms(context, pane);
     if (!context.options.json) {
         printText(context, pane, alarms);
@@ -160,7 +174,7 @@ int wantedNumber(const Context& context, int smallest, int largest, std::string_
 }
 
 std::string wantedRingtone(const Context& context, const Pane& pane) {
-    const std::string& name = context.options.value;
+    const std::string name = context.argument();
     std::vector<std::string> known;
     for (const UIComboboxItem& item : pane.editor().melodyArray()) {
         if (item.originalText == name || lowerCase(item.displayText) == lowerCase(name))
@@ -170,6 +184,17 @@ std::string wantedRingtone(const Context& context, const Pane& pane) {
     throw CliError(Exit::badUse, fmt::format("no ringtone {} in the ringtone folder", quote(name)),
                    known.empty() ? "name another folder with --ringtones DIR"
                                  : fmt::format("there are: {}", fmt::join(known, ", ")));
+}
+
+/// After a refresh every active alarm rings in the future; the pane only logs what it could not store.
+void requireUpcoming(const Context& context, const Pane& pane) {
+    for (const ListedAlarm& alarm : listedAlarms(context, pane)) {
+        if (alarm.info.active && (!alarm.rings || alarm.rings->utc <= context.now()))
+            throw CliError(
+                Exit::dataTrouble,
+                fmt::format("the alarm {} could not be moved to its next time", keyOf(alarm.index)),
+                storingHint());
+    }
 }
 
 /// Changes one alarm as its editor would; refuses when the pane refuses.
@@ -188,8 +213,7 @@ Exit change(const Context& context, Pane& pane, Pane::Change what,
     if (!isStored(pane.alarm(prayerId)))
         throw CliError(Exit::dataTrouble,
                        fmt::format("the alarm {} could not be stored", context.options.prayer),
-                       fmt::format("{}/SettingsLog.txt says why; a ringtone's name must not hold a quote",
-                                   Locations::current().data));
+                       storingHint() + "; a ringtone's name must not hold a quote");
     return list(context, pane);
 }
 } // namespace
@@ -240,6 +264,7 @@ Exit runAlarmsRefresh(const Context& context) {
     Pane pane;
     if (pane.home() != nullptr)
         pane.refresh();
+    requireUpcoming(context, pane);
     return list(context, pane);
 }
 

@@ -1,7 +1,10 @@
 // SPDX-License-Identifier: Apache-2.0
 #include "Arguments.h"
 
+#include "Checks.h"
 #include "Examples.h"
+#include "HelpText.h"
+#include "ParseProblem.h"
 #include "ZorelVersion.h"
 
 #include <CLI/CLI.hpp>
@@ -15,14 +18,14 @@ namespace zorel::cli {
 
 namespace {
 constexpr std::string_view kDescription =
-    "Prayer times, alarms, Sun and Moon, qibla and Hijri dates for any place, offline.";
+    "Prayer times, alarms, Sun and Moon, qibla, Hijri dates for any place, offline.";
 
 constexpr const char* kPlaceHelp = "name (\"Paris, Texas\"), catalogue id, or LAT,LON[,ZONE]; default: the "
                                    "home city, else the largest place of the "
                                    "system's time zone";
+constexpr const char* kDateForms = "2026-11-21, today, tomorrow, +3, -3 (days from today)";
 
-using Prayers = std::vector<std::string>;
-const Prayers kPrayers{"fajr", "sunrise", "dhuhr", "asr", "maghrib", "isha"};
+const std::vector<std::string> kPrayers{"fajr", "sunrise", "dhuhr", "asr", "maghrib", "isha"};
 
 /// Builds the grammar around one Options value.
 class Grammar {
@@ -33,7 +36,6 @@ public:
         app_.set_help_flag("-h,--help", "Print help and exit");
         app_.require_subcommand(1);
         app_.fallthrough();
-        app_.failure_message(CLI::FailureMessage::simple);
         addCommon();
         addTimes();
         addTable();
@@ -54,32 +56,33 @@ private:
             if (sub->get_subcommands().empty())
                 options_.command = full;
         });
-        sub->footer(examplesFooter(full));
         return sub;
     }
 
+    CLI::Option* value(CLI::App& sub, const char* name, std::string& target, const char* type,
+                       const char* help) {
+        return sub.add_option(name, target, help)->type_name(type)->check(someText());
+    }
+
     void addCommon() {
-        app_.add_option("--data-dir", options_.dataDir, "Folder of the user's cities, alarms and log")
-            ->type_name("DIR");
-        app_.add_option("--bundle", options_.bundle, "Folder of the catalogue and the language files")
-            ->type_name("DIR");
-        app_.add_option("--ringtones", options_.ringtones, "Folder of the ringtones")->type_name("DIR");
-        app_.add_option("--calendar", options_.calendar, "Folder of .ics files that carries the alarms")
-            ->type_name("DIR");
-        app_.add_option("--lang", options_.language,
-                        "Language of names: tr, en, fr, de; default: from the locale")
-            ->type_name("LANG")
-            ->check(CLI::IsMember({"tr", "en", "fr", "de"}));
-        app_.add_option("--color", options_.colour, "Colours: auto (only on a terminal), always, never")
-            ->type_name("WHEN")
-            ->check(CLI::IsMember({"auto", "always", "never"}));
-        app_.add_option("--now", options_.now,
-                        "Pretend that this is the present moment (2026-11-21T15:04[+03:00])")
-            ->type_name("TIME");
-        app_.footer(examplesFooter(""));
+        value(app_, "--data-dir", options_.dataDir, "DIR", "Folder of the user's cities, alarms and log");
+        value(app_, "--bundle", options_.bundle, "DIR", "Folder of the catalogue and the language files");
+        value(app_, "--ringtones", options_.ringtones, "DIR", "Folder of the ringtones");
+        value(app_, "--calendar", options_.calendar, "DIR", "Folder of .ics files that carries the alarms");
+        value(app_, "--lang", options_.language, "LANG",
+              "Language of names: tr, en, fr, de; default: from the locale")
+            ->transform(oneOf({"tr", "en", "fr", "de"}));
+        value(app_, "--color", options_.colour, "WHEN",
+              "Colours: auto (only on a terminal), always, never; default: auto")
+            ->transform(oneOf({"auto", "always", "never"}));
+        value(app_, "--now", options_.now, "TIME",
+              "Pretend that this is the present moment (2026-11-21T15:04[+03:00])");
     }
 
     void place(CLI::App* sub) { sub->add_option("PLACE", options_.words, kPlaceHelp)->type_name(""); }
+    void city(CLI::App* sub, const char* help) {
+        sub->add_option("PLACE", options_.words, help)->type_name("")->required();
+    }
     void json(CLI::App* sub) { sub->add_flag("--json", options_.json, "Print JSON (docs/json.md)"); }
     void seconds(CLI::App* sub) {
         sub->add_flag("--seconds", options_.seconds, "Show seconds instead of whole minutes");
@@ -88,10 +91,10 @@ private:
         sub->add_option("--temkin", options_.temkin,
                         "Precaution table: 250 or 500 m; default: the place's own")
             ->type_name("METRES")
-            ->check(CLI::IsMember({250, 500}));
+            ->check(oneOf({"250", "500"}));
     }
-    CLI::Option* day(CLI::App* sub, const char* name, std::string& target, const char* help) {
-        return sub->add_option(name, target, help)->type_name("DATE");
+    CLI::Option* day(CLI::App* sub, const char* name, std::string& target, const std::string& help) {
+        return value(*sub, name, target, "DATE", help.c_str());
     }
 
     void addDayOptions(CLI::App* sub) {
@@ -108,15 +111,15 @@ private:
     void addTimes() {
         CLI::App* today = command(app_, "today", "Prayer times of today (or --date), and what comes next");
         addDayOptions(today);
-        day(today, "--date", options_.date, "Another day: 2026-11-21, today, tomorrow, +3, -3");
+        day(today, "--date", options_.date, std::string("Another day: ") + kDateForms);
         addDayOptions(command(app_, "tomorrow", "Prayer times of tomorrow"));
     }
 
     void addTable() {
         CLI::App* table = command(app_, "table", "Prayer times of many days, or of every place on one day");
         place(table);
-        day(table, "--from", options_.from, "First day; default: today");
-        day(table, "--to", options_.to, "Last day; default: 29 days after the first");
+        day(table, "--from", options_.from, std::string("First day: ") + kDateForms + "; default: today");
+        day(table, "--to", options_.to, "Last day, as for --from; default: 29 days after the first");
         auto* csv = table->add_flag("--csv", options_.csv, "Print comma-separated values");
         auto* jsonFlag = table->add_flag("--json", options_.json, "Print JSON (docs/json.md)");
         auto* ics = table->add_flag("--ics", options_.ics, "Print a calendar to import or subscribe to");
@@ -124,16 +127,17 @@ private:
         jsonFlag->excludes(ics);
         seconds(table);
         temkin(table);
-        auto* all =
-            table->add_flag("--all", options_.all, "Every place of the catalogue on one day (with --on)");
+        auto* all = table->add_flag("--all", options_.all,
+                                    "Every place of the catalogue on one day, as CSV or with --json");
         day(table, "--on", options_.on, "The day of --all; default: today, by the system's clock")
             ->needs(all);
         table->add_option("--from-id", options_.fromId, "Start --all at this place of the catalogue")
             ->type_name("ID")
+            ->check(wholeNumber(0))
             ->needs(all);
         table->add_option("--count", options_.count, "Stop --all after this many places")
             ->type_name("N")
-            ->check(CLI::PositiveNumber)
+            ->check(wholeNumber(1))
             ->needs(all);
         all->excludes(ics);
     }
@@ -141,11 +145,11 @@ private:
     void addAstronomy() {
         CLI::App* sky = command(app_, "sky", "Sun and Moon now: where they stand, rise and set, phases");
         place(sky);
-        sky->add_option("--at", options_.at, "The moment: 2026-11-21T15:04[+03:00] or 15:04; default: now")
-            ->type_name("TIME");
+        value(*sky, "--at", options_.at, "TIME",
+              "The moment: 2026-11-21T15:04[+03:00] or 15:04; default: now");
         json(sky);
         CLI::App* hijri = command(app_, "hijri", "A day in the Hijri and Rumi calendars");
-        hijri->add_option("DATE", options_.words, "2026-11-21, today, tomorrow, +3, -3; default: today")
+        hijri->add_option("DATE", options_.words, std::string(kDateForms) + "; default: today")
             ->type_name("");
         json(hijri);
         CLI::App* compass = command(app_, "compass", "Qibla as true and magnetic bearing, Sun in the qibla");
@@ -159,10 +163,9 @@ private:
         search->add_option("TEXT", options_.words, "part of a name, in any spelling the catalogue has")
             ->type_name("")
             ->required();
-        search->add_option("--limit", options_.limit, "Most results to print; 0: all")
+        search->add_option("--limit", options_.limit, "Most results to print; 0: all; default: 20")
             ->type_name("N")
-            ->check(CLI::NonNegativeNumber)
-            ->capture_default_str();
+            ->check(wholeNumber(0));
         json(search);
         addCities();
         addAlarms();
@@ -171,10 +174,13 @@ private:
     void addCities() {
         CLI::App* cities = command(app_, "cities", "Your cities: list, add, home, remove");
         json(cities);
-        place(command(*cities, "add", "Add a city; the first one becomes the home city"));
-        place(command(*cities, "home",
-                      "Make one of your cities the home city; active alarms move to its times"));
-        place(command(*cities, "remove", "Remove a city from the list"));
+        city(command(*cities, "add", "Add a city; the first one becomes the home city"),
+             "name (\"Paris, Texas\") or id of a place of the catalogue");
+        const char* listed = "name or catalogue id of one of your cities";
+        city(command(*cities, "home",
+                     "Make one of your cities the home city; active alarms move to its times"),
+             listed);
+        city(command(*cities, "remove", "Remove a city from the list"), listed);
     }
 
     CLI::App* alarmCommand(CLI::App* alarms, const char* name, const char* help) {
@@ -182,7 +188,7 @@ private:
         sub->add_option("PRAYER", options_.prayer, "fajr, sunrise, dhuhr, asr, maghrib or isha")
             ->type_name("")
             ->required()
-            ->check(CLI::IsMember(kPrayers, CLI::ignore_case));
+            ->transform(oneOf(kPrayers));
         return sub;
     }
 
@@ -196,11 +202,12 @@ private:
             ->type_name("")
             ->required();
         alarmCommand(alarms, "ringtone", "Choose a ringtone of the ringtone folder")
-            ->add_option("NAME", options_.value, "file name, with or without its extension")
+            ->add_option("NAME", options_.words,
+                         "file name, with or without its extension; any other lists them")
             ->type_name("")
             ->required();
         alarmCommand(alarms, "duration", "How long the ringtone plays")
-            ->add_option("CHOICE", options_.value, "0 to 7, as \"zorel alarms\" lists them")
+            ->add_option("CHOICE", options_.value, "0 to 7: 5, 10, 20, 30 seconds, 1, 2, 3, 5 minutes")
             ->type_name("")
             ->required();
         command(*alarms, "refresh", "Move every active alarm to its next occurrence (for a daily timer)");
@@ -214,10 +221,9 @@ private:
         widget->add_flag("--countdown", options_.countdown, "Show the remaining time in the text");
         widget
             ->add_option("--soon", options_.soon,
-                         "Minutes before a prayer time from which the class is \"soon\"")
+                         "Minutes before a prayer time from which the class is \"soon\"; default: 15")
             ->type_name("MIN")
-            ->check(CLI::Range(0, 720))
-            ->capture_default_str();
+            ->check(wholeNumber(0, 720));
     }
 
     void addManual() {
@@ -225,7 +231,7 @@ private:
         completion->add_option("SHELL", options_.shell, "bash, zsh or fish")
             ->type_name("")
             ->required()
-            ->check(CLI::IsMember({"bash", "zsh", "fish"}));
+            ->transform(oneOf({"bash", "zsh", "fish"}));
         CLI::App* manual = command(app_, "manual", "Print the manual page (roff)");
         manual->add_flag("--markdown", options_.markdown, "As markdown");
     }
@@ -287,18 +293,21 @@ void describeBelow(const CLI::App& app, const std::string& prefix, std::vector<C
 ParseResult parseArguments(std::span<const std::string> words, Options& options) {
     Grammar grammar(options);
     std::vector<std::string> reversed(words.rbegin(), words.rend());
+    // "zorel help today" is what "zorel today --help" is.
+    if (!words.empty() && words.front() == "help") {
+        reversed.pop_back();
+        reversed.insert(reversed.begin(), "--help");
+    }
     try {
         grammar.app().parse(std::move(reversed));
-        return {true, Exit::ok, {}};
-    } catch (const CLI::Success& request) {
-        std::ostringstream text;
-        grammar.app().exit(request, text, text);
-        return {false, Exit::ok, text.str()};
-    } catch (const CLI::RequiredError& error) {
-        const auto unknown = grammar.app().remaining();
-        return {false, Exit::badUse, unknown.empty() ? error.what() : "no command " + quote(unknown.front())};
+        return {true, Exit::ok, {}, {}};
+    } catch (const CLI::CallForHelp&) {
+        return {false, Exit::ok, helpText(describeCommands(), commandReached(grammar.app())), {}};
+    } catch (const CLI::CallForVersion& version) {
+        return {false, Exit::ok, version.what() + std::string("\n"), {}};
     } catch (const CLI::ParseError& error) {
-        return {false, Exit::badUse, error.what()};
+        ParseProblem problem = problemOf(grammar.app(), error);
+        return {false, Exit::badUse, std::move(problem.what), std::move(problem.hint)};
     }
 }
 

@@ -35,6 +35,7 @@ struct ParseResult {
     bool run = false;
     Exit code = Exit::ok;
     std::string text; ///< help, version, or what is wrong
+    std::string hint; ///< what to do about it
 };
 
 /// Reads the words after the program's name into `options`.

@@ -4,6 +4,7 @@
 #include "DayJson.h"
 #include "Pane.h"
 #include "PlaceResolver.h"
+#include "UserData.h"
 
 #include "platform/foundation/NumberText.h"
 #include "store/CatalogueLookup.h"
@@ -43,8 +44,6 @@ void list(const Context& context, const Pane& pane) {
 
 /// The catalogue city that the argument means.
 City wantedCity(const Context& context) {
-    if (context.options.words.empty())
-        throw CliError(Exit::badUse, "which city? PLACE is missing", "zorel cities add Ankara");
     const std::int32_t id = resolvePlace(context).id;
     const auto row = id == 0 ? std::nullopt : placeById(context.services, id);
     if (!row)
@@ -55,8 +54,6 @@ City wantedCity(const Context& context) {
 
 /// The row of the list that the argument means: by id, or by a name that belongs to one of the listed cities.
 std::size_t wantedRow(const Context& context, const Pane& pane) {
-    if (context.options.words.empty())
-        throw CliError(Exit::badUse, "which city? PLACE is missing", "zorel cities shows your cities");
     const auto cities = pane.cities();
     const auto rowOf = [&](const std::string& id) {
         return static_cast<std::size_t>(
@@ -76,6 +73,18 @@ std::size_t wantedRow(const Context& context, const Pane& pane) {
     throw CliError(Exit::noResult, fmt::format("{} is not in your list of cities", quote(context.argument())),
                    "zorel cities shows your cities; zorel cities add NAME adds one");
 }
+
+bool isListed(const Pane& pane, const std::string& id) {
+    const auto cities = pane.cities();
+    return std::any_of(cities.begin(), cities.end(), [&](const City* city) { return city->cityId == id; });
+}
+
+/// The pane only logs what it could not store.
+void requireStored(bool stored, const std::string& name) {
+    if (!stored)
+        throw CliError(Exit::dataTrouble, fmt::format("the change of {} could not be stored", name),
+                       storingHint());
+}
 } // namespace
 
 Exit runCities(const Context& context) {
@@ -87,26 +96,30 @@ Exit runCities(const Context& context) {
 Exit runCitiesAdd(const Context& context) {
     const City city = wantedCity(context);
     Pane pane;
-    const auto cities = pane.cities();
-    if (std::any_of(cities.begin(), cities.end(),
-                    [&](const City* one) { return one->cityId == city.cityId; }))
+    if (isListed(pane, city.cityId))
         context.note(fmt::format("{} is in your list already", city.name));
     else
         pane.add(city);
+    requireStored(isListed(pane, city.cityId), city.name);
     list(context, pane);
     return Exit::ok;
 }
 
 Exit runCitiesHome(const Context& context) {
     Pane pane;
-    pane.makeHome(integerValue(pane.cities()[wantedRow(context, pane)]->cityId));
+    const City city = *pane.cities()[wantedRow(context, pane)];
+    pane.makeHome(integerValue(city.cityId));
+    requireStored(homeCityId() == integerValue(city.cityId), city.name);
     list(context, pane);
     return Exit::ok;
 }
 
 Exit runCitiesRemove(const Context& context) {
     Pane pane;
-    pane.remove(wantedRow(context, pane));
+    const std::size_t row = wantedRow(context, pane);
+    const City city = *pane.cities()[row];
+    pane.remove(row);
+    requireStored(!isListed(pane, city.cityId), city.name);
     list(context, pane);
     return Exit::ok;
 }

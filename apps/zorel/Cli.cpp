@@ -3,6 +3,7 @@
 
 #include "Arguments.h"
 #include "Commands.h"
+#include "UserData.h"
 #include "ZoneClock.h"
 #include "ZorelVersion.h"
 
@@ -77,15 +78,7 @@ Instant pretendedNow(const std::string& text) {
     return Instant(std::chrono::duration_cast<Instant::duration>((wall - offset).time_since_epoch()));
 }
 
-/// The services write to the log; without its folder they would try and fail for every line.
-void makeDataDir() {
-    const std::string& folder = Locations::current().data;
-    if (!createDirectoryAtPath(folder))
-        throw CliError(Exit::dataTrouble, fmt::format("cannot make the folder {}", folder),
-                       "check its permissions, or name another one with --data-dir DIR");
-}
-
-bool changesData(const std::string& command) {
+bool usesPane(const std::string& command) {
     return command.starts_with("cities") || command.starts_with("alarms");
 }
 
@@ -104,8 +97,11 @@ Exit runCommand(const Options& options, Streams& streams) {
     std::optional<ClockOverride> clock;
     if (!options.now.empty())
         clock.emplace(pretendedNow(options.now));
-    if (changesData(options.command))
+    if (usesPane(options.command)) {
+        // The services write to the log; without its folder they would try and fail for every line.
         makeDataDir();
+        requireReadableUserData();
+    }
     const Context context(options, streams);
     return commands().at(options.command)(context);
 }
@@ -123,14 +119,10 @@ int runZorel(std::span<const std::string> words, Streams& streams) {
     Options options;
     try {
         const ParseResult parsed = parseArguments(words, options);
-        if (!parsed.run && parsed.code == Exit::ok) {
-            streams.out << parsed.text;
-            return 0;
-        }
-        if (!parsed.run)
-            return failed(streams, parsed.code, parsed.text,
-                          "zorel --help shows the commands, with examples");
-        const Exit code = runCommand(options, streams);
+        if (parsed.code != Exit::ok)
+            return failed(streams, parsed.code, parsed.text, parsed.hint);
+        streams.out << parsed.text;
+        const Exit code = parsed.run ? runCommand(options, streams) : Exit::ok;
         streams.out.flush();
         if (!streams.out.good())
             return failed(streams, Exit::dataTrouble, "the output could not be written", "is the disk full?");

@@ -56,10 +56,8 @@ std::string modelText(const Context& context, const MagneticDeclination& magneti
 }
 
 void addBearings(TextTable& table, const Context& context, const Compass& compass) {
-    if (!compass.bearing) {
-        table.add({std::string(context.word(Word::atKaaba))});
+    if (!compass.bearing)
         return;
-    }
     table.add({std::string(context.word(Word::qiblaTrue)), fmt::format("{:.1f}°", *compass.bearing)},
               TextTable::Emphasis::highlight);
     if (compass.magnetic)
@@ -75,7 +73,8 @@ void printText(const Context& context, const Compass& compass) {
                    declinationText(context, *compass.magnetic)});
     for (const EventTime& instant : compass.sunAtQibla)
         table.add({context.nameOf(PrayerTimes::qiblaTime), eventText(context, instant, compass.date)});
-    std::string text = table.text(context.style, "  ");
+    std::string text = compass.bearing ? "" : fmt::format("  {}\n", context.word(Word::atKaaba));
+    text += table.text(context.style, "  ");
     if (compass.sunAtQibla.empty() && compass.bearing)
         text += fmt::format("  {}\n", context.word(Word::noQiblaInstant));
     if (compass.magnetic)

@@ -1,7 +1,9 @@
 // SPDX-License-Identifier: Apache-2.0
-#include "Arguments.h"
+#include "HelpText.h"
 
 #include <fmt/format.h>
+
+#include <algorithm>
 
 namespace zorel::cli {
 
@@ -10,17 +12,13 @@ using Commands = std::vector<CommandHelp>;
 
 /// The words that may follow a command: its direct subcommands.
 std::vector<std::string> subcommandsOf(const Commands& commands, const std::string& name) {
-    const std::string prefix = name.empty() ? "" : name + ' ';
     std::vector<std::string> words;
-    for (const CommandHelp& command : commands) {
-        const bool below = command.name.size() > prefix.size() && command.name.starts_with(prefix);
-        if (below && command.name.find(' ', prefix.size()) == std::string::npos)
-            words.push_back(command.name.substr(prefix.size()));
-    }
+    for (const CommandHelp& command : commandsBelow(commands, name))
+        words.push_back(command.name.substr(name.empty() ? 0 : name.size() + 1));
     return words;
 }
 
-/// The fixed choices of a positional argument, from its description ("bash, zsh or fish").
+/// The fixed choices of a command's first argument.
 std::vector<std::string> positionalChoices(const CommandHelp& command) {
     return command.positionals.empty() ? std::vector<std::string>() : command.positionals.front().choices;
 }
@@ -82,6 +80,9 @@ _zorel() {{
     done
     case "$command" in
 {}    esac
+    for ((i = 1; i < COMP_CWORD; i++)); do
+        if [[ " $words " == *" ${{COMP_WORDS[i]}} "* ]]; then words=''; fi
+    done
     if [[ "$word" == -* ]]; then words="$options"; fi
     COMPREPLY=($(compgen -W "$words" -- "$word"))
 }}
@@ -129,13 +130,18 @@ std::string zshOptions(const CommandHelp& command) {
     return lines;
 }
 
+std::ptrdiff_t wordsIn(const std::string& name) {
+    return name.empty() ? 0 : 1 + std::count(name.begin(), name.end(), ' ');
+}
+
 std::string zshCommand(const Commands& commands, const CommandHelp& command) {
     std::vector<std::string> words = subcommandsOf(commands, command.name);
     for (const std::string& choice : positionalChoices(command))
         words.push_back(choice);
     const std::string own = command.name.empty() ? "" : zshOptions(command);
+    const auto position = 1 + wordsIn(command.name);
     const std::string rest =
-        words.empty() ? "        '*: :'" : fmt::format("        '*: :({})'", joined(words));
+        words.empty() ? "        '*: :'" : fmt::format("        '{}: :({})' '*: :'", position, joined(words));
     return fmt::format("    '{}') _arguments \\\n{}{}{} ;;\n", command.name, own,
                        zshOptions(commands.front()), rest);
 }
@@ -161,9 +167,9 @@ case "$command" in
 
 // fish
 
-std::string fishCondition(const Commands& commands, const CommandHelp& command) {
+std::string fishCondition(const CommandHelp& command) {
     if (command.name.empty())
-        return fmt::format("not __fish_seen_subcommand_from {}", joined(subcommandsOf(commands, "")));
+        return "true";
     const auto blank = command.name.find(' ');
     if (blank == std::string::npos)
         return "__fish_seen_subcommand_from " + command.name;
@@ -185,13 +191,15 @@ std::string fishOption(const OptionHelp& option, const std::string& condition) {
 std::string fishScript(const Commands& commands) {
     std::string text = "# fish completion for zorel\ncomplete -c zorel -f\n";
     for (const CommandHelp& command : commands) {
-        const std::string condition = fishCondition(commands, command);
-        for (const std::string& word : subcommandsOf(commands, command.name))
-            text += fmt::format("complete -c zorel -n '{}' -a {}\n", condition, word);
+        const std::string condition = fishCondition(command);
+        std::vector<std::string> words = subcommandsOf(commands, command.name);
         for (const std::string& choice : positionalChoices(command))
-            text += fmt::format("complete -c zorel -n '{}' -a {}\n", condition, choice);
+            words.push_back(choice);
+        if (!words.empty())
+            text += fmt::format("complete -c zorel -n '{}; and not __fish_seen_subcommand_from {}' -a '{}'\n",
+                                condition, joined(words), joined(words));
         for (const OptionHelp& option : command.options)
-            text += fishOption(option, command.name.empty() ? "true" : condition);
+            text += fishOption(option, condition);
     }
     return text;
 }

@@ -43,13 +43,17 @@ void addOthers(TextTable& table, const Context& context, const Day& day, const D
         table.add({context.nameOf(PrayerTimes::qiblaTime), eventText(context, instant, day.date)});
 }
 
-/// The next time is tomorrow's: said in a line of its own.
-std::string tomorrowLine(const Context& context, const Day& day, const NextPrayer& next) {
-    if (next.index < 0 || day.event(next.index).utc == next.event.utc)
-        return {};
-    const std::string line = fmt::format("{} {}  {}", context.nameOf(next.index),
-                                         eventText(context, next.event, day.date), nextText(context, next));
-    return "  " + context.style.highlight(line) + '\n';
+/// The next time is tomorrow's: a row of its own below today's.
+void addTomorrow(TextTable& table, const Context& context, const Day& day, const DayTextParts& parts) {
+    if (parts.next == nullptr || parts.next->index < 0 ||
+        day.event(parts.next->index).utc == parts.next->event.utc)
+        return;
+    std::vector<std::string> cells{context.nameOf(parts.next->index),
+                                   eventText(context, parts.next->event, day.date)};
+    if (parts.ezani)
+        cells.emplace_back();
+    cells.push_back(nextText(context, *parts.next));
+    table.add(std::move(cells), TextTable::Emphasis::highlight);
 }
 } // namespace
 
@@ -80,7 +84,7 @@ std::string flagsText(const Context& context, const DayFlags& flags) {
                             dayAndMonth(*date, context.language)));
     };
     if (flags.loweredLatitude)
-        add(fmt::format("{} {:.4g}", context.word(Word::latitudeLowered), *flags.loweredLatitude));
+        add(fmt::format("{} {:.4g}°", context.word(Word::latitudeLowered), *flags.loweredLatitude));
     addTaken(PrayerTimes::dawn, flags.dawnFrom);
     addTaken(PrayerTimes::nightfall, flags.nightfallFrom);
     addTaken(PrayerTimes::secondNightfall, flags.secondNightfallFrom);
@@ -92,9 +96,8 @@ std::string flagsText(const Context& context, const DayFlags& flags) {
 std::string dayText(const Context& context, const Day& day, const DayTextParts& parts) {
     TextTable prayers("llr");
     addPrayers(prayers, context, day, parts);
+    addTomorrow(prayers, context, day, parts);
     std::string text = prayers.text(context.style, "  ");
-    if (parts.next != nullptr)
-        text += tomorrowLine(context, day, *parts.next);
     if (!parts.others)
         return text;
     TextTable others("llr");

@@ -10,7 +10,5 @@ namespace zorel::cli {
 
 /// Command lines with a comment behind "  # "; `command` "" is the program itself.
 [[nodiscard]] std::vector<std::string> examplesOf(const std::string& command);
-/// The same as the last paragraph of a help text.
-[[nodiscard]] std::string examplesFooter(const std::string& command);
 
 } // namespace zorel::cli

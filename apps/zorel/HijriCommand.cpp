@@ -29,8 +29,7 @@ void printText(const Context& context, Date date, const AllCalendarRecord& calen
 
 Exit runHijri(const Context& context) {
     const Date today = ZoneClock(NamedClock{}).dateAt(context.now());
-    const std::string text = context.argument();
-    const Date date = text.empty() ? today : requireDate(text, today, "DATE");
+    const Date date = context.options.words.empty() ? today : requireDate(context.argument(), today, "DATE");
     const AllCalendarRecord calendars = calendarsOf(date);
     if (context.options.json) {
         Json document{{"schema", "zorel/hijri/1"}, {"date", isoDate(date)}};

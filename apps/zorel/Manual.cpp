@@ -1,5 +1,5 @@
 // SPDX-License-Identifier: Apache-2.0
-#include "Arguments.h"
+#include "HelpText.h"
 #include "ZorelVersion.h"
 
 #include <fmt/format.h>
@@ -9,23 +9,6 @@ namespace zorel::cli {
 namespace {
 std::string joined(const std::vector<std::string>& parts, std::string_view separator) {
     return fmt::format("{}", fmt::join(parts, separator));
-}
-
-std::string optionLine(const OptionHelp& option) {
-    const std::string names = joined(option.names, ", ");
-    return option.argument.empty() ? names : names + ' ' + option.argument;
-}
-
-std::string synopsis(const CommandHelp& command) {
-    std::string text = command.name.empty() ? "zorel" : "zorel " + command.name;
-    for (const OptionHelp& positional : command.positionals)
-        text += ' ' + positional.argument;
-    return text + (command.name.empty() ? " [OPTIONS] COMMAND" : " [OPTIONS]");
-}
-
-/// --help is the same everywhere and is told once, with the program.
-bool isCommon(const CommandHelp& command, const OptionHelp& option) {
-    return !command.name.empty() && option.names.front() == "-h";
 }
 
 /// Text for roff: hyphens that are copied to a terminal stay hyphens, a leading dot or quote is no request.
@@ -84,6 +67,17 @@ const std::vector<Section>& sections() {
          "-03:30). Places of the catalogue follow the catalogue's own clock rule; a point follows the "
          "system's time "
          "zone data, and without ZONE the system's own zone."},
+        {"READING THE TIMES",
+         {},
+         "Times are those of the place's own clock, whose distance from UTC stands above them. A time with "
+         "+1 "
+         "behind it belongs to the next day, one with -1 to the day before: far north a summer's sunset "
+         "comes "
+         "after midnight. \"! latitude lowered to\" says that the Sun does not rise or set there that day, "
+         "so "
+         "that the times are those of the nearest lower latitude at which it does; \"taken from\" that the "
+         "sky "
+         "does not get dark enough, so that the time is that of the named earlier day."},
         {"ROUNDING",
          {},
          "Times are shown in whole minutes. Dawn, sunrise, the time before noon, the afternoon 5 degree "

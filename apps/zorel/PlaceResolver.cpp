@@ -2,16 +2,17 @@
 #include "PlaceResolver.h"
 
 #include "CataloguePlaces.h"
+#include "UserData.h"
 
 #include "platform/foundation/Locale.h"
-#include "platform/foundation/Locations.h"
 #include "platform/foundation/NumberText.h"
 
 #include <fmt/format.h>
-#include <sqlite3.h>
+#include <unicode/normalizer2.h>
+#include <unicode/uchar.h>
+#include <unicode/unistr.h>
 
 #include <algorithm>
-#include <memory>
 
 namespace zorel::cli {
 
@@ -20,8 +21,21 @@ constexpr std::size_t kMostMatches = 2000;
 constexpr std::size_t kMostNamed = 5;
 constexpr std::size_t kShortestName = 3;
 
+/// Lower case without accents: "turkiye" of "Türkiye".
 std::string folded(const std::string& text) {
-    return lowerCase(text);
+    UErrorCode failure = U_ZERO_ERROR;
+    const icu::Normalizer2* decomposing = icu::Normalizer2::getNFDInstance(failure);
+    if (U_FAILURE(failure) != 0)
+        return lowerCase(text);
+    const icu::UnicodeString letters =
+        decomposing->normalize(icu::UnicodeString::fromUTF8(lowerCase(text)), failure);
+    icu::UnicodeString plain;
+    for (std::int32_t i = 0; i < letters.length(); i = letters.moveIndex32(i, 1)) {
+        if (u_getCombiningClass(letters.char32At(i)) == 0)
+            plain.append(letters.char32At(i));
+    }
+    std::string result;
+    return plain.toUTF8String(result);
 }
 
 bool containsFolded(const std::string& text, const std::string& wantedFolded) {
@@ -58,24 +72,38 @@ Place placeOfId(const Context& context, std::int32_t id) {
     return placeOf(*row);
 }
 
+/// The first few of the places that have the very same name as the best one.
+std::vector<std::string> namesakes(const Context& context, const std::vector<City>& matches) {
+    std::vector<std::string> names;
+    for (std::size_t i = 0; i < matches.size() && names.size() < kMostNamed + 1; ++i) {
+        if (folded(matches[i].name) == folded(matches[0].name))
+            names.push_back(cityText(matches[i], context.language));
+    }
+    return names;
+}
+
 /// Places of the very same name as the one taken are worth a word, others are not.
 void tellAboutOthers(const Context& context, const std::vector<City>& matches) {
-    std::vector<std::string> others;
-    for (std::size_t i = 1; i < matches.size() && others.size() < kMostNamed; ++i) {
-        if (folded(matches[i].name) == folded(matches[0].name))
-            others.push_back(cityText(matches[i], context.language));
-    }
-    if (!others.empty())
-        context.note(fmt::format("taken: {}; also: {}", cityText(matches[0], context.language),
-                                 fmt::join(others, "; ")));
+    const auto names = namesakes(context, matches);
+    if (names.size() > 1)
+        context.note(fmt::format("this is {}; there are also: {}", names.front(),
+                                 fmt::join(names.begin() + 1, names.end(), "; ")));
+}
+
+/// "Istanbul, Turkey" fails at the country's name only: then the places of the bare name help.
+std::string hintFor(const Context& context, const PlaceByName& wanted) {
+    const auto matches =
+        wanted.within.empty() ? std::vector<City>() : citiesByName(context, PlaceByName{wanted.name, {}});
+    if (matches.empty())
+        return "try another spelling or a part of the name (zorel search TEXT), or give LAT,LON,ZONE";
+    return fmt::format("there are: {}", fmt::join(namesakes(context, matches), "; "));
 }
 
 Place placeOfName(const Context& context, const PlaceByName& wanted) {
     const auto matches = citiesByName(context, wanted);
     if (matches.empty())
-        throw CliError(
-            Exit::noResult, fmt::format("no place {} in the catalogue", quote(context.argument())),
-            "try another spelling or a part of the name (zorel search TEXT), or give LAT,LON,ZONE");
+        throw CliError(Exit::noResult, fmt::format("no place {} in the catalogue", quote(context.argument())),
+                       hintFor(context, wanted));
     tellAboutOthers(context, matches);
     return placeOfId(context, integerValue(matches.front().cityId));
 }
@@ -97,6 +125,10 @@ Place placeOfPoint(const PlaceByCoordinates& point) {
     return place;
 }
 
+std::string noPlaceIn(const std::string& zone) {
+    return zone.empty() ? zone : fmt::format(", nor a place in the system's time zone {}", quote(zone));
+}
+
 Place defaultPlace(const Context& context) {
     if (const std::int32_t id = homeCityId(); id != 0)
         return placeOfId(context, id);
@@ -104,7 +136,7 @@ Place defaultPlace(const Context& context) {
     const std::string zone = systemZoneName();
     const auto largest = largestPlaceOfTimeZone(context.services, zone);
     if (!largest)
-        throw CliError(Exit::badUse, "no place was given and there is no home city",
+        throw CliError(Exit::badUse, "no place was given and there is no home city" + noPlaceIn(zone),
                        "give a place (zorel today Ankara) or choose one for good: zorel cities add Ankara");
     context.note(
         fmt::format("no home city yet, so the largest place of {} is taken; choose yours with: zorel cities "
@@ -138,26 +170,6 @@ Place resolvePlace(const Context& context) {
     if (context.options.temkin != 0)
         place.highTemkin = context.options.temkin == 500;
     return place;
-}
-
-std::int32_t homeCityId() {
-    const std::string path = Locations::current().data + "/user.sqlite";
-    sqlite3* opened = nullptr;
-    const int code = sqlite3_open_v2(path.c_str(), &opened, SQLITE_OPEN_READONLY, nullptr);
-    const std::unique_ptr<sqlite3, int (*)(sqlite3*)> database(opened, sqlite3_close);
-    sqlite3_stmt* prepared = nullptr;
-    if (code != SQLITE_OK || sqlite3_prepare_v2(opened, "SELECT ID, SETASHOME FROM USER_CITY", -1, &prepared,
-                                                nullptr) != SQLITE_OK)
-        return 0;
-    const std::unique_ptr<sqlite3_stmt, int (*)(sqlite3_stmt*)> rows(prepared, sqlite3_finalize);
-    std::int32_t first = 0;
-    while (sqlite3_step(prepared) == SQLITE_ROW) {
-        const std::int32_t id = sqlite3_column_int(prepared, 0);
-        if (sqlite3_column_int(prepared, 1) == 1)
-            return id;
-        first = first == 0 ? id : first;
-    }
-    return first;
 }
 
 } // namespace zorel::cli

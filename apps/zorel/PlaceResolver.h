@@ -22,8 +22,4 @@ namespace zorel::cli {
 /// @throws CliError: bad use (fewer than three characters), data trouble (no catalogue).
 [[nodiscard]] std::vector<City> citiesByName(const Context& context, const PlaceByName& wanted);
 
-/// The catalogue id of the home city, read from the user database by the pane's rule: the first city marked
-/// as home, else the first one; 0 when there is none.
-[[nodiscard]] std::int32_t homeCityId();
-
 } // namespace zorel::cli

@@ -115,12 +115,15 @@ std::optional<ZoneClock> systemClock(const std::string& zone) {
 
 std::string systemZoneName() {
     const char* variable = std::getenv("TZ");
-    if (variable != nullptr && *variable != '\0')
-        return *variable == ':' ? variable + 1 : variable;
-    std::error_code error;
-    const std::string target = std::filesystem::read_symlink("/etc/localtime", error).string();
-    const auto folder = target.find("/zoneinfo/");
-    return error || folder == std::string::npos ? std::string() : target.substr(folder + 10);
+    const bool isSet = variable != nullptr && *variable != '\0';
+    std::error_code missing;
+    const std::string zone = isSet ? std::string(*variable == ':' ? variable + 1 : variable)
+                                   : std::filesystem::read_symlink("/etc/localtime", missing).string();
+    const std::string_view folder = "/zoneinfo/";
+    const auto below = zone.find(folder);
+    if (below != std::string::npos)
+        return zone.substr(below + folder.size());
+    return isSet ? zone : std::string();
 }
 
 } // namespace zorel::cli

@@ -8,6 +8,7 @@
 #include "store/CatalogueLookup.h"
 
 #include <cstdio>
+#include <optional>
 #include <string>
 
 namespace {
@@ -34,14 +35,16 @@ int main(int argc, char** argv) {
     zorel::Locations::current().bundle = argv[1];
     const zorel::GlobalFuncs services;
     const auto matches = zorel::matchPlaces(services, argv[2], 1);
-    if (matches.empty())
+    const auto place = matches.empty()
+                           ? std::nullopt
+                           : zorel::placeById(services, zorel::integerValue(matches.front().cityId));
+    if (!place) {
+        std::fprintf(stderr, "next-sunset: no place \"%s\" in the catalogue of %s\n", argv[2], argv[1]);
         return 1;
-    const auto place = zorel::placeById(services, zorel::integerValue(matches.front().cityId));
-    if (!place)
-        return 1;
+    }
     const auto date = zorel::DateRecordMake(zorel::integerValue(argv[5]), zorel::integerValue(argv[4]),
                                             zorel::integerValue(argv[3]), 0, 0, 0);
     const int minutes = static_cast<int>(sunsetOf(place->city, date) * 60.0 + 1.0);
-    std::printf("%s %02d:%02d\n", place->city.name.c_str(), minutes / 60, minutes % 60);
+    std::printf("%s %02d:%02d\n", place->city.name.c_str(), minutes / 60 % 24, minutes % 60);
     return 0;
 }

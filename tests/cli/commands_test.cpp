@@ -167,6 +167,17 @@ TEST(CliPlaces, NamesAreFoundInEverySpelling) {
     EXPECT_TRUE(run("today N'Djamena --short").out.starts_with("N'Djamena"));
 }
 
+TEST(CliPlaces, RegionsAndCountriesAreFoundWithoutTheirAccents) {
+    CliRunner run;
+    EXPECT_TRUE(run("today \"Istanbul, Turkiye\" --short").out.starts_with("İstanbul / Türkiye"));
+    EXPECT_TRUE(run("today \"Paris, ile-de-france\" --short").out.starts_with("Paris / Île-de-France"));
+}
+
+TEST(CliPlaces, AZoneNamedByItsFileIsUnderstood) {
+    CliRunner run("/usr/share/zoneinfo/Asia/Tokyo");
+    EXPECT_TRUE(run("today --short").out.starts_with("Tokyo / Japan"));
+}
+
 TEST(CliPlaces, AttemptsAtInjectionFindNothing) {
     CliRunner run;
     for (const char* text :

@@ -4,6 +4,7 @@
 #include "CliRunner.h"
 
 #include <gtest/gtest.h>
+#include <sqlite3.h>
 
 #include <filesystem>
 
@@ -18,13 +19,21 @@ struct ErrorCase {
 
 TEST(CliErrors, EachSaysWhatIsWrongAndWhatToDo) {
     const std::vector<ErrorCase> cases{
-        {"", 2, "subcommand"},
-        {"tody", 2, "tody"},
-        {"today --what", 2, "--what"},
+        {"", 2, "a command is missing"},
+        {"tody", 2, "did you mean: zorel today\n"},
+        {"alarms onn fajr", 2, "did you mean: zorel alarms on\n"},
+        {"Istanbul", 2, "zorel today PLACE"},
+        {"-v", 2, "no option \"-v\""},
+        {"today --what", 2, "no option \"--what\""},
+        {"--json today Ankara", 2, "behind \"today\""},
+        {"alarms on fajr isha", 2, "\"isha\" is one word too many"},
         {"today Ankara --date 2026-02-30", 2, "\"2026-02-30\" is not a date"},
-        {"today --date", 2, "--date"},
+        {"today --date", 2, "--date: its value is missing"},
+        {"today Ankara --date \"\"", 2, "--date: its value is empty"},
+        {"today Ankara --date +1 --date +2", 2, "--date is given more than once"},
         {"today Xyzzyxyzzy", 1, "no place \"Xyzzyxyzzy\""},
         {"today \"Paris, Nowhere\"", 1, "no place"},
+        {"today \"Istanbul, Turkey\"", 1, "there are: İstanbul / Türkiye (745044)"},
         {"today 1", 1, "catalogue id 1"},
         {"today 99999999999", 2, "too large"},
         {"today ab", 2, "too short"},
@@ -43,19 +52,22 @@ TEST(CliErrors, EachSaysWhatIsWrongAndWhatToDo) {
         {"table Ankara --on 2026-01-01", 2, "--all"},
         {"table Ankara --all", 2, "do not go together"},
         {"table --all --from 2026-01-01", 2, "--on"},
-        {"table --all --count 0", 2, "--count"},
+        {"table --all --count 0", 2, "--count: \"0\" is not a whole number of 1 or more\n"},
+        {"table --all --from-id x", 2, "--from-id: \"x\" is not a whole number of 0 or more\n"},
         {"table --all --from-id 2147483647", 1, "2147483647"},
         {"sky Ankara --at noon", 2, "--at"},
         {"hijri 10/03/2027", 2, "DATE"},
+        {"hijri \"\"", 2, "DATE"},
         {"search", 2, "TEXT"},
         {"search ab", 2, "too short"},
         {"search 123", 2, "not a name"},
         {"search Xyzzyxyzzy", 1, "Xyzzyxyzzy"},
         {"search konya --limit -1", 2, "--limit"},
         {"widget Ankara --follow --now 2026-01-01T00:00", 2, "--follow"},
-        {"widget Ankara --soon 9999", 2, "--soon"},
+        {"widget Ankara --soon 9999", 2, "from 0 to 720\n"},
         {"completion tcsh", 2, "tcsh"},
-        {"alarms on noon", 2, "noon"},
+        {"alarms on noon", 2, "\"noon\" is none of fajr, sunrise"},
+        {"alarms on", 2, "for example: zorel alarms on fajr\n"},
         {"alarms offset fajr 60", 2, "60"},
         {"alarms offset fajr soon", 2, "soon"},
         {"alarms duration fajr 8", 2, "8"},
@@ -100,6 +112,51 @@ TEST(CliErrors, DataThatCannotBeUsed) {
     result = with({"--bundle", builtBundle(), "--data-dir", run.folder.path("file") + "/below", "cities"});
     EXPECT_EQ(result.code, 3);
     EXPECT_NE(result.err.find("--data-dir"), std::string::npos) << result.err;
+}
+
+/// A user database in which the words of a command line come to nothing.
+void expectDataTrouble(CliRunner& run, const std::string& line, const char* says) {
+    const CliResult result = run(line);
+    EXPECT_EQ(result.code, 3) << line << '\n' << result.out << result.err;
+    EXPECT_NE(result.err.find(says), std::string::npos) << line << '\n' << result.err;
+    EXPECT_EQ(result.out, "") << line;
+}
+
+TEST(CliErrors, AUserDatabaseThatCannotBeReadIsNotTakenForAnEmptyOne) {
+    CliRunner run;
+    writeFile(run.folder.path("data/user.sqlite"), "this is no database, it is a text of some length");
+    for (const char* line : {"cities", "cities add Oslo", "alarms", "alarms refresh", "today", "widget"})
+        expectDataTrouble(run, line, "cannot read your cities");
+    EXPECT_EQ(run("today Oslo").code, 0);
+}
+
+TEST(CliErrors, ChangesThatAreNotStoredAreNotReportedAsDone) {
+    CliRunner run;
+    ASSERT_EQ(run("cities add Oslo").code, 0);
+    ASSERT_EQ(run("cities add Ankara").code, 0);
+    ASSERT_EQ(run("alarms on fajr").code, 0);
+    // Triggers refuse every change, whoever runs the test; permissions would not stop root.
+    sqlite3* database = nullptr;
+    ASSERT_EQ(sqlite3_open(run.folder.path("data/user.sqlite").c_str(), &database), SQLITE_OK);
+    for (const char* change : {"INSERT ON USER_CITY", "DELETE ON USER_CITY", "UPDATE ON USER_CITY"}) {
+        const std::string trigger = "CREATE TRIGGER \"" + std::string(change) + "\" BEFORE " + change +
+                                    " BEGIN SELECT RAISE(FAIL, 'no'); END";
+        EXPECT_EQ(sqlite3_exec(database, trigger.c_str(), nullptr, nullptr, nullptr), SQLITE_OK) << trigger;
+    }
+    sqlite3_close(database);
+    expectDataTrouble(run, "cities add Bursa", "the change of Bursa could not be stored");
+    expectDataTrouble(run, "cities home Ankara", "the change of Ankara could not be stored");
+    expectDataTrouble(run, "cities remove Oslo", "the change of Oslo could not be stored");
+}
+
+TEST(CliErrors, AnAlarmThatCannotBeMovedIsSaid) {
+    CliRunner run;
+    ASSERT_EQ(run("cities add Istanbul").code, 0);
+    ASSERT_EQ(run("alarms on fajr").code, 0);
+    // A file in the place of the calendar's folder.
+    std::filesystem::remove_all(run.folder.path("data/calendar"));
+    writeFile(run.folder.path("data/calendar"), "x");
+    expectDataTrouble(run, "alarms refresh", "the alarm fajr could not be moved to its next time");
 }
 
 TEST(CliErrors, ABrokenCatalogueIsDataTroubleOrNoResultButNeverACrash) {

@@ -108,6 +108,17 @@ TEST(CliPages, HelpOfTheProgramAndOfACommand) {
     EXPECT_NE(whole.out.find("Examples:"), std::string::npos);
     EXPECT_NE(run.plain({"table", "--help"}).out.find("--from-id"), std::string::npos);
     EXPECT_EQ(run.plain({"--version"}).out, "zorel 1.0.0\n");
+    EXPECT_EQ(run.plain({"help"}).out, whole.out);
+    EXPECT_EQ(run.plain({"help", "alarms", "on"}).out, run.plain({"alarms", "on", "--help"}).out);
+}
+
+TEST(CliPages, HelpTextsFitIntoATerminal) {
+    CliRunner run;
+    for (const CommandHelp& command : describeCommands()) {
+        std::istringstream lines(run.plain(splitWords(command.name + " --help")).out);
+        for (std::string line; std::getline(lines, line);)
+            EXPECT_LE(cli::displayWidth(line), 80U) << command.name << '\n' << line;
+    }
 }
 
 std::string outputOf(const std::string& command) {
@@ -136,6 +147,25 @@ TEST(CliPages, BashCompletes) {
     EXPECT_EQ(bashOffers("zorel --color a", 2), "auto always\n");
     EXPECT_EQ(bashOffers("zorel alarms on m", 3), "maghrib\n");
     EXPECT_EQ(bashOffers("zorel table --i", 2), "--ics\n");
+    EXPECT_EQ(bashOffers("zorel alarms duration fajr \"\"", 4), "\n");
+}
+
+/// What fish offers at the end of a line.
+std::string fishOffers(const std::string& line) {
+    const TemporaryFolder folder;
+    writeFile(folder.path("zorel.fish"), cli::completionScript("fish"));
+    return outputOf("HOME=" + folder.path() + " fish -c 'source " + folder.path("zorel.fish") +
+                    "; complete -C \"" + line + "\"' 2>&1 | cut -f1 | tr '\\n' ' '");
+}
+
+TEST(CliPages, FishCompletes) {
+    if (outputOf("command -v fish").empty())
+        GTEST_SKIP() << "fish is not installed";
+    EXPECT_EQ(fishOffers("zorel to"), "today tomorrow ");
+    EXPECT_EQ(fishOffers("zorel --lang tr cities "), "add home remove ");
+    EXPECT_EQ(fishOffers("zorel alarms on "), "asr dhuhr fajr isha maghrib sunrise ");
+    EXPECT_EQ(fishOffers("zorel alarms duration fajr "), "");
+    EXPECT_EQ(fishOffers("zorel --color a"), "always auto ");
 }
 
 TEST(CliPages, TheManualPageIsGoodRoff) {

@@ -112,6 +112,10 @@ TEST_F(CliPane, RingtoneAndDuration) {
     ok("cities add Istanbul");
     ok("alarms on isha");
     ok("alarms ringtone isha chimes");
+    writeFile(run.folder.path("tones/Evening Flute.wav"), "x");
+    ok("alarms ringtone isha evening flute");
+    EXPECT_EQ(alarm(5)["ringtone"], "Evening Flute.wav");
+    ok("alarms ringtone isha chimes");
     EXPECT_EQ(alarm(5)["ringtone"], "Chimes.wav");
     const CliResult refused = run("alarms ringtone isha \"It's late\"");
     EXPECT_EQ(refused.code, 3);
@@ -155,6 +159,16 @@ TEST_F(CliPane, NoSuchTimeTodayIsSaidInWords) {
     ok("cities add Istanbul");
     EXPECT_EQ(ok("alarms").out.find("No such time today"), std::string::npos);
     EXPECT_EQ(alarm(0)["no_such_time_today"], false);
+}
+
+TEST_F(CliPane, AlarmsOfACityWithAnotherClockComeWithAWarning) {
+    ok("cities add Istanbul");
+    EXPECT_EQ(ok("alarms").err, "");
+    ok("cities add Tokyo");
+    ok("cities home Tokyo");
+    EXPECT_NE(
+        ok("alarms on fajr").err.find("this machine's clock (UTC+03:00), not by that of Tokyo (UTC+09:00)"),
+        std::string::npos);
 }
 
 TEST_F(CliPane, AnotherCalendarFolder) {

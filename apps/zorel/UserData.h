@@ -1,0 +1,27 @@
+// SPDX-License-Identifier: Apache-2.0
+/// @file
+/// The user database as the command line sees it beside the pane: whether it can be read, whose home it
+/// names.
+#pragma once
+
+#include <cstdint>
+#include <string>
+
+namespace zorel::cli {
+
+/// Makes the data folder. @throws CliError (data trouble) when that fails.
+void makeDataDir();
+
+/// @throws CliError (data trouble) when there is a user database that cannot be read. The pane would take it
+/// for an empty one.
+void requireReadableUserData();
+
+/// The catalogue id of the home city, read from the user database by the pane's rule: the first city marked
+/// as home, else the first one; 0 when there is none.
+/// @throws CliError (data trouble) when there is a user database that cannot be read.
+[[nodiscard]] std::int32_t homeCityId();
+
+/// What to do when something could not be stored.
+[[nodiscard]] std::string storingHint();
+
+} // namespace zorel::cli
