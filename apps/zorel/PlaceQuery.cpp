@@ -90,7 +90,15 @@ PlaceQuery coordinates(std::string_view text) {
     return point;
 }
 
+/// Figures without the comma of a point: "41.01 28.97", "-1".
+bool isOnlyFigures(std::string_view text) {
+    return !text.empty() && text.find_first_not_of("0123456789.+- ") == std::string_view::npos;
+}
+
 PlaceQuery byName(std::string_view text) {
+    if (isOnlyFigures(text))
+        throw CliError(Exit::badUse, fmt::format("{} is neither a name nor a point", quote(text)),
+                       "write a point as 41.01,28.97 or 41.01,28.97,Europe/Istanbul");
     PlaceByName place;
     for (const std::string_view part : split(text, ",/")) {
         if (place.name.empty())

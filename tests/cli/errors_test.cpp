@@ -38,6 +38,8 @@ TEST(CliErrors, EachSaysWhatIsWrongAndWhatToDo) {
         {"today 99999999999", 2, "too large"},
         {"today ab", 2, "too short"},
         {"today 91,0", 2, "latitude"},
+        {"today 41.01 28.97", 2, "write a point as 41.01,28.97"},
+        {"today -1", 2, "neither a name nor a point"},
         {"today 0,200", 2, "longitude"},
         {"today 1,2,Mars/Olympus", 2, "no time zone"},
         {"today 1,2,../../etc/passwd", 2, "no time zone"},
