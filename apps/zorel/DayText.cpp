@@ -84,7 +84,8 @@ std::string flagsText(const Context& context, const DayFlags& flags) {
                             dayAndMonth(*date, context.language)));
     };
     if (flags.loweredLatitude)
-        add(fmt::format("{} {:.4g}°", context.word(Word::latitudeLowered), *flags.loweredLatitude));
+        add(fmt::format("{} {:.4g}° {}", context.word(Word::latitudeLowered),
+                        std::abs(*flags.loweredLatitude), *flags.loweredLatitude < 0.0 ? 'S' : 'N'));
     addTaken(PrayerTimes::dawn, flags.dawnFrom);
     addTaken(PrayerTimes::nightfall, flags.nightfallFrom);
     addTaken(PrayerTimes::secondNightfall, flags.secondNightfallFrom);

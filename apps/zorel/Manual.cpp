@@ -75,9 +75,10 @@ const std::vector<Section>& sections() {
          "comes "
          "after midnight. \"! latitude lowered to\" says that the Sun does not rise or set there that day, "
          "so "
-         "that the times are those of the nearest lower latitude at which it does; \"taken from\" that the "
-         "sky "
-         "does not get dark enough, so that the time is that of the named earlier day."},
+         "that the times are those of the nearest latitude at which it does, whole degrees farther south (in "
+         "the Antarctic there may be none, and such times are \"none today\"); \"taken from\" that the sky "
+         "does "
+         "not get dark enough, so that the time is that of the named earlier day."},
         {"ROUNDING",
          {},
          "Times are shown in whole minutes. Dawn, sunrise, the time before noon, the afternoon 5 degree "
