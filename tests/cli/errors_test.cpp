@@ -103,7 +103,7 @@ TEST(CliErrors, DataThatCannotBeUsed) {
     const std::string empty = run.folder.path("empty");
     std::filesystem::create_directories(empty);
     const std::string data = run.folder.path("data");
-    const auto with = [&](std::vector<std::string> words) { return run.plain(words); };
+    const auto with = [&](const std::vector<std::string>& words) { return run.plain(words); };
     CliResult result = with({"--bundle", empty, "--data-dir", data, "today", "Ankara"});
     EXPECT_EQ(result.code, 3);
     EXPECT_NE(result.err.find("cities.sqlite"), std::string::npos) << result.err;
