@@ -4,12 +4,6 @@
 #include "platform/foundation/Clock.h"
 
 namespace zorel {
-namespace {
-
-/// A day that lies this close below the next one is the next one [d].
-constexpr double kDayTolerance = 0.00001;
-
-} // namespace
 
 double GlobalFuncs::CalculateJulianDay(std::int32_t year, std::int32_t month, std::int32_t day,
                                        std::int32_t hour, std::int32_t minute, std::int32_t second) const {
@@ -21,10 +15,7 @@ double GlobalFuncs::GregorianDateToJulian(const DateTimeRecord& record) const {
 }
 
 DateTimeRecord GlobalFuncs::JulianToGregorian(double julianDay) const {
-    DateTimeRecord record;
-    const double dayWithFraction = dates_.JulianToCalendar(julianDay, record, 1);
-    record.day = static_cast<std::int32_t>(dayWithFraction + kDayTolerance);
-    return record;
+    return dates_.JulianToGregorian(julianDay);
 }
 
 int GlobalFuncs::DayOfWeek(std::int32_t year, std::int32_t month, std::int32_t day) const {

@@ -19,13 +19,6 @@ constexpr double kEraStart = 1721425.5;
 /// First day number of the Gregorian calendar.
 constexpr double kGregorianStart = 2299160.5;
 
-bool isJulianCalendar(std::int32_t year, std::int32_t month, std::int32_t day) {
-    if (year != 1582) {
-        return year < 1582;
-    }
-    return month < 10 || (month == 10 && day < 15);
-}
-
 struct CalendarDay {
     std::int64_t year;
     std::int64_t month;
@@ -60,6 +53,13 @@ DateTimeRecord DateRecordMake(std::int32_t day, std::int32_t month, std::int32_t
     return {year, month, day, hour, minute, second, 0.0};
 }
 
+bool AstroGlobalFuncs::isJulianDate(std::int32_t day, std::int32_t month, std::int32_t year) {
+    if (year != 1582) {
+        return year < 1582;
+    }
+    return month < 10 || (month == 10 && day < 15);
+}
+
 double AstroGlobalFuncs::CalculateJulianDay(std::int32_t year, std::int32_t month, std::int32_t day,
                                             std::int32_t hour, std::int32_t minute,
                                             std::int32_t second) const {
@@ -71,7 +71,7 @@ double AstroGlobalFuncs::CalculateJulianDay(std::int32_t year, std::int32_t mont
         M += 12;
     }
     const std::int64_t K = Y / 100;
-    const std::int64_t B = isJulianCalendar(year, month, day) ? -38 : K / 4 - K;
+    const std::int64_t B = isJulianDate(day, month, year) ? -38 : K / 4 - K;
     const std::int64_t days = B + Y * 36525 / 100 + (M + 1) * 306 / 10 + day;
     const std::int64_t seconds = static_cast<std::int64_t>(hour) * 3600 + std::int64_t{60} * minute + second;
     return static_cast<double>(days) - 32167.5 + (static_cast<double>(seconds) + kSecondGuard) / 86400.0;

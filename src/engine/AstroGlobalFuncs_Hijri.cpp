@@ -14,13 +14,6 @@ constexpr std::int64_t kHijriEpoch = 1948440; // first day of the year 1
 constexpr std::int64_t kCycleDays = 10631;    // thirty years
 constexpr HijriDate kBeforeEpoch{-1, -1, -1};
 
-bool isJulianDate(std::int32_t day, std::int32_t month, std::int32_t year) {
-    if (year != 1582) {
-        return year < 1582;
-    }
-    return month < 10 || (month == 10 && day < 15);
-}
-
 std::int64_t julianDayNumber(std::int64_t D, std::int64_t M, std::int64_t Y) {
     return 367 * Y - 7 * (Y + 5001 + (M - 9) / 7) / 4 + 275 * M / 9 + D + 1729777;
 }

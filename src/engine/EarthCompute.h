@@ -12,14 +12,16 @@ namespace zorel {
 /// as in Meeus, Astronomical Algorithms, and Reda & Andreas, NREL/TP-560-34302. Holds no state.
 class EarthCompute {
 public:
-    /// @param julianDay Julian day. @return heliocentric longitude [rad], not reduced.
+    // At a Julian day of uniform time.
+
+    /// @return heliocentric longitude [rad], not reduced.
     [[nodiscard]] double EarthL(double julianDay) const;
     /// @return heliocentric latitude [rad].
     [[nodiscard]] double EarthB(double julianDay) const;
     /// @return radius vector [au].
     [[nodiscard]] double EarthR(double julianDay) const;
 
-    /// One series sum; tau in Julian millennia from J2000.
+    // Sums of one series [1e-8 rad or 1e-8 au]; tau in Julian millennia from J2000.
     [[nodiscard]] double _L0(double tau) const;
     [[nodiscard]] double _L1(double tau) const;
     [[nodiscard]] double _L2(double tau) const;

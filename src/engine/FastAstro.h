@@ -24,8 +24,12 @@ namespace zorel {
 /// fields, which are documented results: each call overwrites the ones it computes, and callers read them
 /// right after.
 ///
-/// Units: angles in degrees, right ascension and sidereal time in hours, equation of time in minutes, times
-/// of day in decimal hours. Nothing is thrown: events that do not occur yield -1 (Sun) or -1650 (Moon).
+/// Units, unless a line says otherwise: angles [deg], right ascension and sidereal time [h], equation of time
+/// [min], times of day [decimal hours]. Dates are civil dates; a `julianDay` is one of universal time, which
+/// the theories take for uniform time (DeltaT.h is not applied). `T` is in Julian centuries from J2000. What
+/// depends on a place uses `Lat` and `Lon` unless it is handed one; longitudes are east positive except those
+/// named `westLongitude`. Nothing is thrown: events that do not occur yield -1 (Sun) or -1650 (Moon), and
+/// arguments that are not finite give results that are not.
 class FastAstro {
 public:
     // Fields.
@@ -33,92 +37,141 @@ public:
     MoonCompute moonCompute;
     EarthCompute earthCompute;
     PlaceRecord iPlace;
-    double Lat = 0.0;  ///< [deg] north positive
-    double Lon = 0.0;  ///< [deg] east positive
-    double tLat = 0.0; ///< geocentric latitude [deg]
+    double Lat = 0.0;  ///< north positive
+    double Lon = 0.0;  ///< east positive
+    double tLat = 0.0; ///< geocentric latitude
     SunInfoForPray SunInfo;
     SunDetails Sun;
     MoonInfo Moon;
-    std::string iGMTText;
+    std::string iGMTText; ///< the caller's own
     DateTimeRecord iCurrentDate;
-    double SunDec = 0.0;            ///< [deg]
-    double SunRA = 0.0;             ///< [h]
-    double SunDistance = 0.0;       ///< [au]
-    double MoonDec = 0.0;           ///< [deg]
-    double MoonRA = 0.0;            ///< [h]
-    double MoonGHA = 0.0;           ///< [deg]
+    double SunDec = 0.0;
+    double SunRA = 0.0;
+    double SunDistance = 0.0; ///< [au]
+    double MoonDec = 0.0;
+    double MoonRA = 0.0;
+    double MoonGHA = 0.0;
     double MoonDist = 0.0;          ///< [km]
-    double MoonAlt = 0.0;           ///< geocentric [deg]
-    double MoonAzi = 0.0;           ///< [deg]
-    double MoonRise = 0.0;          ///< [h], or -1650
-    double MoonSet = 0.0;           ///< [h], or -1650
-    double MoonTrans = 0.0;         ///< [h]
-    double EclipticLongitude = 0.0; ///< of the Sun [deg]
+    double MoonAlt = 0.0;           ///< geocentric
+    double MoonAzi = 0.0;           ///< the caller's own; the azimuth is in `Moon`
+    double MoonRise = 0.0;          ///< universal time, or -1650
+    double MoonSet = 0.0;           ///< universal time, or -1650
+    double MoonTrans = 0.0;         ///< universal time; see MoonTransTime
+    double EclipticLongitude = 0.0; ///< of the Sun
     double trho = 0.0;              ///< observer's distance from the Earth's centre [equatorial radii]
-    double SRT = 0.0;               ///< local sidereal time [h]
-    double YE = 0.0;                ///< extreme value of the last quadratic
-    double Zero1 = 0.0;             ///< its roots, in steps from the centre
+    double SRT = 0.0;               ///< local sidereal time
+    double YE = 0.0;                ///< extreme value of the last parabola (Quad)
+    double Zero1 = 0.0;             ///< its roots [steps from the centre]
     double Zero2 = 0.0;
-    double DX = 0.0;     ///< half the distance of the roots
+    double DX = 0.0;     ///< half the distance of the roots [steps]
     double L_Moon = 0.0; ///< ecliptic longitude of the Moon [rad]
     double B_Moon = 0.0; ///< ecliptic latitude of the Moon [rad]
-    double UTRise = 0.0; ///< [h UT], -1 if not found
-    double UTSet = 0.0;  ///< [h UT], -1 if not found
-    bool Rise = false;
-    bool Sett = false;
+    double UTRise = 0.0; ///< sunrise, universal time, -1 if not found
+    double UTSet = 0.0;  ///< sunset, universal time, -1 if not found
+    bool Rise = false;   ///< sunrise was found
+    bool Sett = false;   ///< sunset was found
 
-    // Place and date.
+    // Place and date (FastAstro_Place.cpp).
     void SetLatLon(double latitude, double longitude);
     void SetCurrentDate(std::int32_t day, std::int32_t month, std::int32_t year);
     void SetCurrentDateTime(const DateTimeRecord& record);
-    /// The date must have been set before: it decides whether daylight saving is in force.
+    /// The date must have been set before: it decides whether daylight saving is in force, which adds one
+    /// hour to the zone. @param timeZone standard offset [h]. @param dstInUse 1: the place has a rule, whose
+    /// months and days are coded as for AstroGlobalFuncs::IsDSTDay. @param dstShift [h]. @param elevation 1:
+    /// temkin for surroundings up to 500 m, else up to 250 m.
     void SetPlace(double latitude, double longitude, double timeZone, std::int32_t dstInUse,
                   std::int32_t startMonth, std::int32_t startDay, std::int32_t stopMonth,
                   std::int32_t stopDay, std::int32_t dstShift, std::int32_t elevation);
+    /// @param record in: local time of the place; out: universal time. The whole hours of the zone are taken
+    /// off, and the rule's shift on a day of daylight saving.
+    void SetUniversalTime(DateTimeRecord& record) const;
+    /// @param time in: universal time of the date; out: local time, not brought into one day. The reverse of
+    /// SetUniversalTime; -1 stays.
+    void SetLocalTime(double& time, const DateTimeRecord& date) const;
+    /// @param record in, out: moved by whole days.
+    void SetLocalTimeManual(DateTimeRecord& record, std::int32_t days) const;
 
     /// Whether positions and events of the Sun are remembered between calls, and hours and days that cannot
     /// hold an event are passed over (both at first). The results are the same to the last bit either way.
     void RememberSun(bool remember);
     [[nodiscard]] bool RemembersSun() const { return sunCache.enabled; }
 
-    // Sun (FastAstro_Sun.cpp).
+    // Position of the Sun, sidereal time, horizontal coordinates (FastAstro_Sun.cpp).
+
+    /// Short series, within 0.01 degree: SunDec, SunRA, EclipticLongitude.
     void SunDecRA(double julianDay);
+    /// Theory of EarthCompute, apparent place: SunDec, SunRA, SunDistance.
     void SunDecRAAccurate(double julianDay);
+    /// Mean longitude of the Sun, [0, 360).
     [[nodiscard]] double SunL(double T) const;
+    /// True obliquity of the ecliptic.
     [[nodiscard]] double Epsilon(double T) const;
+    /// Nutation in longitude.
     [[nodiscard]] double DeltaPSI(double T) const;
+    /// @param rightAscension of the Sun.
     [[nodiscard]] double EquationOfTime(double julianDay, double rightAscension) const;
+    /// Greenwich mean sidereal time, not reduced.
     [[nodiscard]] double GM_Sidereal_Time(double julianDay) const;
+    /// Local mean sidereal time within (-24, 24), of the sign that the unreduced hours have.
     [[nodiscard]] double LM_Sidereal_Time(double julianDay, double westLongitude) const;
+    /// The same from a modified Julian day (Julian day - 2400000.5), not bit by bit.
     [[nodiscard]] double LMST(double modifiedJulianDay, double eastLongitude) const;
+    /// Greenwich hour angle of the Sun, at most 360, by a Fourier series. @param hour universal time.
     [[nodiscard]] double ComputeGHA(std::int32_t day, std::int32_t month, std::int32_t year,
                                     double hour) const;
+    /// Sine of the geocentric altitude of a position.
     [[nodiscard]] double SinElev(double julianDay, double latitude, double westLongitude, double declination,
                                  double rightAscension) const;
+    /// The altitude itself.
     [[nodiscard]] double SunElev(double julianDay, double latitude, double westLongitude, double declination,
                                  double rightAscension) const;
+    /// Altitude of a declination and Greenwich hour angle.
     [[nodiscard]] double SunAltitude(double declination, double gha) const;
+    /// Azimuth from north, clockwise, [0, 360]; not-a-number where rounding leaves none (zenith, poles).
     [[nodiscard]] double SunAzimuth(double declination, double gha, double altitude) const;
+    /// Refraction at a true altitude [deg]; Saemundsson's formula (Meeus ch. 15).
     [[nodiscard]] double Refract(double altitude) const;
-    int Quad(double yMinus, double yPlus, double yZero);
-    void RiseSet(std::int32_t day, std::int32_t month, std::int32_t year, std::int32_t hour);
-    void SunRiseSet(std::int32_t day, std::int32_t month, std::int32_t year);
-    void SunRiseSetTrans(const DateTimeRecord& date, SunDetails& sun);
-    void SetUniversalTime(DateTimeRecord& record) const;
-    void SetLocalTime(double& time, const DateTimeRecord& date) const;
-    void SetLocalTimeManual(DateTimeRecord& record, std::int32_t days) const;
 
-    // Prayer times (FastAstro_Prayer.cpp).
+    // Events of the Sun (FastAstro_SunEvents.cpp).
+
+    /// The parabola through y at -1, 0 and +1: YE, Zero1, Zero2, DX. @return how many roots lie in [-1, 1];
+    /// of one, Zero1 is the root. Without a real root the roots stay as they were.
+    int Quad(double yMinus, double yPlus, double yZero);
+    /// Looks for sunrise and sunset (upper limb, altitude -50') within an hour of a full hour of universal
+    /// time [h, -24 to 47 of the date]: UTRise and Rise, UTSet and Sett; unchanged where there is none.
+    void RiseSet(std::int32_t day, std::int32_t month, std::int32_t year, std::int32_t hour);
+    /// Sunrise and sunset of the local day, by the whole hours of the zone: UTRise, UTSet, Rise, Sett. The
+    /// hours are those of the universal clock, so that they may belong to the neighbouring date.
+    void SunRiseSet(std::int32_t day, std::int32_t month, std::int32_t year);
+    /// @param sun in: right ascension; out: rise, set and transit [h universal time], equation of time.
+    void SunRiseSetTrans(const DateTimeRecord& date, SunDetails& sun);
+
+    // Prayer times (FastAstro_Prayer.cpp, PrayerDay.cpp).
+
+    /// Qibla and times of the current date into iPlace, which is returned.
     PlaceRecord CalculatePrayTimes();
+    /// Qibla and times of the day after the current date into iPlace.
     void CalculateNextPrayTimes();
+    /// The sixteen times of a date in the zone of iPlace. @param elevation true: temkin for 500 m, false: for
+    /// 250 m. @param out in, out: index 13, and flags and latitude that do not apply, stay. @param qibla of
+    /// the place, for the qibla time.
     void CalculateAllPrayTimes(double latitude, double longitude, std::int32_t day, std::int32_t month,
                                std::int32_t year, std::int32_t hour, std::int32_t minute, std::int32_t second,
                                bool elevation, PrayerTimes& out, const QiblaRecord& qibla);
+    /// The time at which the Sun stands at an altitude, by iteration. @param longitudeTerm minus the
+    /// longitude, as time [h]. @param temkin signed [h]. @param timeZone [h]. @param time out: local time,
+    /// may be not-a-number. @param altitude 1 or 2: the shadow rules. @param direction -1 morning, +1
+    /// afternoon. @return whether the event occurs.
     bool Iterasyon(double latitude, double longitudeTerm, double temkin, double timeZone, double& time,
                    std::int32_t altitude, std::int32_t direction, SunInfoForPray info) const;
+    /// What the times of a date need of the Sun; also left in SunInfo.
     SunInfoForPray SunInformationForPray(std::int32_t day, std::int32_t month, std::int32_t year);
+    /// @param hours in, out: rounded to the nearest minute, and one second more.
     void MinuteCorrection(double& hours) const;
+    /// Direction of the Kaaba on the sphere (FastAstro_Qibla.cpp).
     [[nodiscard]] QiblaRecord KibleAcisi(double latitude, double longitude) const;
+    /// @param shift [h]. @param times in, out: every time that occurs is moved; of the middle and the first
+    /// third of the night, 24 h are then taken off where they are reached.
     void SetPrayTimesToDSTTimes(double shift, PrayerTimes& times) const;
     /// Why a time of the current date, or of another one with today's zone, is what it is. Computes the day
     /// once more beside this engine. @param index position in PrayerTimes::times; outside 0 to 15 the rule is
@@ -126,61 +179,123 @@ public:
     [[nodiscard]] PrayTimeExplanation ExplainPrayTime(int index) const;
     [[nodiscard]] PrayTimeExplanation ExplainPrayTime(int index, const DateTimeRecord& date) const;
 
-    // Sunset-based clock (FastAstro_Ezani.cpp).
+    // Sunset-based clock: 12 h is the sunset prayer (FastAstro_Ezani.cpp).
+
+    /// The hours cut off to the minute, in single precision.
     [[nodiscard]] double TimeToHourDeg(double hours) const;
+    /// A local time on the sunset-based clock, at most 13.
     [[nodiscard]] double CalculateEzaniTimes(double time, const PrayerTimes& times) const;
+    /// @param times in: the times; out: `ezani`, but for index 13 and a dawn that does not occur.
     void CalculateAllEzaniTimes(PrayerTimes& times) const;
 
-    // Moon's position (FastAstro_Moon.cpp).
+    // Position of the Moon (FastAstro_Moon.cpp).
+
+    /// Short series, within some arc minutes: MoonDec, MoonRA, MoonGHA, L_Moon, B_Moon.
     void MoonDecRA(double julianDay);
+    /// Theory of MoonCompute: MoonDec, MoonRA, MoonDist, MoonGHA.
     void MoonDecRAAccurate(double julianDay);
+    /// Local mean sidereal time [s], within one day either way.
     [[nodiscard]] double MoonSideRealTime(double julianDay) const;
+    /// Geocentric altitude by the short series; also left in MoonAlt.
     double MoonTrueAltitude(double julianDay);
+    /// Distance [km] by a short series of the parallax.
     [[nodiscard]] double MoonDistance(double julianDay) const;
+    /// Parallax in altitude [deg]. @param distance [km].
     [[nodiscard]] double MoonParallax(double altitude, double distance) const;
+    /// Topocentric altitude with (a small part of) the refraction. @param record universal time.
     double MoonAppAltitude(const DateTimeRecord& record);
+    /// Azimuth from north, clockwise, [0, 360]; not-a-number where rounding leaves none (zenith, poles).
     [[nodiscard]] double MoonAzimuth(double declination, double gha, double altitude) const;
+    /// The observer on the ellipsoid of the Earth: tLat, trho.
     void CalculateTLong();
+    /// @param rightAscension, declination in, out [rad]. @param siderealAngle local [rad].
     void DiurnalAberration(double& rightAscension, double& declination, double siderealAngle) const;
+    /// The same for the parallax of the observer at tLat and trho. @param distance of the body [au]; beyond
+    /// 1758.8 au nothing changes.
     void DiurnalParallax(double& rightAscension, double& declination, double siderealAngle,
                          double distance) const;
+    /// Topocentric altitude without refraction, and azimuth from north, clockwise, for declination, right
+    /// ascension, sidereal time and distance in `Moon` and the observer at tLat and trho. Both out.
     void MoonAltitudeAzimuth(double& altitude, double& azimuth) const;
+    /// Radians to degrees, not negative.
     [[nodiscard]] double MoonLambda(double radians) const;
 
-    // Moon's events and phases (FastAstro_MoonEvents.cpp).
+    // Events of the Moon (FastAstro_MoonEvents.cpp).
+
+    /// Sine of the geocentric altitude by MoonSideRealTime; the longitude is `Lon`, the third argument is not
+    /// used.
     [[nodiscard]] double SinElev2(double julianDay, double latitude, double westLongitude, double declination,
                                   double rightAscension) const;
+    /// Looks for moonrise and moonset (altitude +0.1333) within an hour of a full hour of universal time [h,
+    /// -24 to 47 of the date]: MoonRise, MoonSet; unchanged where there is none.
     void MoonRiseSet(std::int32_t day, std::int32_t month, std::int32_t year, std::int32_t hour);
+    /// The first moonrise of the local day, by the whole hours of the zone: MoonRise, -1650 without one.
+    /// MoonDay.h has the events by the clock of the place.
     void MoonRiseTime(std::int32_t day, std::int32_t month, std::int32_t year);
+    /// The same for moonset: MoonSet.
     void MoonSetTime(std::int32_t day, std::int32_t month, std::int32_t year);
+    /// Always 25 h 1 min, wherever the Moon culminates; also left in MoonTrans. MoonDay.h has the transit.
     double MoonTransTime(std::int32_t day, std::int32_t month, std::int32_t year);
+    /// @param moon out: rise, set and transit as the three above find them.
     void MoonRiseSetTrans(const DateTimeRecord& date, MoonInfo& moon);
+
+    // Phases of the Moon (FastAstro_MoonPhases.cpp).
+
+    /// Illuminated part of the disc, 0 to 1.
     [[nodiscard]] double Phase(double T) const;
+    /// Distance of the Moon from the Sun on the sky, 0 to 180.
     double MoonElongation(double julianDay);
+    /// An angle brought into [0, 360).
     [[nodiscard]] double ToDeg(double degrees) const;
+    /// Julian day of uniform time of the principal phase in the lunation of a decimal year. @param phase 0
+    /// new moon, 1 full moon, 2 first quarter, 3 last quarter; any other: the mean new moon. Every phase is
+    /// 0.09765 day early; NextPhases in MoonDay.h puts that right.
     [[nodiscard]] double MoonPhaze(double decimalYear, int phase) const;
+
+    // Records of the Moon (FastAstro_MoonInfo.cpp). Their date and time are universal time.
+
+    /// Everything in `Moon`, which is returned, but rise, transit and set. Moves the engine to the place.
     MoonInfo MoonInformation(const DateTimeRecord& record, double latitude, double longitude);
+    /// Events of the record's date in local time (-1650 is moved by the zone too), altitude, azimuth and
+    /// elongation. @param out but for its first four fields.
     void MoonInformationForDirection(const DateTimeRecord& record, MoonDirectionInfo& out);
+    /// The same with the events in universal time.
     void MoonInformationForDirectionWithoutLocalTime(const DateTimeRecord& record, MoonDirectionInfo& out);
+    /// @param place not used: the engine's own counts. @param out but for its first two fields.
     void MoonInformationforCrescent(const DateTimeRecord& date, const PlaceRecord& place,
                                     MoonCrescentInfo& out);
 
     // Hijri calendar (FastAstro_Crescent.cpp, FastAstro_Hijri.cpp).
+
+    /// @param record in: universal time of a new moon; out: when the Moon then is 7.972 to 7.982 degrees away
+    /// from the Sun, to the minute. The search ends after 1000 h without that.
     void GetCrescentDate(DateTimeRecord& record);
     /// The observed month that a civil date lies in; nothing when no new moon fits. Moves the engine's place
     /// to the reference place of the crescent, as every observation-based date does.
     std::optional<HijriMonthStart> FindHijriMonth(std::int32_t day, std::int32_t month, std::int32_t year);
+    /// Observation-based Hijri date of a civil date: the day of the observed month, month and year of the
+    /// arithmetic calendar. The arithmetic date where no month is found.
     void _RealGregJulToHicri(std::int32_t day, std::int32_t month, std::int32_t year, HijriDate& out);
+    /// The same, a day 30 belonging to the month of the day before.
     void RealGregJulToHicri(std::int32_t day, std::int32_t month, std::int32_t year, HijriDate& out);
+    /// Civil, observation-based Hijri and Rumi date, and the half of the year.
     void ConvertAllCalendar(const DateTimeRecord& date, AllCalendarRecord& out);
 
-    // Widget summary and details of the Sun (FastAstro_Widget.cpp).
+    // Widget summary and records of the Sun (FastAstro_Widget.cpp).
+
+    /// Events of the current date at iPlace's zone.
     WidgetAstroInfo getSomeInfoForZorelWidget();
+    /// Everything in `Sun`, which is returned. Moves the engine to the place. @param record universal time;
+    /// rise and set of its date come in local time, the transit in universal time.
     SunDetails SunInformation(const DateTimeRecord& record, double latitude, double longitude);
+    /// Rise and set of the record's date in local time, azimuth and altitude at its universal time.
     void SunInformationForDirection(const DateTimeRecord& record, SunDirectionInfo& out);
+    /// Rise and set of the record's date in universal time.
     void SunInformationForCrescent(const DateTimeRecord& record, SunCrescentInfo& out);
 
 private:
+    /// Hours from universal to local time, whole; absurd zones are brought into a countable range.
+    [[nodiscard]] std::int32_t wholeZone() const;
     /// Sine of the Sun's altitude above the altitude of its rise, at a full hour of universal time.
     double riseSine(std::int32_t day, std::int32_t month, std::int32_t year, std::int32_t hour);
     /// Position of the Sun and sine of its altitude at an instant, remembered.
@@ -198,6 +313,8 @@ private:
     /// Declination and equation of time of a day into SunInfo, at `position` and `position` + 3.
     void sunInfoOfDay(double julianDay, int position);
 
+    /// MoonSideRealTime in hours.
+    [[nodiscard]] double moonSiderealHours(double julianDay) const;
     /// Searches the day hour by hour until `event`, which is MoonRise or MoonSet, is found.
     void SearchMoonEvent(double& event, std::int32_t day, std::int32_t month, std::int32_t year);
     /// The Moon's direction record, with the events in local time or as found.

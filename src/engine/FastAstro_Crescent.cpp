@@ -2,7 +2,6 @@
 // When the new crescent can be seen, and which civil day a Hijri month begins with.
 #include "engine/FastAstro.h"
 #include "engine/Integers.h"
-#include "engine/Single.h"
 
 namespace zorel {
 

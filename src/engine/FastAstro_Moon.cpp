@@ -106,6 +106,11 @@ double FastAstro::MoonSideRealTime(double julianDay) const {
     return seconds - single(std::trunc(seconds / 86400.0) * 86400.0);
 }
 
+double FastAstro::moonSiderealHours(double julianDay) const {
+    constexpr double kHoursPerRadian = single(3.8197186);
+    return MoonSideRealTime(julianDay) * kRadiansPerDegree / 240.0 * kHoursPerRadian;
+}
+
 double FastAstro::MoonTrueAltitude(double julianDay) {
     MoonDecRA(julianDay);
     const double H =

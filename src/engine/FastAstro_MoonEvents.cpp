@@ -5,7 +5,6 @@
 #include "engine/Integers.h"
 #include "engine/Single.h"
 
-#include <algorithm>
 #include <cmath>
 
 namespace zorel {
@@ -13,7 +12,6 @@ namespace zorel {
 namespace {
 
 constexpr double kHour = 0.0416666679084301; // [day]
-constexpr double kHoursPerRadian = single(3.8197186);
 
 /// Altitude sine above that of rise and set.
 double aboveHorizon(FastAstro& engine, double julianDay) {
@@ -22,17 +20,11 @@ double aboveHorizon(FastAstro& engine, double julianDay) {
            MoonDayScan::kHorizon;
 }
 
-/// Zone offset in whole hours, kept where hours still fit an integer.
-std::int32_t wholeZone(double timeZone) {
-    return std::clamp(toInt(timeZone), -1000000, 1000000);
-}
-
 } // namespace
 
 double FastAstro::SinElev2(double julianDay, double latitude, double, double declination,
                            double rightAscension) const {
-    const double theta = MoonSideRealTime(julianDay) * kRadiansPerDegree / 240.0 * kHoursPerRadian;
-    double H = (theta - rightAscension) * 15.0;
+    double H = (moonSiderealHours(julianDay) - rightAscension) * 15.0;
     if (H < 0.0) {
         H += 360.0;
     }
@@ -65,7 +57,7 @@ void FastAstro::MoonRiseSet(std::int32_t day, std::int32_t month, std::int32_t y
 
 void FastAstro::SearchMoonEvent(double& event, std::int32_t day, std::int32_t month, std::int32_t year) {
     event = kNoLunarEvent;
-    const std::int32_t firstHour = 1 - wholeZone(iPlace.timeZone);
+    const std::int32_t firstHour = 1 - wholeZone();
     moonDayScan.prepare(*this, day, month, year, firstHour);
     constexpr int last = MoonDayScan::kHours - 1;
     for (int i = 0; i <= last && event == kNoLunarEvent; ++i) {

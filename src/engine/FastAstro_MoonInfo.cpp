@@ -10,13 +10,7 @@ namespace zorel {
 
 namespace {
 
-constexpr double kHoursPerRadian = single(3.8197186);
 constexpr double kMinute = 0.0006944444612599909; // [day]
-
-double siderealHours(const FastAstro& engine, double julianDay) {
-    return addWhileNegative(engine.MoonSideRealTime(julianDay) * kRadiansPerDegree / 240.0 * kHoursPerRadian,
-                            24.0);
-}
 
 /// Parallax and semi-diameter follow from the distance alone.
 void fillSizes(MoonInfo& moon) {
@@ -36,7 +30,7 @@ MoonInfo FastAstro::MoonInformation(const DateTimeRecord& record, double latitud
     Moon.rightAscension = MoonRA;
     Moon.gha = MoonGHA;
     Moon.distance = MoonDist;
-    SRT = siderealHours(*this, julianDay);
+    SRT = addWhileNegative(moonSiderealHours(julianDay), 24.0);
     Moon.siderealTime = SRT;
     MoonAltitudeAzimuth(Moon.apparentAltitude, Moon.azimuth);
     Moon.geocentricAltitude = MoonTrueAltitude(julianDay);
@@ -88,7 +82,7 @@ void FastAstro::MoonInformationforCrescent(const DateTimeRecord& date, const Pla
     Moon.declination = MoonDec;
     Moon.rightAscension = MoonRA;
     Moon.distance = MoonDist; // of the last full position; the short series gives none
-    SRT = siderealHours(*this, julianDay);
+    SRT = addWhileNegative(moonSiderealHours(julianDay), 24.0);
     Moon.siderealTime = SRT;
     Moon.apparentAltitude = MoonAppAltitude(normalised);
     out.apparentAltitude = Moon.apparentAltitude;

@@ -3,6 +3,8 @@
 #include "engine/FastAstro.h"
 #include "engine/Integers.h"
 
+#include <algorithm>
+
 namespace zorel {
 
 namespace {
@@ -52,6 +54,11 @@ void FastAstro::SetPlace(double latitude, double longitude, double timeZone, std
         iPlace.timeZone += 1.0; // one hour, whatever the shift of the rule
     }
     iPlace.elevation = elevation == 1;
+}
+
+std::int32_t FastAstro::wholeZone() const {
+    constexpr std::int32_t kBound = 1000000; // [h]
+    return std::clamp(toInt(iPlace.timeZone), -kBound, kBound);
 }
 
 void FastAstro::SetUniversalTime(DateTimeRecord& record) const {

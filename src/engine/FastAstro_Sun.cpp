@@ -4,7 +4,6 @@
 // 24, 27.
 #include "engine/Angles.h"
 #include "engine/FastAstro.h"
-#include "engine/Integers.h"
 #include "engine/Single.h"
 
 #include <cmath>

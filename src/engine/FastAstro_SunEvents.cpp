@@ -8,17 +8,6 @@
 
 namespace zorel {
 
-namespace {
-
-/// Hours from universal to local time, whole. The bound keeps hours of absurd zones countable.
-std::int32_t wholeZone(const PlaceRecord& place) {
-    constexpr std::int32_t kBound = 1000000;
-    const std::int32_t zone = toInt(place.timeZone);
-    return zone > kBound ? kBound : (zone < -kBound ? -kBound : zone);
-}
-
-} // namespace
-
 int FastAstro::Quad(double yMinus, double yPlus, double yZero) {
     const double a = (yMinus + yPlus) / 2.0 - yZero;
     const double b = (yPlus - yMinus) / 2.0;
@@ -72,7 +61,7 @@ void FastAstro::RiseSet(std::int32_t day, std::int32_t month, std::int32_t year,
 }
 
 void FastAstro::SunRiseSet(std::int32_t day, std::int32_t month, std::int32_t year) {
-    const std::int32_t zone = wholeZone(iPlace);
+    const std::int32_t zone = wholeZone();
     if (recallRiseSet(day, month, year, zone)) {
         return;
     }

@@ -38,28 +38,18 @@ public:
     static constexpr int kCoefficients = 195;
     using Coefficients = std::array<double, kCoefficients>;
 
-    /// The field of one place and time.
-    struct Field {
-        double declination = 0.0;    ///< [rad]
-        double totalIntensity = 0.0; ///< [nT]
-        double horizontalIntensity = 0.0;
-        double inclination = 0.0; ///< [rad]
-        double north = 0.0;       ///< [nT]
-        double east = 0.0;
-        double down = 0.0;
-    };
-
+    // Results of the date set, and (Temp) of the set one year later. Intensities and components in [nT].
     Coefficients gha{};        ///< coefficients at the date [nT]
     Coefficients ghb{};        ///< and one year later
     double iDeclination = 0.0; ///< [rad], in degrees after getMagneticVariation
     double iTotalIntensity = 0.0;
     double iHorizontalIntensity = 0.0;
     double iInclination = 0.0;     ///< [rad], in degrees after getMagneticVariation
-    double iDeclinationTemp = 0.0; ///< one year later [rad]
+    double iDeclinationTemp = 0.0; ///< [rad]
     double iTotalIntensityTemp = 0.0;
     double iHorizontalIntensityTemp = 0.0;
-    double iInclinationTemp = 0.0;
-    double iNorthwardComp = 0.0; ///< [nT]
+    double iInclinationTemp = 0.0; ///< [rad]
+    double iNorthwardComp = 0.0;
     double iEastwardComp = 0.0;
     double iVerticalDownwardComp = 0.0;
     double iNorthwardCompTemp = 0.0;
@@ -72,22 +62,29 @@ public:
     /// with 0 degrees and 0 minutes).
     [[nodiscard]] double DegreesToDecimal(std::int32_t degrees, std::int32_t minutes,
                                           std::int32_t seconds) const;
-    /// Carries the coefficients to a date. @param date, epoch [decimal year]. @return degree of the set.
+    /// Carries the coefficients of a set to a date. @param date, epoch [decimal year]. @param mainDegree,
+    /// secularDegree of the field and of its change, brought into 0 to 13. @param set kDateSet, else the set
+    /// one year later. @return degree of the set.
     int ExtraPSH(double date, double epoch, int mainDegree, int secularDegree, int set);
     /// Field components of a set. @param kind 1: geodetic, else geocentric (then `elevation` is the distance
-    /// from the Earth's centre). @param latitude, longitude [deg]. @param elevation [km].
+    /// from the Earth's centre). @param latitude, longitude [deg]; a latitude within 0.001 degree of a pole
+    /// counts as 89.999. @param elevation [km]. @param degree brought into 0 to 13.
     void SHVAL3(int kind, double latitude, double longitude, double elevation, int degree, int set);
-    /// Declination, inclination, horizontal and total intensity of a set from its components.
+    /// Declination, inclination [rad], horizontal and total intensity of a set from its components. Below
+    /// 0.0001 nT there is no direction: kUndefined or kUndefinedNextYear.
     void DIHF(int set);
-    /// @param latitude, longitude [deg]. @param elevation [m]. @return declination [deg], east positive.
+    /// Both sets for a place. @param latitude, longitude [deg]. @param elevation [m]. @return declination
+    /// [deg], east positive.
     double getMagneticVariation(std::int32_t day, std::int32_t month, std::int32_t year, double latitude,
                                 double longitude, double elevation);
+    /// The same for latitude and longitude in degrees, minutes and seconds, as DegreesToDecimal takes them.
     double getMagneticVariation2(std::int32_t day, std::int32_t month, std::int32_t year,
                                  std::int32_t latDegrees, std::int32_t latMinutes, std::int32_t latSeconds,
                                  std::int32_t lonDegrees, std::int32_t lonMinutes, std::int32_t lonSeconds,
                                  double elevation);
-    /// What to show a person: the declination with the model's name, epoch and validity. Nothing where the
-    /// field gives no direction (at the magnetic poles' very point, or for arguments that are not numbers).
+    /// What to show a person: the declination with the model's name, epoch and validity. @param latitude,
+    /// longitude [deg]. @param elevation [m]. Nothing where the field gives no direction (at the magnetic
+    /// poles' very point, or for arguments that are not numbers).
     std::optional<MagneticDeclination> Declination(std::int32_t day, std::int32_t month, std::int32_t year,
                                                    double latitude, double longitude, double elevation);
 };

@@ -10,6 +10,9 @@ namespace zorel {
 /// Algorithms, 1st ed., ch. 45 (Moon) and 21 (nutation).
 class MoonCompute {
 public:
+    // Functions of angles in degrees, in single precision.
+
+    /// An angle brought into [0, 360).
     [[nodiscard]] double PutIn360(double degrees) const;
     [[nodiscard]] double Cos_Deg(double degrees) const;
     [[nodiscard]] double Sin_Deg(double degrees) const;
@@ -17,10 +20,12 @@ public:
     [[nodiscard]] double ArcSin_Deg(double x) const;
     [[nodiscard]] double ArcTan2_Deg(double y, double x) const;
 
-    /// @param julianDay in. @param deltaPsi out: nutation in longitude [deg]. @param epsilon out: obliquity
-    /// [deg].
+    // Positions at a Julian day of uniform time.
+
+    /// @param deltaPsi out: nutation in longitude [deg]. @param epsilon out: obliquity of the ecliptic [deg].
     void Calc_Epsilon_Phi(double julianDay, double& deltaPsi, double& epsilon) const;
-    /// @param lambda in: ecliptic longitude [deg]; out: apparent longitude. @param beta latitude [deg].
+    /// Ecliptic to equatorial coordinates. @param lambda in: ecliptic longitude [deg]; out: the apparent one,
+    /// nutation added. @param beta ecliptic latitude [deg].
     /// @param rightAscension out [deg], (-180, 180]. @param declination out [deg].
     void Calc_Geocentric(double julianDay, double& lambda, double beta, double& rightAscension,
                          double& declination) const;

@@ -32,7 +32,8 @@ DateTimeRecord DateRecordMake(std::int32_t day, std::int32_t month, std::int32_t
                               std::int32_t minute, std::int32_t second);
 
 /// The sixteen times of one day [decimal hours of local time, -1 where there is none] and the same events on
-/// the sunset-based clock.
+/// the sunset-based clock. Parts of the night are counted from the sunset and the dawn of this record, so
+/// that they may lie outside 0 to 24.
 struct PrayerTimes {
     /// Positions in `times` and `ezani`.
     enum Index : int {
@@ -55,7 +56,8 @@ struct PrayerTimes {
     };
 
     std::array<double, 16> times{};
-    std::array<double, 16> ezani{};
+    std::array<double, 16>
+        ezani{};                ///< [h]; before CalculateAllEzaniTimes, [sunrise] is in minutes (PrayerDay)
     double priorLatitude = 0.0; ///< final lowered latitude plus one [deg]; written only when lowered
     bool latitudeLowered = false;
     bool dawnFromOtherDay = false;
@@ -93,6 +95,7 @@ struct PlaceRecord {
     double timeZone = 0.0;  ///< [h] east of Greenwich, one more while daylight saving is in force
     bool dstInUse = false;  ///< the place has a daylight-saving rule
     double dstShift = 0.0;  ///< [h]
+    // The rule, coded as for AstroGlobalFuncs::IsDSTDay.
     std::int32_t startDay = 0;
     std::int32_t startMonth = 0;
     std::int32_t stopDay = 0;
@@ -110,9 +113,9 @@ struct SunDetails {
     double rightAscension = 0.0; ///< [h]
     double altitude = 0.0;       ///< [deg]
     double azimuth = 0.0;        ///< [deg] from north, clockwise
-    double rise = 0.0;           ///< [h]
-    double transit = 0.0;        ///< [h]
-    double set = 0.0;            ///< [h]
+    double rise = 0.0;           ///< [h], local or universal time as the operation says, -1 if none
+    double transit = 0.0;        ///< [h] of universal time
+    double set = 0.0;            ///< [h], as rise
     double siderealTime = 0.0;   ///< [h] local mean
     double equationOfTime = 0.0; ///< [min]
     double distance = 0.0;       ///< [au]
@@ -123,13 +126,13 @@ struct SunDetails {
 
 /// Rise, set and direction of the Sun.
 struct SunDirectionInfo {
-    double rise = 0.0;     ///< [h local]
-    double set = 0.0;      ///< [h local]
-    double azimuth = 0.0;  ///< [deg]
+    double rise = 0.0;     ///< [h local], -1 if none
+    double set = 0.0;      ///< [h local], -1 if none
+    double azimuth = 0.0;  ///< [deg] from north, clockwise
     double altitude = 0.0; ///< [deg]
 };
 
-/// Rise and set of the Sun in universal time [h].
+/// Rise and set of the Sun in universal time [h], -1 if none.
 struct SunCrescentInfo {
     double rise = 0.0;
     double set = 0.0;
@@ -142,9 +145,9 @@ struct MoonInfo {
     double geocentricAltitude = 0.0; ///< [deg]
     double apparentAltitude = 0.0;   ///< topocentric [deg]
     double azimuth = 0.0;            ///< [deg] from north, clockwise
-    double rise = 0.0;               ///< [h] of the local day, or -1650
-    double transit = 0.0;            ///< [h]; see MoonTransTime
-    double set = 0.0;                ///< [h] of the local day, or -1650
+    double rise = 0.0;               ///< [h], local or universal time as the operation says, or -1650
+    double transit = 0.0;            ///< [h]; see FastAstro::MoonTransTime
+    double set = 0.0;                ///< [h], as rise
     double siderealTime = 0.0;       ///< local [h]
     double distance = 0.0;           ///< [km]
     double horizontalParallax = 0.0; ///< [deg]
@@ -160,7 +163,7 @@ struct MoonDirectionInfo {
     std::array<double, 4> untouched{};
     double rise = 0.0;             ///< [h], or -1650
     double set = 0.0;              ///< [h], or -1650
-    double azimuth = 0.0;          ///< [deg]
+    double azimuth = 0.0;          ///< [deg] from north, clockwise
     double apparentAltitude = 0.0; ///< topocentric [deg]
     double elongation = 0.0;       ///< [deg]
 };
@@ -172,7 +175,8 @@ struct MoonCrescentInfo {
     double elongation = 0.0;       ///< [deg]
 };
 
-/// Events of the day beside the prayer times, as a widget shows them.
+/// Events of the day beside the prayer times, as a widget shows them. On a day with only a sunrise or only a
+/// sunset, that one is in universal time.
 struct WidgetAstroInfo {
     double sunrise = 0.0;              ///< [h local], -1 if none
     double sunset = 0.0;               ///< [h local], -1 if none
@@ -181,7 +185,8 @@ struct WidgetAstroInfo {
     double moonAltitudeAtSunset = 0.0; ///< [deg], -1650 if the Sun does not rise or set
 };
 
-/// Hijri date: month 1 to 12, day 1 to 30; all -1 before the Hijri epoch.
+/// Hijri date: month 1 to 12, day 1 to 30. Before the Hijri epoch year and month are -1, and so is the day of
+/// the arithmetic calendar.
 struct HijriDate {
     std::int32_t year = 0;
     std::int32_t month = 0;
