@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: Apache-2.0
 #include "common/GlobalFuncs.h"
 
+#include "platform/foundation/Descriptor.h"
 #include "platform/foundation/Locations.h"
 
 #include <fcntl.h>
@@ -15,10 +16,9 @@ constexpr std::string_view kLogFile = "SettingsLog.txt";
 /// Adds text to a file with a single write, so that the lines of several writers do not mix. O_NONBLOCK: a
 /// pipe in the file's place must not hold the program up.
 void appendToFile(const std::string& path, std::string_view text) {
-    const int file = open(path.c_str(), O_WRONLY | O_APPEND | O_CREAT | O_CLOEXEC | O_NONBLOCK, 0600);
-    if (file >= 0) {
-        [[maybe_unused]] const ssize_t written = write(file, text.data(), text.size());
-        close(file);
+    const Descriptor file(open(path.c_str(), O_WRONLY | O_APPEND | O_CREAT | O_CLOEXEC | O_NONBLOCK, 0600));
+    if (file.get() >= 0) {
+        [[maybe_unused]] const ssize_t written = write(file.get(), text.data(), text.size());
     }
 }
 

@@ -8,10 +8,7 @@
 #include <gtest/gtest.h>
 
 #include <cerrno>
-#include <csignal>
 #include <functional>
-#include <sys/wait.h>
-#include <unistd.h>
 
 namespace zorel {
 namespace {
@@ -103,19 +100,6 @@ private:
     std::map<std::string, std::string> files_;
 };
 
-/// Runs the operation in a process of its own; its exit status, 0 when no fault was met.
-int runInChild(const Operation& operation, AlarmWorld& world, faults::Effect effect, int nth) {
-    const pid_t child = fork();
-    if (child == 0) {
-        faults::arm(effect, nth);
-        operation.run(world);
-        _exit(0);
-    }
-    int status = 0;
-    waitpid(child, &status, 0);
-    return WIFEXITED(status) ? WEXITSTATUS(status) : -WTERMSIG(status);
-}
-
 /// What must hold right after a fault: no half file, and at most one event for each alarm.
 void expectNothingHalf(const AlarmWorld& world, const std::string& when) {
     const CalendarFolder folder(world.path("calendar"));
@@ -145,7 +129,7 @@ int tryDeaths(faults::Effect effect) {
         int nth = 1;
         for (; nth < kFarTooMany; ++nth) {
             stage.reset();
-            const int status = runInChild(operation, stage.world, effect, nth);
+            const int status = faults::runInChild(effect, nth, [&] { operation.run(stage.world); });
             const std::string when = operation.name + ", death at change " + std::to_string(nth);
             EXPECT_TRUE(status == 0 || status == faults::kDied) << when << ": status " << status;
             expectNothingHalf(stage.world, when);

@@ -188,7 +188,7 @@ TEST_F(FolderCalendarTest, anEventReplacedByAFolderIsGoneAndCannotBeOverwritten)
     FolderCalendar calendar(folder);
     EXPECT_FALSE(calendar.eventWithIdentifier(kUid));
     EXPECT_FALSE(calendar.saveEvent(sampleEvent(kUid), error));
-    EXPECT_THAT(error, HasSubstr("cannot replace"));
+    EXPECT_THAT(error, HasSubstr("cannot write"));
     EXPECT_TRUE(calendar.saveEvent(sampleEvent("zorel-a-2"), error)) << error;
 }
 

@@ -7,7 +7,6 @@
 
 #include <cerrno>
 #include <filesystem>
-#include <functional>
 #include <sys/stat.h>
 #include <sys/wait.h>
 #include <unistd.h>
@@ -19,20 +18,6 @@ namespace fs = std::filesystem;
 
 class SafeFiles : public testing::Test {
 protected:
-    /// Runs the function in a process of its own with a fault and returns its exit status, 0 when it came to
-    /// the end.
-    static int statusWithFault(faults::Effect effect, int nth, const std::function<void()>& function) {
-        const pid_t child = fork();
-        if (child == 0) {
-            faults::arm(effect, nth);
-            function();
-            _exit(0);
-        }
-        int status = 0;
-        waitpid(child, &status, 0);
-        return WIFEXITED(status) ? WEXITSTATUS(status) : -1;
-    }
-
     [[nodiscard]] std::ptrdiff_t filesInFolder() const {
         return std::distance(fs::directory_iterator(folder.path()), fs::directory_iterator());
     }
@@ -85,7 +70,7 @@ TEST_F(SafeFiles, aProcessKilledAnywhereLeavesTheOldOrTheNewFile) {
     for (const auto effect : {faults::Effect::die, faults::Effect::tear}) {
         for (int nth = 1;; ++nth) {
             const int status =
-                statusWithFault(effect, nth, [this] { replaceFile(folder.path(), "a", "two", error); });
+                faults::runInChild(effect, nth, [this] { replaceFile(folder.path(), "a", "two", error); });
             const std::string content = test::readFile(folder.path("a"));
             EXPECT_TRUE(content == "one" || content == "two") << content;
             removeStaleTemporaryFiles(folder.path());

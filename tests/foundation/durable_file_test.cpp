@@ -1,11 +1,12 @@
 // SPDX-License-Identifier: Apache-2.0
 #include "platform/foundation/DurableFile.h"
+#include "tests/support/FaultPoints.h"
 #include "tests/support/TemporaryFolder.h"
 
+#include <cerrno>
 #include <fmt/format.h>
 #include <gtest/gtest.h>
 #include <sys/stat.h>
-#include <sys/wait.h>
 #include <unistd.h>
 
 namespace zorel {
@@ -15,29 +16,8 @@ using test::readFile;
 using test::TemporaryFolder;
 using test::writeFile;
 
-constexpr FileStep kSteps[] = {FileStep::create, FileStep::write, FileStep::sync, FileStep::rename,
-                               FileStep::syncFolder};
-
 std::size_t filesIn(const TemporaryFolder& folder) {
     return static_cast<std::size_t>(std::distance(std::filesystem::directory_iterator(folder.path()), {}));
-}
-
-/// A child process that makes the file and is gone, as if killed, before the given step.
-void createAndDieBefore(FileStep last, const std::string& path, std::string_view bytes) {
-    const pid_t child = fork();
-    if (child == 0) {
-        const FileStepOverride killer([last](FileStep step) {
-            if (step == last) {
-                _exit(1);
-            }
-            return true;
-        });
-        createFileDurably(path, bytes);
-        _exit(0);
-    }
-    int status = 0;
-    ASSERT_EQ(waitpid(child, &status, 0), child);
-    ASSERT_EQ(WEXITSTATUS(status), 1);
 }
 
 TEST(DurableFile, HoldsTheBytesAndIsTheOwnersOnly) {
@@ -59,38 +39,55 @@ TEST(DurableFile, NeverReplacesAFile) {
     EXPECT_EQ(filesIn(folder), 1U);
 }
 
-TEST(DurableFile, NeverReplacesAFileThatAppearsMeanwhile) {
-    const TemporaryFolder folder;
-    const FileStepOverride rival([&folder](FileStep step) {
-        if (step == FileStep::rename) {
-            writeFile(folder.path("file"), "rival");
-        }
-        return true;
-    });
-    EXPECT_FALSE(createFileDurably(folder.path("file"), "new"));
-    EXPECT_EQ(readFile(folder.path("file")), "rival");
-    EXPECT_EQ(filesIn(folder), 1U);
+TEST(DurableFile, FailsWithoutALeftoverWhereverAStepFails) {
+    for (int nth = 1; nth <= 4; ++nth) { // create, write, sync, rename
+        const TemporaryFolder folder;
+        faults::arm(faults::Effect::fail, nth, EIO);
+        EXPECT_FALSE(createFileDurably(folder.path("file"), "bytes"));
+        faults::disarm();
+        EXPECT_EQ(filesIn(folder), 0U);
+    }
 }
 
-TEST(DurableFile, FailsWithoutALeftoverWhereverAStepFails) {
-    for (const FileStep failing : kSteps) {
+TEST(DurableFile, StandsWhenOnlyTheFolderIsNotSynced) {
+    const TemporaryFolder folder;
+    faults::arm(faults::Effect::fail, 5, EIO);
+    EXPECT_TRUE(createFileDurably(folder.path("file"), "bytes"));
+    EXPECT_EQ(faults::disarm(), 5);
+    EXPECT_EQ(readFile(folder.path("file")), "bytes");
+}
+
+TEST(DurableFile, GetsItsNameWhereFilesCannotBeMovedInOneStep) {
+    for (const int unsupported : {EINVAL, ENOSYS}) {
         const TemporaryFolder folder;
-        const FileStepOverride fault([failing](FileStep step) { return step != failing; });
-        const bool inPlace = failing == FileStep::syncFolder;
-        EXPECT_EQ(createFileDurably(folder.path("file"), "bytes"), inPlace);
-        EXPECT_EQ(filesIn(folder), inPlace ? 1U : 0U);
+        for (const bool expected : {true, false}) { // the second time the name is taken
+            faults::arm(faults::Effect::fail, 4, unsupported);
+            EXPECT_EQ(createFileDurably(folder.path("file"), expected ? "bytes" : "new"), expected);
+            faults::disarm();
+            EXPECT_EQ(readFile(folder.path("file")), "bytes");
+            EXPECT_EQ(filesIn(folder), 1U);
+        }
     }
 }
 
 TEST(DurableFile, IsCompleteOrMissingAfterAKillAtAnyStep) {
-    for (const FileStep last : kSteps) {
-        const TemporaryFolder folder;
-        createAndDieBefore(last, folder.path("file"), "bytes");
-        const std::string found = readFile(folder.path("file"));
-        EXPECT_TRUE(found.empty() || found == "bytes");
-        removeAbandonedTemporaries(folder.path("file"));
-        EXPECT_EQ(filesIn(folder), last == FileStep::syncFolder ? 1U : 0U);
+    int deaths = 0;
+    for (const auto effect : {faults::Effect::die, faults::Effect::tear}) {
+        for (int nth = 1;; ++nth, ++deaths) {
+            const TemporaryFolder folder;
+            const std::string path = folder.path("file");
+            const int status = faults::runInChild(effect, nth, [&] { createFileDurably(path, "bytes"); });
+            const std::string found = readFile(path);
+            EXPECT_TRUE(found.empty() || found == "bytes") << found;
+            removeAbandonedTemporaries(path);
+            EXPECT_EQ(filesIn(folder), found.empty() ? 0U : 1U);
+            if (status == 0) {
+                break;
+            }
+            ASSERT_EQ(status, faults::kDied);
+        }
     }
+    EXPECT_EQ(deaths, 10);
 }
 
 TEST(DurableFile, FailsWhereItCannotBe) {

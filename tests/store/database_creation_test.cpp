@@ -1,15 +1,14 @@
 // SPDX-License-Identifier: Apache-2.0
-#include "platform/foundation/DurableFile.h"
 #include "tests/store/DatabaseFixture.h"
+#include "tests/support/FaultPoints.h"
 
+#include <cerrno>
 #include <sys/wait.h>
 #include <unistd.h>
 
 namespace zorel {
 namespace {
 
-constexpr FileStep kSteps[] = {FileStep::create, FileStep::write, FileStep::sync, FileStep::rename,
-                               FileStep::syncFolder};
 constexpr const char* kSixAlarms = "1|0|0\n2|0|0\n3|0|0\n4|0|0\n5|0|0\n6|0|0\n";
 
 class DatabaseCreation : public test::DatabaseFixture {
@@ -105,38 +104,31 @@ TEST_F(DatabaseCreation, StopsInSilenceWhereNoFileCanBe) {
 }
 
 TEST_F(DatabaseCreation, LeavesNothingWhenAStepFailsAndSucceedsTheNextTime) {
-    for (const FileStep failing : kSteps) {
-        {
-            const FileStepOverride fault([failing](FileStep step) { return step != failing; });
-            database_.generateUserDatabaseFile();
-        }
-        EXPECT_EQ(files(), failing == FileStep::syncFolder ? 1U : 0U);
+    int failures = 0;
+    for (bool failed = true; failed;) {
+        faults::arm(faults::Effect::fail, failures + 1, EIO);
+        database_.generateUserDatabaseFile();
+        failed = faults::disarm() > failures;
+        failures += failed ? 1 : 0;
+        EXPECT_EQ(files(), functions_.fileExists(path()) ? 1U : 0U);
         database_.generateUserDatabaseFile();
         EXPECT_EQ(alarms(), kSixAlarms);
         std::filesystem::remove(path());
     }
+    EXPECT_EQ(failures, 5); // create, write, sync, rename, sync of the folder
 }
 
 TEST_F(DatabaseCreation, IsWholeOrMissingWhenTheProcessIsKilled) {
-    for (const FileStep last : kSteps) {
-        const pid_t child = fork();
-        if (child == 0) {
-            const FileStepOverride killer([last](FileStep step) {
-                if (step == last) {
-                    _exit(9);
-                }
-                return true;
-            });
+    for (const auto effect : {faults::Effect::die, faults::Effect::tear}) {
+        int status = faults::kDied;
+        for (int nth = 1; status == faults::kDied; ++nth) {
+            status = faults::runInChild(effect, nth, [this] { database_.generateUserDatabaseFile(); });
+            EXPECT_TRUE(!functions_.fileExists(path()) || alarms() == kSixAlarms);
             database_.generateUserDatabaseFile();
-            _exit(0);
+            EXPECT_EQ(alarms(), kSixAlarms);
+            std::filesystem::remove(path());
         }
-        int status = 0;
-        ASSERT_EQ(waitpid(child, &status, 0), child);
-        ASSERT_EQ(WEXITSTATUS(status), 9);
-        EXPECT_TRUE(!functions_.fileExists(path()) || alarms() == kSixAlarms);
-        database_.generateUserDatabaseFile();
-        EXPECT_EQ(alarms(), kSixAlarms);
-        std::filesystem::remove(path());
+        EXPECT_EQ(status, 0);
     }
     EXPECT_EQ(files(), 0U);
 }

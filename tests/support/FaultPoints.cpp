@@ -7,6 +7,7 @@
 #include <dlfcn.h>
 #include <fcntl.h>
 #include <sys/types.h>
+#include <sys/wait.h>
 #include <unistd.h>
 
 namespace zorel::faults {
@@ -80,6 +81,18 @@ int disarm() {
     return plan.seen;
 }
 
+int runInChild(Effect effect, int nth, const std::function<void()>& function) {
+    const pid_t child = fork();
+    if (child == 0) {
+        arm(effect, nth);
+        function();
+        _exit(0);
+    }
+    int status = 0;
+    waitpid(child, &status, 0);
+    return WIFEXITED(status) ? WEXITSTATUS(status) : -WTERMSIG(status);
+}
+
 } // namespace zorel::faults
 
 namespace faults = zorel::faults;
@@ -148,6 +161,13 @@ int mkdir(const char* path, mode_t mode) noexcept {
 }
 int rename(const char* from, const char* to) noexcept {
     return faults::run<int(const char*, const char*)>("rename", from, to);
+}
+int renameat2(int fromFolder, const char* from, int toFolder, const char* to, unsigned flags) noexcept {
+    return faults::run<int(int, const char*, int, const char*, unsigned)>("renameat2", fromFolder, from,
+                                                                          toFolder, to, flags);
+}
+int link(const char* from, const char* to) noexcept {
+    return faults::run<int(const char*, const char*)>("link", from, to);
 }
 
 } // extern "C"

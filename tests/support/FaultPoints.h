@@ -5,6 +5,8 @@
 /// SQLite's calls too.
 #pragma once
 
+#include <functional>
+
 namespace zorel::faults {
 
 /// What happens at the chosen call.
@@ -23,5 +25,9 @@ inline constexpr int kDied = 99;
 void arm(Effect effect, int nth, int error = 0, bool lasting = false);
 /// Stops that and returns how many calls were counted.
 int disarm();
+
+/// Runs the function in a process of its own with the fault and returns its exit status: kDied, or 0 when it
+/// came to its end; minus the signal that killed it.
+int runInChild(Effect effect, int nth, const std::function<void()>& function);
 
 } // namespace zorel::faults

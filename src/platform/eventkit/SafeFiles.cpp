@@ -1,9 +1,8 @@
 // SPDX-License-Identifier: Apache-2.0
 #include "platform/eventkit/SafeFiles.h"
 
-#include "platform/foundation/Descriptor.h"
+#include "platform/foundation/DurableFile.h"
 
-#include <array>
 #include <cerrno>
 #include <cstdint>
 #include <cstdio>
@@ -25,36 +24,6 @@ constexpr std::string_view kTemporarySuffix = ".tmp";
 bool fail(std::string& error, std::string_view what, const std::string& path) {
     error = std::string(what) + " " + path + ": " + std::error_code(errno, std::generic_category()).message();
     return false;
-}
-
-bool writeAll(int descriptor, std::string_view content) {
-    while (!content.empty()) {
-        const ssize_t written = ::write(descriptor, content.data(), content.size());
-        if (written < 0 && errno != EINTR) {
-            return false;
-        }
-        content.remove_prefix(written > 0 ? static_cast<std::size_t>(written) : 0);
-    }
-    return true;
-}
-
-/// Makes the folder's entries durable. The change itself has happened by then, so a failure is not reported.
-void syncFolder(const std::string& folder) {
-    const Descriptor descriptor(::open(folder.c_str(), O_RDONLY | O_DIRECTORY | O_CLOEXEC));
-    if (descriptor.get() >= 0) {
-        ::fsync(descriptor.get());
-    }
-}
-
-bool writeDurably(const std::string& path, std::string_view content, std::string& error) {
-    const Descriptor file(::open(path.c_str(), O_WRONLY | O_CREAT | O_EXCL | O_CLOEXEC, 0600));
-    if (file.get() < 0) {
-        return fail(error, "cannot create", path);
-    }
-    if (!writeAll(file.get(), content) || ::fsync(file.get()) != 0) {
-        return fail(error, "cannot write", path);
-    }
-    return true;
 }
 
 bool isTemporary(std::string_view name) {
@@ -80,18 +49,12 @@ std::string readAll(int descriptor, std::size_t size) {
 FileLock::FileLock(const std::string& path, std::chrono::milliseconds patience)
     : descriptor_(::open(path.c_str(), O_RDWR | O_CREAT | O_CLOEXEC, 0600)) {
     constexpr std::chrono::milliseconds pause{5};
-    for (auto waited = std::chrono::milliseconds{0}; descriptor_ >= 0; waited += pause) {
-        held_ = ::flock(descriptor_, LOCK_EX | LOCK_NB) == 0;
+    for (auto waited = std::chrono::milliseconds{0}; descriptor_.get() >= 0; waited += pause) {
+        held_ = ::flock(descriptor_.get(), LOCK_EX | LOCK_NB) == 0;
         if (held_ || (errno != EWOULDBLOCK && errno != EINTR) || waited >= patience) {
             return;
         }
         std::this_thread::sleep_for(pause);
-    }
-}
-
-FileLock::~FileLock() {
-    if (descriptor_ >= 0) {
-        ::close(descriptor_);
     }
 }
 
@@ -100,11 +63,8 @@ bool replaceFile(const std::string& folder, const std::string& name, std::string
     const std::string temporary =
         folder + "/" + std::string(kTemporaryPrefix) + randomHexadecimal() + std::string(kTemporarySuffix);
     const std::string target = folder + "/" + name;
-    bool done = writeDurably(temporary, content, error);
-    if (done && ::rename(temporary.c_str(), target.c_str()) != 0) {
-        done = fail(error, "cannot replace", target);
-    }
-    if (!done) {
+    if (!writeNewFile(temporary, content) || ::rename(temporary.c_str(), target.c_str()) != 0) {
+        fail(error, "cannot write", target);
         ::unlink(temporary.c_str());
         return false;
     }

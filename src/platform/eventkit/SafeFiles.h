@@ -3,6 +3,8 @@
 /// Small files that are never half written, and a lock between processes (POSIX).
 #pragma once
 
+#include "platform/foundation/Descriptor.h"
+
 #include <chrono>
 #include <cstddef>
 #include <optional>
@@ -17,15 +19,11 @@ class FileLock {
 public:
     /// Waits for the lock up to `patience`; a program that hangs with the lock in hand must not hang others.
     explicit FileLock(const std::string& path, std::chrono::milliseconds patience = std::chrono::seconds{5});
-    FileLock(const FileLock&) = delete;
-    FileLock& operator=(const FileLock&) = delete;
-    ~FileLock();
-
     /// False when the file could not be made (read-only folder) or the patience ran out.
     [[nodiscard]] bool held() const { return held_; }
 
 private:
-    int descriptor_;
+    Descriptor descriptor_;
     bool held_ = false;
 };
 
@@ -34,7 +32,7 @@ private:
 /// it failed.
 bool replaceFile(const std::string& folder, const std::string& name, std::string_view content,
                  std::string& error);
-/// Removes the file for good (unlink, fsync of the folder).
+/// Removes the file for good (unlink, fsync of the folder). `error`: out, why it failed.
 bool removeFile(const std::string& folder, const std::string& name, std::string& error);
 /// Removes what interrupted calls of replaceFile left in the folder; call it only while no other writes
 /// there.

@@ -11,21 +11,11 @@
 #include <filesystem>
 #include <fmt/format.h>
 #include <unistd.h>
-#include <utility>
 
 namespace zorel {
 namespace {
 
 namespace fs = std::filesystem;
-
-std::function<bool(FileStep)>& stepFunction() {
-    static std::function<bool(FileStep)> mayProceed;
-    return mayProceed;
-}
-
-bool mayProceed(FileStep step) {
-    return !stepFunction() || stepFunction()(step);
-}
 
 /// Start of the names of the temporary files of a path; the number of the process that writes follows.
 std::string temporaryPrefix(const std::string& path) {
@@ -43,35 +33,14 @@ bool writeAll(int file, std::string_view bytes) {
     return true;
 }
 
-bool writeTemporary(const std::string& temporary, std::string_view bytes) {
-    if (!mayProceed(FileStep::create)) {
-        return false;
-    }
-    const Descriptor file(open(temporary.c_str(), O_WRONLY | O_CREAT | O_EXCL | O_CLOEXEC, 0600));
-    return file.get() >= 0 && mayProceed(FileStep::write) && writeAll(file.get(), bytes) &&
-           mayProceed(FileStep::sync) && fsync(file.get()) == 0;
-}
-
 /// Moves without replacing; a file system that cannot do that in one step gets a second name and loses the
 /// first.
 bool moveWithoutReplacing(const std::string& from, const std::string& to) {
-    if (!mayProceed(FileStep::rename)) {
-        return false;
-    }
     if (renameat2(AT_FDCWD, from.c_str(), AT_FDCWD, to.c_str(), RENAME_NOREPLACE) == 0) {
         return true;
     }
     const bool unsupported = errno == EINVAL || errno == ENOSYS;
     return unsupported && link(from.c_str(), to.c_str()) == 0 && unlink(from.c_str()) == 0;
-}
-
-/// The file is in place already; without this step a power cut may still take it away, which is no failure.
-void syncFolderOf(const std::string& path) {
-    if (mayProceed(FileStep::syncFolder)) {
-        const Descriptor folder(
-            open(fs::path(path).parent_path().c_str(), O_RDONLY | O_DIRECTORY | O_CLOEXEC));
-        fsync(folder.get());
-    }
 }
 
 bool processLives(std::int32_t process) {
@@ -80,13 +49,25 @@ bool processLives(std::int32_t process) {
 
 } // namespace
 
+bool writeNewFile(const std::string& path, std::string_view bytes) {
+    const Descriptor file(open(path.c_str(), O_WRONLY | O_CREAT | O_EXCL | O_CLOEXEC, 0600));
+    return file.get() >= 0 && writeAll(file.get(), bytes) && fsync(file.get()) == 0;
+}
+
+void syncFolder(const std::string& folder) {
+    const Descriptor descriptor(open(folder.c_str(), O_RDONLY | O_DIRECTORY | O_CLOEXEC));
+    if (descriptor.get() >= 0) {
+        fsync(descriptor.get());
+    }
+}
+
 bool createFileDurably(const std::string& path, std::string_view bytes) {
     const std::string temporary = temporaryPrefix(path) + fmt::format("{}", getpid());
-    if (!writeTemporary(temporary, bytes) || !moveWithoutReplacing(temporary, path)) {
+    if (!writeNewFile(temporary, bytes) || !moveWithoutReplacing(temporary, path)) {
         unlink(temporary.c_str());
         return false;
     }
-    syncFolderOf(path);
+    syncFolder(fs::path(path).parent_path());
     return true;
 }
 
@@ -102,13 +83,6 @@ void removeAbandonedTemporaries(const std::string& path) {
         }
         entry.increment(error);
     }
-}
-
-FileStepOverride::FileStepOverride(std::function<bool(FileStep)> mayProceed)
-    : previous_(std::exchange(stepFunction(), std::move(mayProceed))) {}
-
-FileStepOverride::~FileStepOverride() {
-    stepFunction() = std::move(previous_);
 }
 
 } // namespace zorel
