@@ -122,7 +122,7 @@ TEST_F(EventStore, sweepsOnlyEventsOfItsOwner) {
 /// A calendar whose library throws.
 class ThrowingCalendar final : public Calendar {
 public:
-    [[nodiscard]] EKCalendar description() const override { return {"throwing", "Throwing"}; }
+    [[nodiscard]] EKCalendar description() const override { throw failure(); }
     [[nodiscard]] std::optional<EKEvent> eventWithIdentifier(const std::string&) override { throw failure(); }
     bool saveEvent(const EKEvent&, std::string&) override { throw failure(); }
     bool removeEvent(const std::string&, std::string&) override { throw failure(); }
@@ -138,6 +138,7 @@ TEST_F(EventStore, anExceptionOfTheCalendarIsAFailure) {
     EKEventStore::setCalendar(std::make_shared<ThrowingCalendar>());
     const EKEventStore store;
     EKEvent event = newEvent(store);
+    EXPECT_EQ(event.calendar, EKCalendar());
     std::string error;
     EXPECT_FALSE(store.saveEvent(event, EKSpan::thisEvent, &error));
     EXPECT_EQ(error, "out of order");

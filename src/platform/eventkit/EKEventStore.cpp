@@ -67,7 +67,14 @@ std::optional<EKEvent> EKEventStore::eventWithIdentifier(const std::string& iden
 }
 
 EKCalendar EKEventStore::defaultCalendarForNewEvents() const {
-    return calendar_->description();
+    EKCalendar calendar;
+    guarded(
+        [&](std::string&) {
+            calendar = calendar_->description();
+            return true;
+        },
+        nullptr);
+    return calendar;
 }
 
 std::string EKEventStore::newIdentifier() const {

@@ -27,11 +27,14 @@ public:
     /// The calendar of all stores from now on; nullptr: the folder "calendar" in the data directory.
     static void setCalendar(std::shared_ptr<Calendar> calendar);
 
+    /// The event; nothing when the calendar does not hold it or cannot be asked.
     [[nodiscard]] std::optional<EKEvent> eventWithIdentifier(const std::string& identifier) const;
+    /// The calendar behind this store; without a name when it cannot be asked.
     [[nodiscard]] EKCalendar defaultCalendarForNewEvents() const;
     /// Saves the event. A new event gets its `eventIdentifier` (in, out) when, and only when, it could be
     /// saved. `error`: out, why it failed; may be nullptr.
     bool saveEvent(EKEvent& event, EKSpan span, std::string* error) const;
+    /// Removes the event; false when there is none or it could not be removed. `error` as for saveEvent.
     bool removeEvent(const EKEvent& event, EKSpan span, std::string* error) const;
     /// Removes the events of this store's owner whose identifiers are not among those to keep, and returns
     /// how many they were. A process that dies between saving an event and noting its identifier leaves such
