@@ -5,7 +5,6 @@
 #include "common/GlobalFuncs.h"
 #include "platform/foundation/NumberText.h"
 #include "store/DatabaseFunctions.h"
-#include "views/Settings.h"
 #include "views/Texts.h"
 
 #include <algorithm>

@@ -5,7 +5,6 @@
 #include "platform/foundation/NumberText.h"
 
 #include <algorithm>
-#include <array>
 #include <fmt/format.h>
 
 namespace zorel {

@@ -3,6 +3,7 @@
 /// Text inside a statement.
 #pragma once
 
+#include <cstddef>
 #include <string_view>
 
 namespace zorel {

@@ -1,7 +1,6 @@
 // SPDX-License-Identifier: Apache-2.0
 #include "store/CatalogueLookup.h"
 #include "store/City.h"
-#include "store/CitySearch.h"
 #include "tests/catalogue/Fixture.h"
 #include "tools/build-catalogue/Build.h"
 #include "tools/build-catalogue/Output.h"

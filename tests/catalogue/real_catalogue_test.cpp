@@ -2,7 +2,6 @@
 // The catalogue that the build has made from the real source data.
 #include "platform/foundation/NumberText.h"
 #include "store/CatalogueLookup.h"
-#include "store/CitySearch.h"
 #include "tests/catalogue/Fixture.h"
 #include "tools/build-catalogue/Build.h"
 #include "tools/build-catalogue/Sources.h"

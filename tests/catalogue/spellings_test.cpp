@@ -4,7 +4,6 @@
 #include "store/CitySearch.h"
 #include "tests/catalogue/Fixture.h"
 
-#include <array>
 #include <gtest/gtest.h>
 #include <ostream>
 

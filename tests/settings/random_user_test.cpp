@@ -5,7 +5,6 @@
 #include "tests/support/FaultPoints.h"
 
 #include <cerrno>
-#include <cmath>
 #include <cstdlib>
 #include <random>
 #include <set>

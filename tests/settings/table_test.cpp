@@ -1,7 +1,6 @@
 // SPDX-License-Identifier: Apache-2.0
 // What the pane's table shows and which of its rows react.
 #include "tests/settings/PaneFixture.h"
-#include "views/Settings.h"
 
 #include <cmath>
 

@@ -15,9 +15,7 @@
 #include <fmt/format.h>
 
 #include <array>
-#include <cstdio>
 #include <string>
-#include <string_view>
 #include <vector>
 
 namespace zorel::test {

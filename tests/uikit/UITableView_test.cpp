@@ -199,16 +199,6 @@ TEST_F(TableTest, TheUserSelectsARow) {
     EXPECT_EQ(source.selected.size(), 1U);
 }
 
-TEST_F(TableTest, TheProgramSelectsInSilence) {
-    table.selectRowAtIndexPath({0, 1});
-    EXPECT_EQ(table.indexPathForSelectedRow(), (NSIndexPath{0, 1}));
-    table.selectRowAtIndexPath({9, 9});
-    EXPECT_EQ(table.indexPathForSelectedRow(), (NSIndexPath{0, 1}));
-    table.deselectSelectedRow();
-    EXPECT_EQ(table.indexPathForSelectedRow(), std::nullopt);
-    EXPECT_THAT(source.selected, IsEmpty());
-}
-
 TEST_F(TableTest, OnlyEditableRowsOfTheDeleteStyleAreDeleted) {
     EXPECT_TRUE(table.canDeleteRow({0, 0}));
     EXPECT_FALSE(table.canDeleteRow({0, 2}));

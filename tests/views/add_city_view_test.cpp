@@ -20,7 +20,6 @@ protected:
     AddCity() { view.setDelegate(&chosen); }
 
     void search(const std::string& text) {
-        view.searchBar().becomeFirstResponder();
         view.searchBar().userTypes(text);
         view.searchBar().userTapsSearch();
     }
@@ -121,7 +120,7 @@ TEST_F(AddCity, QuoteAndMissingCatalogueShowNothing) {
 TEST_F(AddCity, ChoosingAsksForConfirmation) {
     search("ankara");
     EXPECT_EQ(view.confirmation(), nullptr);
-    view.searchBar().becomeFirstResponder();
+    view.searchBar().userTypes("ankara");
     view.searchTableView().userSelectsRow({0, 0});
     EXPECT_FALSE(view.searchBar().isFirstResponder());
     ASSERT_NE(view.confirmation(), nullptr);

@@ -4,7 +4,6 @@
 #include "tools/build-catalogue/RowReader.h"
 
 #include <array>
-#include <fmt/format.h>
 
 namespace zorel::catalogue {
 

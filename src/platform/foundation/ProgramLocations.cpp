@@ -1,6 +1,8 @@
 // SPDX-License-Identifier: Apache-2.0
 #include "platform/foundation/ProgramLocations.h"
 
+#include "platform/foundation/Locations.h"
+
 #include <cstdlib>
 #include <filesystem>
 

@@ -3,16 +3,13 @@
 /// Where a program on Linux finds its folders: beside its own file, and in the user's home.
 #pragma once
 
-#include "platform/foundation/Locations.h"
-
 #include <optional>
 #include <string>
 
 namespace zorel {
 
-/// The nearest "share/zorel/Zorel.bundle" in a folder above the program's own file ("<prefix>/bin/zorel"
-/// finds
-/// "<prefix>/share/zorel/Zorel.bundle"); without one, the phone's place.
+/// The nearest "share/zorel/Zorel.bundle" in a folder above the program's own file; without one, the phone's
+/// place. "<prefix>/bin/zorel" finds "<prefix>/share/zorel/Zorel.bundle".
 [[nodiscard]] std::string bundleBesideProgram();
 /// "$XDG_DATA_HOME/zorel", else "~/.local/share/zorel"; nothing when neither variable says where (XDG base
 /// directories; a relative path does not count).

@@ -28,10 +28,11 @@ public:
 
     /// Whether the keyboard writes into this field.
     [[nodiscard]] bool isFirstResponder() const { return firstResponder_; }
-    void becomeFirstResponder() { setFirstResponder(true); }
+    /// Puts the keyboard away.
     void resignFirstResponder() { setFirstResponder(false); }
 
-    /// The user has changed the text to this. The host is not told what it has just said.
+    /// The user has changed the text to this, so that the field has the keyboard. The host is not told what
+    /// it has just said.
     void userTypes(std::string text);
     /// The user has pressed the search key.
     void userTapsSearch();

@@ -159,16 +159,6 @@ void UITableView::setSelectedRow(std::optional<NSIndexPath> indexPath) {
     UIObserver::current().rowSelectionChanged(*this);
 }
 
-void UITableView::selectRowAtIndexPath(NSIndexPath indexPath) {
-    if (hasRow(indexPath)) {
-        setSelectedRow(indexPath);
-    }
-}
-
-void UITableView::deselectSelectedRow() {
-    setSelectedRow(std::nullopt);
-}
-
 void UITableView::userSelectsRow(NSIndexPath indexPath) {
     if (!allowsSelection_ || !hasRow(indexPath)) {
         return;

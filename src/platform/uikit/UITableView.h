@@ -123,9 +123,6 @@ public:
     // Selection and editing.
 
     [[nodiscard]] std::optional<NSIndexPath> indexPathForSelectedRow() const { return selectedRow_; }
-    /// Selects a row without telling the delegate; a row that does not exist is not selected.
-    void selectRowAtIndexPath(NSIndexPath indexPath);
-    void deselectSelectedRow();
     /// The user has tapped a row: selects it and tells the delegate. Ignored where there is no row or no
     /// selection.
     void userSelectsRow(NSIndexPath indexPath);
