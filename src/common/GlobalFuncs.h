@@ -33,12 +33,12 @@ public:
     /// they are the Turkish ones and English otherwise, and loads the language file.
     GlobalFuncs();
 
-    std::int32_t ssDebugId = 0;
-    bool is24Hour = false;
+    std::int32_t ssDebugId = 0;  ///< 0: no debugging; carried for the owner
+    bool is24Hour = false;       ///< carried for the owner
     std::int32_t languageId = 1; ///< 0 Turkish, 1 English, 2 French, 3 German
-    std::string appBundlePath;
-    std::string amSym; ///< lower case
-    std::string pmSym; ///< lower case
+    std::string appBundlePath;   ///< bundle folder, without a slash at its end
+    std::string amSym;           ///< lower case
+    std::string pmSym;           ///< lower case
 
     [[nodiscard]] std::int32_t getDebugState() const { return ssDebugId; }
     void setDebugState(std::int32_t state) { ssDebugId = state; }
@@ -51,31 +51,31 @@ public:
     [[nodiscard]] std::optional<std::string> GetKeyValue(std::int32_t key) const;
     /// The name of a prayer, id 200 to 208; nothing when there is none.
     [[nodiscard]] std::optional<std::string> GetTextPrayLabels(std::int32_t prayerId) const;
+    /// @param items in, out: one more at the end.
     void addComboItem(std::vector<UIComboboxItem>& items, const std::string& displayText,
                       const std::string& originalText, std::int32_t itemId) const;
 
     // Formatting and deciphering (GlobalFuncs_Text.cpp).
 
     /// Sexagesimal text ("41;30;36") to decimal text ("41.510000"). Every field that ends with ";" after the
-    /// first counts as minutes, the text after the last ";" as seconds.
+    /// first counts as minutes, the text after the last ";" as seconds; a field that is no number is 0.
     [[nodiscard]] std::string getFloatStr(std::string_view text) const;
     /// Deciphers a stored catalogue value (pairs of hexadecimal digits, DecryptKey.h) to UTF-8. A pair that
     /// is none and a deciphered zero end the text.
     [[nodiscard]] std::string Decrypt(std::string_view hexadecimal) const;
+    /// Whether a file or folder exists.
     [[nodiscard]] bool fileExists(const std::string& path) const;
+    /// "05:07:09".
     [[nodiscard]] std::string timeLeadingZeroWithSeconds(std::int32_t hour, std::int32_t minute,
                                                          std::int32_t second) const;
 
-    // Dates (GlobalFuncs_Dates.cpp); shared with the engine.
+    // Dates (GlobalFuncs_Dates.cpp): the functions of AstroGlobalFuncs, and the clock of the platform.
     [[nodiscard]] double CalculateJulianDay(std::int32_t year, std::int32_t month, std::int32_t day,
                                             std::int32_t hour, std::int32_t minute,
                                             std::int32_t second) const;
     [[nodiscard]] double GregorianDateToJulian(const DateTimeRecord& record) const;
-    /// As the engine's JulianToCalendar, but the day is rounded up when it lies within 0.00001 of the next
-    /// one.
     [[nodiscard]] DateTimeRecord JulianToGregorian(double julianDay) const;
     [[nodiscard]] int DayOfWeek(std::int32_t year, std::int32_t month, std::int32_t day) const;
-    /// Whether the date lies in daylight saving, as the engine decides it.
     bool IsDSTDay(std::int32_t startDay, std::int32_t startMonth, std::int32_t stopDay,
                   std::int32_t stopMonth, std::int32_t year, std::int32_t month, std::int32_t day,
                   std::int32_t& startDayOut, std::int32_t& stopDayOut) const;
@@ -83,7 +83,8 @@ public:
     [[nodiscard]] DateTimeRecord GetCurrentDateTime() const;
     void GetCurrentDateTime(DateTimeRecord& record) const;
 
-    // Log (GlobalFuncs_Log.cpp): one line per call in "SettingsLog.txt" of the data folder.
+    // Log (GlobalFuncs_Log.cpp): one line per call in "SettingsLog.txt" of the data folder, with the time of
+    // day before it. A line that cannot be written is lost.
     void NSLogToFile(std::string_view message) const;
     void NSLogToFileStrInt(std::string_view message, std::int32_t value) const;
     void NSLogToFileStrIntInt(std::string_view message, std::int32_t first, std::int32_t second) const;
@@ -92,10 +93,12 @@ public:
 
     // Drawing and labels (GlobalFuncs_Views.cpp).
 
-    /// Adds a closed rounded-rectangle path to the context; the caller fills or strokes it.
+    /// Adds a closed rounded-rectangle path to the context; the caller fills or strokes it. @param radius
+    /// [pt]
     void drawRoundedRectangle(CGContext& context, const CGRect& rectangle, double radius) const;
     /// Makes a one-line label that shrinks its text to fit, adds it to the parent (whose owner keeps the
-    /// returned object alive) and hands it over.
+    /// returned object alive) and hands it over. @param center, widthHeight, fontSize [pt]. @param textAlign
+    /// a UITextAlignment. @param shadow black, one point to the right and down.
     std::unique_ptr<UILabel> addLabel_IOS7(UIView& parent, CGPoint center, CGSize widthHeight,
                                            const std::string& fontName, double fontSize,
                                            const std::string& text, const UIColor& textColor, int textAlign,

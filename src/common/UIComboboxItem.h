@@ -8,11 +8,11 @@
 
 namespace zorel {
 
-/// What a picker row shows and what it stands for.
+/// What a picker row shows and what it stands for. Texts are UTF-8.
 struct UIComboboxItem {
     std::int32_t itemID = 0;
     std::string displayText;
-    std::string originalText;
+    std::string originalText; ///< of what it stands for: a path, say
 };
 
 } // namespace zorel

@@ -25,6 +25,7 @@ struct CataloguePlace {
     std::int64_t population = 0;           ///< 0 = unknown
 };
 
+/// @param id catalogue id.
 [[nodiscard]] std::optional<CataloguePlace> placeById(const GlobalFuncs& glbFuncs, std::int32_t id);
 
 /// The place with the most inhabitants in a time zone ("Asia/Kolkata"); nothing for a zone without places.
@@ -54,6 +55,7 @@ struct CatalogueCredit {
     std::string licenceText; ///< the notice to keep; may be empty
 };
 
+/// The credits of the catalogue, in its order.
 [[nodiscard]] std::vector<CatalogueCredit> catalogueCredits(const GlobalFuncs& glbFuncs);
 
 } // namespace zorel

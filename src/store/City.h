@@ -17,12 +17,12 @@ class City {
 public:
     explicit City(const GlobalFuncs& glbFuncs) : glbFuncs_(&glbFuncs) {}
 
-    double qAngle = 0.0;     ///< qibla angle [deg]
-    double mVariation = 0.0; ///< magnetic declination [deg]
+    double qAngle = 0.0;     ///< qibla angle [deg], anticlockwise from north; set by the owner
+    double mVariation = 0.0; ///< magnetic declination [deg], east positive; set by the owner
     PrayerTimes aNamazVakitleri;
     WidgetAstroInfo someInfoForZorelWidget;
 
-    std::string cityId;
+    std::string cityId; ///< catalogue id
     std::string name;
     std::string nameParent; ///< region
     std::string latitude;   ///< decimal degrees, six decimals, north positive
@@ -38,20 +38,22 @@ public:
     std::string countryNameTr;
     std::string GMT;    ///< standard offset [h], may be fractional
     std::string GMTStr; ///< not filled
-    std::string DST;
+    // Daylight-saving rule, coded as for AstroGlobalFuncs::IsDSTDay.
+    std::string DST; ///< "1": there is a rule
     std::string startMonth;
     std::string startDay;
     std::string stopMonth;
     std::string stopDay;
-    std::string hour;   ///< daylight-saving shift [h]
-    std::string temkin; ///< "0" (250 m) or "1" (500 m)
-    std::string latitudeStr;
-    std::string longitudeStr;
+    std::string hour;         ///< daylight-saving shift [h]
+    std::string temkin;       ///< "0" (250 m) or "1" (500 m)
+    std::string latitudeStr;  ///< not filled
+    std::string longitudeStr; ///< not filled
 
     /// Fills `city` from the catalogue row of its `cityId`; without such a row it stays as it is.
     void getAllCityInfo(City& city) const;
     /// One time by prayer id, 200 to 208 [h]; 0 for any other id.
     [[nodiscard]] double getRelevantPrayerTime(std::int32_t prayerId) const;
+    /// 250 m to 500 m and back.
     void changeTemkin();
     void setPrayerTimes(const PrayerTimes& times) { aNamazVakitleri = times; }
     void setSomeAstroIfo(const WidgetAstroInfo& info) { someInfoForZorelWidget = info; }

@@ -8,7 +8,7 @@
 #include <cstdint>
 #include <span>
 #include <string>
-#include <string_view>
+#include <utility>
 
 struct sqlite3;
 struct sqlite3_stmt;
@@ -24,6 +24,7 @@ class DatabaseFunctions {
 public:
     explicit DatabaseFunctions(const GlobalFuncs& glbFuncs);
 
+    /// "user.sqlite" of the data folder, unless another path was set.
     [[nodiscard]] const std::string& userDBPath() const { return userDBPath_; }
     void setUserDBPath(std::string path) { userDBPath_ = std::move(path); }
 
@@ -32,7 +33,7 @@ public:
     /// Creates the file with its tables and six alarm rows when it does not exist; an existing file is never
     /// altered.
     void generateUserDatabaseFile();
-    /// Runs a statement, or several separated by semicolons, that return no rows.
+    /// Runs a statement, or several separated by semicolons, that return no rows; false when one failed.
     bool executeSQL(const std::string& statement);
     /// Runs each statement on one connection; true when at least one succeeded.
     bool executeArrayOfSQL(std::span<const std::string> statements);
@@ -43,15 +44,19 @@ public:
     [[nodiscard]] double asFloat(sqlite3_stmt* statement, int column) const;
     [[nodiscard]] std::string asString(sqlite3_stmt* statement, int column) const;
 
-    // Alarms (DatabaseFunctions_Alarms.cpp). Prayer ids 200 to 205.
+    // Alarms (DatabaseFunctions_Alarms.cpp). Prayer ids 200 to 205. Offsets [min], prayer times [h] local.
 
+    /// What is stored of an alarm; off and empty when it cannot be read.
     [[nodiscard]] AlarmInfo getAlarmInfo(std::int32_t prayerId) const;
-    /// Stores an alarm, switches it on and places its event.
+    /// Stores an alarm, switches it on and places its event. @param melodyName path below the ringtone
+    /// folder. @param melodyTime index of the ringing duration.
     void updateAlarmDefinitions(std::int32_t prayerId, std::int32_t minuteOffset, double prayerTime,
                                 const std::string& melodyName, std::int32_t melodyTime);
+    /// Stores the time that an alarm is counted from, switches it on and moves its event.
     void updateAlarmPrayerTime(std::int32_t prayerId, double prayerTime);
     /// Places the alarm's event at its next occurrence, or moves it there; switches the alarm on.
     void reCalculateAlarm(std::int32_t prayerId);
+    /// Switches an alarm off and removes its event; what was chosen for it stays.
     void deleteAlarm(std::int32_t prayerId);
     /// Recomputes every active alarm from the city's times.
     void setAllAlarms(const City& city);

@@ -17,11 +17,11 @@ public:
     /// The default look with the colours of theme 1.
     Settings() { setUIColors(); }
 
-    bool languageChanged = false; ///< carried for the controller, never set here
-    bool fontChanged = false;     ///< likewise
-    std::int32_t buttonType = 1;  ///< outline of buttons (UIButtonX)
-    std::int32_t buttonShape = 5; ///< glyph of buttons (UIButtonX)
-    std::int32_t language = 0;
+    bool languageChanged = false;      ///< carried for the controller, never set here
+    bool fontChanged = false;          ///< likewise
+    std::int32_t buttonType = 1;       ///< outline of buttons (UIButtonX)
+    std::int32_t buttonShape = 5;      ///< glyph of buttons (UIButtonX)
+    std::int32_t language = 0;         ///< carried for the controller too
     std::int32_t fontSize = 15;        ///< of all labels [pt]
     std::int32_t uiControlColorId = 1; ///< theme, 0 to 5
     std::string fontName = "Verdana";  ///< of all labels
