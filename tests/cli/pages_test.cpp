@@ -154,7 +154,7 @@ TEST(CliPages, BashCompletes) {
 std::string fishOffers(const std::string& line) {
     const TemporaryFolder folder;
     writeFile(folder.path("zorel.fish"), cli::completionScript("fish"));
-    return outputOf("HOME=" + folder.path() + " fish -c 'source " + folder.path("zorel.fish") +
+    return outputOf("LC_ALL=C HOME=" + folder.path() + " fish -c 'source " + folder.path("zorel.fish") +
                     "; complete -C \"" + line + "\"' 2>&1 | cut -f1 | tr '\\n' ' '");
 }
 
