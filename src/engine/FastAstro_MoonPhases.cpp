@@ -2,6 +2,7 @@
 // Illuminated fraction, elongation and principal phases: Meeus, Astronomical Algorithms, 1st ed., ch. 46
 // and 47.
 #include "engine/FastAstro.h"
+#include "engine/LunarArguments.h"
 #include "engine/Single.h"
 #include "engine/Turns.h"
 #include "engine/series/MoonPhaseSeries.h"
@@ -126,18 +127,10 @@ double planetaryTerms(const FastAstro& engine, double k, double T) {
 } // namespace
 
 double FastAstro::Phase(double T) const {
-    const double T2 = T * T;
-    const double T3 = T2 * T;
-    const double T4 = T3 * T;
-    const double D = single(297.8502042) + single(445267.1115168) * T - single(0.0016300) * T2 +
-                     T3 / 545868.0 - T4 / 113065000.0;
-    const double M =
-        single(357.5291092) + single(35999.0502909) * T - single(0.0001536) * T2 + T3 / 24490000.0;
-    const double Mp = single(134.9634114) + single(477198.8676313) * T + single(0.0089970) * T2 +
-                      T3 / 69699.0 - T4 / 14712000.0;
-    const double i = 180.0 - D - single(6.289) * sine(Mp) + single(2.100) * sine(M) -
-                     single(1.274) * sine(2.0 * D - Mp) - single(0.658) * sine(2.0 * D) -
-                     single(0.214) * sine(2.0 * Mp) - single(0.110) * sine(D);
+    const LunarArguments a = lunarArguments(T);
+    const double i = 180.0 - a.D - single(6.289) * sine(a.Mp) + single(2.100) * sine(a.M) -
+                     single(1.274) * sine(2.0 * a.D - a.Mp) - single(0.658) * sine(2.0 * a.D) -
+                     single(0.214) * sine(2.0 * a.Mp) - single(0.110) * sine(a.D);
     return (1.0 + cosine(i)) / 2.0;
 }
 
