@@ -41,7 +41,7 @@ public:
     /// The city catalogue, read only: statements may select from its six tables and compare with LIKE.
     [[nodiscard]] static std::optional<Database> openCatalogue(const std::string& path);
 
-    /// A new empty database in memory, without limits.
+    /// A new empty database in memory: statements may do everything.
     [[nodiscard]] static std::optional<Database> openNew();
 
     /// Runs a statement, or several separated by semicolons, up to the first that fails; its error text, or

@@ -7,8 +7,9 @@ struct sqlite3;
 
 namespace zorel {
 
-/// Select, insert, update, delete and create USER_CITY, USER_ALARMS and USER_SETTINGS; no function, no other
-/// table, no recursion, no ATTACH, DETACH, DROP, PRAGMA, transaction, index, view or trigger.
+/// Select, insert, update, delete and create USER_CITY, USER_ALARMS and USER_SETTINGS, and read the table of
+/// contents, which SQLite itself lets nobody write; no function, no other table, no recursion, no ATTACH,
+/// DETACH, DROP, PRAGMA, transaction, index, view or trigger.
 void allowUserTables(sqlite3* connection);
 
 /// Select from the catalogue's six tables and compare with LIKE.

@@ -1,7 +1,6 @@
 // SPDX-License-Identifier: Apache-2.0
 #include "platform/uikit/UIViewController.h"
 
-#include <algorithm>
 #include <utility>
 
 namespace zorel {
