@@ -27,10 +27,13 @@ constexpr const char* kDateForms = "2026-11-21, today, tomorrow, +3, -3 (days fr
 
 const std::vector<std::string> kPrayers{"fajr", "sunrise", "dhuhr", "asr", "maghrib", "isha"};
 
-/// Builds the grammar around one Options value.
+/// Builds the grammar around one Options value: every command by name, and what stands below the commands
+/// that the words can mean. Building all of it takes longer than computing a day.
 class Grammar {
 public:
-    explicit Grammar(Options& options) : options_(options), app_(std::string(kDescription), "zorel") {
+    /// @param words of the command line; none: the grammar is built whole
+    Grammar(Options& options, std::span<const std::string> words)
+        : options_(options), words_(words), app_(std::string(kDescription), "zorel") {
         app_.set_version_flag("-V,--version", std::string("zorel ") + kZorelVersion,
                               "Print the version and exit");
         app_.set_help_flag("-h,--help", "Print help and exit");
@@ -39,9 +42,14 @@ public:
         addCommon();
         addTimes();
         addTable();
-        addAstronomy();
-        addLists();
+        addSky();
+        addHijri();
+        addCompass();
+        addSearch();
+        addCities();
+        addAlarms();
         addWidget();
+        addCompletion();
         addManual();
     }
 
@@ -57,6 +65,11 @@ private:
                 options_.command = full;
         });
         return sub;
+    }
+
+    /// Whether the words can mean this command.
+    [[nodiscard]] bool asked(const CLI::App* sub) const {
+        return words_.empty() || std::ranges::find(words_, sub->get_name()) != words_.end();
     }
 
     CLI::Option* value(CLI::App& sub, const char* name, std::string& target, const char* type,
@@ -98,6 +111,8 @@ private:
     }
 
     void addDayOptions(CLI::App* sub) {
+        if (!asked(sub))
+            return;
         place(sub);
         json(sub);
         seconds(sub);
@@ -111,12 +126,15 @@ private:
     void addTimes() {
         CLI::App* today = command(app_, "today", "Prayer times of today (or --date), and what comes next");
         addDayOptions(today);
-        day(today, "--date", options_.date, std::string("Another day: ") + kDateForms);
+        if (asked(today))
+            day(today, "--date", options_.date, std::string("Another day: ") + kDateForms);
         addDayOptions(command(app_, "tomorrow", "Prayer times of tomorrow"));
     }
 
     void addTable() {
         CLI::App* table = command(app_, "table", "Prayer times of many days, or of every place on one day");
+        if (!asked(table))
+            return;
         place(table);
         day(table, "--from", options_.from, std::string("First day: ") + kDateForms + "; default: today");
         day(table, "--to", options_.to, "Last day, as for --from; default: 29 days after the first");
@@ -142,24 +160,38 @@ private:
         all->excludes(ics);
     }
 
-    void addAstronomy() {
+    void addSky() {
         CLI::App* sky = command(app_, "sky", "Sun and Moon now: where they stand, rise and set, phases");
+        if (!asked(sky))
+            return;
         place(sky);
         value(*sky, "--at", options_.at, "TIME",
               "The moment: 2026-11-21T15:04[+03:00] or 15:04; default: now");
         json(sky);
+    }
+
+    void addHijri() {
         CLI::App* hijri = command(app_, "hijri", "A day in the Hijri and Rumi calendars");
+        if (!asked(hijri))
+            return;
         hijri->add_option("DATE", options_.words, std::string(kDateForms) + "; default: today")
             ->type_name("");
         json(hijri);
+    }
+
+    void addCompass() {
         CLI::App* compass = command(app_, "compass", "Qibla as true and magnetic bearing, Sun in the qibla");
+        if (!asked(compass))
+            return;
         place(compass);
         day(compass, "--date", options_.date, "The day; default: today");
         json(compass);
     }
 
-    void addLists() {
+    void addSearch() {
         CLI::App* search = command(app_, "search", "Search the catalogue (three characters or more)");
+        if (!asked(search))
+            return;
         search->add_option("TEXT", options_.words, "part of a name, in any spelling the catalogue has")
             ->type_name("")
             ->required();
@@ -167,12 +199,12 @@ private:
             ->type_name("N")
             ->check(wholeNumber(0));
         json(search);
-        addCities();
-        addAlarms();
     }
 
     void addCities() {
         CLI::App* cities = command(app_, "cities", "Your cities: list, add, home, remove");
+        if (!asked(cities))
+            return;
         json(cities);
         city(command(*cities, "add", "Add a city; the first one becomes the home city"),
              "name (\"Paris, Texas\") or id of a place of the catalogue");
@@ -194,6 +226,8 @@ private:
 
     void addAlarms() {
         CLI::App* alarms = command(app_, "alarms", "The six prayer alarms of the home city");
+        if (!asked(alarms))
+            return;
         json(alarms);
         alarmCommand(alarms, "on", "Switch an alarm on");
         alarmCommand(alarms, "off", "Switch an alarm off and remove its event");
@@ -215,6 +249,8 @@ private:
 
     void addWidget() {
         CLI::App* widget = command(app_, "widget", "One line of JSON for a status bar");
+        if (!asked(widget))
+            return;
         place(widget);
         widget->add_flag("--follow", options_.follow,
                          "Print again at each change, until the reader goes away");
@@ -226,17 +262,23 @@ private:
             ->check(wholeNumber(0, 720));
     }
 
-    void addManual() {
+    void addCompletion() {
         CLI::App* completion = command(app_, "completion", "Print a completion script for a shell");
+        if (!asked(completion))
+            return;
         completion->add_option("SHELL", options_.shell, "bash, zsh or fish")
             ->type_name("")
             ->required()
             ->transform(oneOf({"bash", "zsh", "fish"}));
+    }
+
+    void addManual() {
         CLI::App* manual = command(app_, "manual", "Print the manual page (roff)");
         manual->add_flag("--markdown", options_.markdown, "As markdown");
     }
 
     Options& options_;
+    std::span<const std::string> words_;
     CLI::App app_;
 };
 
@@ -291,7 +333,7 @@ void describeBelow(const CLI::App& app, const std::string& prefix, std::vector<C
 } // namespace
 
 ParseResult parseArguments(std::span<const std::string> words, Options& options) {
-    Grammar grammar(options);
+    Grammar grammar(options, words);
     std::vector<std::string> reversed(words.rbegin(), words.rend());
     // "zorel help today" is what "zorel today --help" is.
     if (!words.empty() && words.front() == "help") {
@@ -313,7 +355,7 @@ ParseResult parseArguments(std::span<const std::string> words, Options& options)
 
 std::vector<CommandHelp> describeCommands() {
     Options unused;
-    Grammar grammar(unused);
+    Grammar grammar(unused, {});
     std::vector<CommandHelp> commands{describe(grammar.app(), "")};
     describeBelow(grammar.app(), "", commands);
     return commands;
