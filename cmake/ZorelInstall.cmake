@@ -53,6 +53,11 @@ set(CPACK_DEBIAN_ZOREL_PACKAGE_NAME zorel)
 set(CPACK_DEBIAN_ZOREL_PACKAGE_SECTION utils)
 set(CPACK_DEBIAN_ZOREL_PACKAGE_SHLIBDEPS ON)
 set(CPACK_DEBIAN_ZOREL_PACKAGE_DEPENDS tzdata)
+if(ZOREL_HOST)
+    # What Qt loads at run time and no linker sees: a module of QML; without a font all texts are blank.
+    string(APPEND CPACK_DEBIAN_ZOREL_PACKAGE_DEPENDS ", qml6-module-qtqml-workerscript, fonts-dejavu-core")
+    set(CPACK_DEBIAN_ZOREL_PACKAGE_RECOMMENDS qt6-wayland)
+endif()
 set(CPACK_DEBIAN_DEV_PACKAGE_NAME libzorel-dev)
 set(CPACK_DEBIAN_DEV_PACKAGE_SECTION libdevel)
 set(CPACK_DEBIAN_DEV_PACKAGE_DEPENDS

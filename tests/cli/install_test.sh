@@ -38,6 +38,9 @@ cpack --config "$build/CPackConfig.cmake" -B "$work/packages" > "$work/cpack.log
 package=$(ls "$work"/packages/zorel_*.deb)
 dpkg-deb --info "$package" > "$work/info.txt"
 grep -q "Depends:.*libsqlite3-0" "$work/info.txt" || fail "the package names no libraries"
+if [ -e "$prefix/bin/zorel-settings" ]; then # Qt loads this at run time, so no linker names it
+    grep -q "Depends:.*qml6-module-qtqml-workerscript" "$work/info.txt" || fail "the window lacks a module of QML"
+fi
 dpkg-deb -x "$package" "$work/root"
 expect "$("$work/root/usr/bin/zorel" today Istanbul --short --lang en)" "Maghrib"
 echo "zorel package: $(stat -c %s "$package") bytes, installed $(du -sk "$work/root" | cut -f1) kB"
