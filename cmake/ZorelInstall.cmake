@@ -39,7 +39,7 @@ write_basic_package_version_file(${PROJECT_BINARY_DIR}/ZorelConfigVersion.cmake 
 install(FILES ${PROJECT_BINARY_DIR}/ZorelConfig.cmake ${PROJECT_BINARY_DIR}/ZorelConfigVersion.cmake
     DESTINATION ${CMAKE_INSTALL_LIBDIR}/cmake/Zorel COMPONENT dev)
 
-# Debian packages: zorel, and libzorel-dev. Without the window program: configure with -DZOREL_HOST=OFF.
+# Debian packages: zorel (command line, data, units), zorel-settings (the window) and libzorel-dev.
 set(CPACK_GENERATOR DEB)
 set(CPACK_PACKAGE_NAME zorel)
 set(CPACK_PACKAGE_CONTACT "Zorel developers <zorel@localhost>")
@@ -47,17 +47,22 @@ set(CPACK_PACKAGE_DESCRIPTION_SUMMARY ${PROJECT_DESCRIPTION})
 set(CPACK_PACKAGING_INSTALL_PREFIX /usr)
 set(CPACK_STRIP_FILES ON)
 set(CPACK_COMPONENTS_ALL zorel dev)
+if(ZOREL_HOST)
+    list(APPEND CPACK_COMPONENTS_ALL window)
+endif()
 set(CPACK_DEB_COMPONENT_INSTALL ON)
 set(CPACK_DEBIAN_FILE_NAME DEB-DEFAULT)
 set(CPACK_DEBIAN_ZOREL_PACKAGE_NAME zorel)
 set(CPACK_DEBIAN_ZOREL_PACKAGE_SECTION utils)
 set(CPACK_DEBIAN_ZOREL_PACKAGE_SHLIBDEPS ON)
 set(CPACK_DEBIAN_ZOREL_PACKAGE_DEPENDS tzdata)
-if(ZOREL_HOST)
-    # What Qt loads at run time and no linker sees: a module of QML; without a font all texts are blank.
-    string(APPEND CPACK_DEBIAN_ZOREL_PACKAGE_DEPENDS ", qml6-module-qtqml-workerscript, fonts-dejavu-core")
-    set(CPACK_DEBIAN_ZOREL_PACKAGE_RECOMMENDS qt6-wayland)
-endif()
+set(CPACK_DEBIAN_WINDOW_PACKAGE_NAME zorel-settings)
+set(CPACK_DEBIAN_WINDOW_PACKAGE_SECTION utils)
+set(CPACK_DEBIAN_WINDOW_PACKAGE_SHLIBDEPS ON)
+# What Qt loads at run time and no linker sees: a module of QML; without a font all texts are blank.
+set(CPACK_DEBIAN_WINDOW_PACKAGE_DEPENDS
+    "zorel (= ${PROJECT_VERSION}), qml6-module-qtqml-workerscript, fonts-dejavu-core")
+set(CPACK_DEBIAN_WINDOW_PACKAGE_RECOMMENDS qt6-wayland)
 set(CPACK_DEBIAN_DEV_PACKAGE_NAME libzorel-dev)
 set(CPACK_DEBIAN_DEV_PACKAGE_SECTION libdevel)
 set(CPACK_DEBIAN_DEV_PACKAGE_DEPENDS

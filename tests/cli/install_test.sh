@@ -38,8 +38,12 @@ cpack --config "$build/CPackConfig.cmake" -B "$work/packages" > "$work/cpack.log
 package=$(ls "$work"/packages/zorel_*.deb)
 dpkg-deb --info "$package" > "$work/info.txt"
 grep -q "Depends:.*libsqlite3-0" "$work/info.txt" || fail "the package names no libraries"
-if [ -e "$prefix/bin/zorel-settings" ]; then # Qt loads this at run time, so no linker names it
-    grep -q "Depends:.*qml6-module-qtqml-workerscript" "$work/info.txt" || fail "the window lacks a module of QML"
+if [ -e "$prefix/bin/zorel-settings" ]; then
+    dpkg-deb --info "$work"/packages/zorel-settings_*.deb > "$work/window.txt"
+    # Qt loads this at run time, so no linker names it.
+    grep -q "Depends:.*qml6-module-qtqml-workerscript" "$work/window.txt" || fail "the window lacks a module of QML"
+    dpkg-deb -c "$work"/packages/zorel-settings_*.deb > "$work/window-files.txt"
+    grep -q "bin/zorel-settings" "$work/window-files.txt" || fail "no window in its package"
 fi
 dpkg-deb -x "$package" "$work/root"
 expect "$("$work/root/usr/bin/zorel" today Istanbul --short --lang en)" "Maghrib"
