@@ -26,7 +26,8 @@ class UIColor;
 class UILabel;
 class UIView;
 
-/// The services object. One is made by the settings controller and lent to the other classes.
+/// The services object. One is made by the settings controller and lent to the other classes; buttons, the
+/// search screen and messages have their own.
 class GlobalFuncs {
 public:
     /// Takes the bundle folder from Locations, the AM and PM symbols from the locale, chooses Turkish when

@@ -20,19 +20,18 @@ enum class PrayTimeRule {
 struct PrayTimeExplanation {
     int index = 0;
     PrayTimeRule rule = PrayTimeRule::none;
-    double targetAltitude =
-        0.0;                  ///< [deg], geometric, of the Sun's centre; for a shadow that of the last round
-    int shadowFactor = 0;     ///< staffs; 0 when the rule is another
-    bool morning = false;     ///< before the Sun's transit
-    double partOfNight = 0.0; ///< the part added to `nightFrom`; below zero: taken off
-    int nightFrom = 0;        ///< index of the time that the part of the night is counted from
-    double temkin = 0.0;      ///< [h], with its sign
-    double addition = 0.0;    ///< fixed addition after the iteration [h], with its sign
-    int rounds = 0;           ///< of the iteration; 0 when the rule needs none
-    bool converged = false;   ///< two rounds agreed within a second
-    DateTimeRecord date;      ///< civil date whose Sun the time is taken from
-    int daysBack = 0;         ///< from the date asked about to that one
-    double latitude = 0.0;    ///< at which it was computed [deg]
+    double targetAltitude = 0.0; ///< of the Sun's centre, geometric [deg]; for a shadow, of the last round
+    int shadowFactor = 0;        ///< staffs; 0 when the rule is another
+    bool morning = false;        ///< before the Sun's transit
+    double partOfNight = 0.0;    ///< the part added to `nightFrom`; below zero: taken off
+    int nightFrom = 0;           ///< index of the time that the part of the night is counted from
+    double temkin = 0.0;         ///< [h], with its sign
+    double addition = 0.0;       ///< fixed addition after the iteration [h], with its sign
+    int rounds = 0;              ///< of the iteration; 0 when the rule needs none
+    bool converged = false;      ///< two rounds agreed within a second
+    DateTimeRecord date;         ///< civil date whose Sun the time is taken from
+    int daysBack = 0;            ///< from the date asked about to that one
+    double latitude = 0.0;       ///< at which it was computed [deg]
     bool latitudeLowered = false;
     double time = kNoSolarEvent; ///< [h] local
     bool occurs = false;         ///< the event occurs: the time is not -1

@@ -28,8 +28,8 @@ namespace zorel {
 /// [min], times of day [decimal hours]. Dates are civil dates; a `julianDay` is one of universal time, which
 /// the theories take for uniform time (DeltaT.h is not applied). `T` is in Julian centuries from J2000. What
 /// depends on a place uses `Lat` and `Lon` unless it is handed one; longitudes are east positive except those
-/// named `westLongitude`. Nothing is thrown: events that do not occur yield -1 (Sun) or -1650 (Moon), and
-/// arguments that are not finite give results that are not.
+/// named `westLongitude`. Nothing is thrown: events that do not occur yield -1 (Sun) or -1650 (Moon);
+/// arguments that are not finite end every search, with results that mean nothing.
 class FastAstro {
 public:
     // Fields.
@@ -37,37 +37,37 @@ public:
     MoonCompute moonCompute;
     EarthCompute earthCompute;
     PlaceRecord iPlace;
-    double Lat = 0.0;  ///< north positive
-    double Lon = 0.0;  ///< east positive
-    double tLat = 0.0; ///< geocentric latitude
+    double Lat = 0.0;  ///< [deg] north positive
+    double Lon = 0.0;  ///< [deg] east positive
+    double tLat = 0.0; ///< geocentric latitude [deg]
     SunInfoForPray SunInfo;
     SunDetails Sun;
     MoonInfo Moon;
     std::string iGMTText; ///< the caller's own
     DateTimeRecord iCurrentDate;
-    double SunDec = 0.0;
-    double SunRA = 0.0;
-    double SunDistance = 0.0; ///< [au]
-    double MoonDec = 0.0;
-    double MoonRA = 0.0;
-    double MoonGHA = 0.0;
+    double SunDec = 0.0;            ///< declination [deg]
+    double SunRA = 0.0;             ///< right ascension [h]
+    double SunDistance = 0.0;       ///< [au]
+    double MoonDec = 0.0;           ///< declination [deg]
+    double MoonRA = 0.0;            ///< right ascension [h]
+    double MoonGHA = 0.0;           ///< Greenwich hour angle [deg]
     double MoonDist = 0.0;          ///< [km]
-    double MoonAlt = 0.0;           ///< geocentric
+    double MoonAlt = 0.0;           ///< geocentric [deg]
     double MoonAzi = 0.0;           ///< the caller's own; the azimuth is in `Moon`
-    double MoonRise = 0.0;          ///< universal time, or -1650
-    double MoonSet = 0.0;           ///< universal time, or -1650
-    double MoonTrans = 0.0;         ///< universal time; see MoonTransTime
-    double EclipticLongitude = 0.0; ///< of the Sun
+    double MoonRise = 0.0;          ///< [h UT], or -1650
+    double MoonSet = 0.0;           ///< [h UT], or -1650
+    double MoonTrans = 0.0;         ///< [h UT]; see MoonTransTime
+    double EclipticLongitude = 0.0; ///< of the Sun [deg]
     double trho = 0.0;              ///< observer's distance from the Earth's centre [equatorial radii]
-    double SRT = 0.0;               ///< local sidereal time
+    double SRT = 0.0;               ///< local sidereal time [h]
     double YE = 0.0;                ///< extreme value of the last parabola (Quad)
     double Zero1 = 0.0;             ///< its roots [steps from the centre]
     double Zero2 = 0.0;
     double DX = 0.0;     ///< half the distance of the roots [steps]
     double L_Moon = 0.0; ///< ecliptic longitude of the Moon [rad]
     double B_Moon = 0.0; ///< ecliptic latitude of the Moon [rad]
-    double UTRise = 0.0; ///< sunrise, universal time, -1 if not found
-    double UTSet = 0.0;  ///< sunset, universal time, -1 if not found
+    double UTRise = 0.0; ///< sunrise [h UT], -1 if not found
+    double UTSet = 0.0;  ///< sunset [h UT], -1 if not found
     bool Rise = false;   ///< sunrise was found
     bool Sett = false;   ///< sunset was found
 
@@ -90,6 +90,8 @@ public:
     void SetLocalTime(double& time, const DateTimeRecord& date) const;
     /// @param record in, out: moved by whole days.
     void SetLocalTimeManual(DateTimeRecord& record, std::int32_t days) const;
+
+    // Memory of the Sun (FastAstro_SunMemory.cpp).
 
     /// Whether positions and events of the Sun are remembered between calls, and hours and days that cannot
     /// hold an event are passed over (both at first). The results are the same to the last bit either way.

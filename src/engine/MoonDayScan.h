@@ -20,8 +20,8 @@ class FastAstro;
 class MoonDayScan {
 public:
     static constexpr int kHours = 23; ///< searched hours of a day
-    static constexpr double kHorizon =
-        0.0023265217863302867; ///< sine of the altitude of rise and set, +0.1333 deg
+    /// Sine of the altitude of rise and set, +0.1333 deg.
+    static constexpr double kHorizon = 0.0023265217863302867;
 
     /// Builds the curve unless it is the one held already. Uses the engine's place and overwrites its lunar
     /// fields.
@@ -45,8 +45,8 @@ private:
     Key key{};
     bool built = false;
     bool usable = false;
-    std::array<double, kHours + 2>
-        altitude{}; ///< sine of the altitude above the rising one, from firstHour - 1 on
+    /// Sine of the altitude above that of rise and set, from firstHour - 1 on.
+    std::array<double, kHours + 2> altitude{};
 };
 
 } // namespace zorel

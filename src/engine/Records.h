@@ -56,9 +56,8 @@ struct PrayerTimes {
     };
 
     std::array<double, 16> times{};
-    std::array<double, 16>
-        ezani{};                ///< [h]; before CalculateAllEzaniTimes, [sunrise] is in minutes (PrayerDay)
-    double priorLatitude = 0.0; ///< final lowered latitude plus one [deg]; written only when lowered
+    std::array<double, 16> ezani{}; ///< [h]; a working value [min] at `sunrise` until they are computed
+    double priorLatitude = 0.0;     ///< final lowered latitude plus one [deg]; written only when lowered
     bool latitudeLowered = false;
     bool dawnFromOtherDay = false;
     bool nightfallFromOtherDay = false;
