@@ -24,22 +24,28 @@ void addOptions(CLI::App& app, Arguments& arguments) {
                            ->type_name("FILE");
     app.add_option("--screen", arguments.screen, "the screen that --screenshot draws (default: cities)")
         ->check(CLI::IsMember({"cities", "search", "alarm"}))
-        ->type_name("cities|search|alarm")
+        ->option_text("cities|search|alarm")
         ->needs(screenshot);
     app.add_option("--search", arguments.searchText,
                    "what to search for on the search screen of --screenshot")
-        ->type_name("TEXT")
+        ->option_text("TEXT")
         ->needs(screenshot);
     app.add_flag(
         "--time-start", arguments.timeStart,
         "print the milliseconds from process start to the first frame and the memory in use, and leave");
-    app.add_option("--width", arguments.width, "width of the window [points]")->check(CLI::Range(320, 4096));
-    app.add_option("--height", arguments.height, "height of the window [points]")
-        ->check(CLI::Range(400, 4096));
-    app.add_option("--text-scale", arguments.textScale, "size of everything, 1 is the usual one")
-        ->check(CLI::Range(0.5, 4.0));
-    app.add_option("--appearance", arguments.appearance, "light or dark (default: as the desktop)")
-        ->check(CLI::IsMember({"light", "dark"}));
+    app.add_option("--width", arguments.width, "width of the window, 320 to 4096 points")
+        ->check(CLI::Range(320, 4096))
+        ->option_text("NUMBER");
+    app.add_option("--height", arguments.height, "height of the window, 400 to 4096 points")
+        ->check(CLI::Range(400, 4096))
+        ->option_text("NUMBER");
+    app.add_option("--text-scale", arguments.textScale,
+                   "size of everything, 0.5 to 4 (default: as the desktop's text)")
+        ->check(CLI::Range(0.5, 4.0))
+        ->option_text("FACTOR");
+    app.add_option("--appearance", arguments.appearance, "colours (default: as the desktop)")
+        ->check(CLI::IsMember({"light", "dark"}))
+        ->option_text("light|dark");
 }
 
 } // namespace

@@ -3,9 +3,11 @@
 
 #include "platform/foundation/Locale.h"
 #include "platform/uikit/UISearchBar.h"
+#include "store/DatabaseFunctions.h"
 
 #include <QFontInfo>
 #include <QGuiApplication>
+#include <QScreen>
 
 #include <algorithm>
 
@@ -28,6 +30,13 @@ double textScale(const Arguments& arguments) {
     return arguments.screenshot.empty() ? desktopTextScale() : 1.0;
 }
 
+/// As many points as asked for; a window is no larger than the screen.
+QSize windowSize(const Arguments& arguments, double scale) {
+    const QSize size = (QSizeF(arguments.width, arguments.height) * scale).toSize();
+    const QScreen* screen = QGuiApplication::primaryScreen();
+    return arguments.screenshot.empty() && screen != nullptr ? size.boundedTo(screen->availableSize()) : size;
+}
+
 UISearchBar* searchBarIn(UIView& view) {
     for (UIView* subview : view.subviews()) {
         if (subview->kind() == UIViewKind::searchBar) {
@@ -46,15 +55,22 @@ Pane::Pane(const Arguments& arguments, const QString& problem) : host_(currentLo
         host_.setDark(arguments.appearance == "dark");
     }
     const double scale = host_.textScale();
-    host_.setScreenSize(std::min(arguments.width / scale, kColumnWidth), arguments.height / scale);
+    const QSize size = windowSize(arguments, scale);
+    host_.setScreenSize(std::min(size.width() / scale, kColumnWidth), size.height() / scale);
     controller_ = std::make_unique<ZorelSettingsController>();
     navigation_ = std::make_unique<UINavigationController>(*controller_);
     if (controller_->navigationItem().title().empty()) {
         controller_->navigationItem().setTitle("Zorel");
     }
     host_.show(*navigation_);
-    window_ = std::make_unique<Window>(host_, QSize(arguments.width, arguments.height));
+    window_ = std::make_unique<Window>(host_, size);
     window_->setTitle(QStringLiteral("Zorel"));
+    // Midnight, or the command line, while the window is open.
+    freshness_ =
+        std::make_unique<Freshness>(QString::fromStdString(controller_->dbFuncs().userDBPath()), [this] {
+            controller_->loadAllUserCities();
+            controller_->table().reloadData();
+        });
 }
 
 void Pane::openScreen(const std::string& screen, const std::string& searchText) {

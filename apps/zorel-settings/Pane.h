@@ -4,6 +4,7 @@
 #pragma once
 
 #include "Arguments.h"
+#include "host/Freshness.h"
 #include "host/Host.h"
 #include "host/Window.h"
 #include "platform/uikit/UIViewController.h"
@@ -33,6 +34,7 @@ private:
     std::unique_ptr<ZorelSettingsController> controller_;
     std::unique_ptr<UINavigationController> navigation_;
     std::unique_ptr<Window> window_;
+    std::unique_ptr<Freshness> freshness_;
 };
 
 } // namespace zorel

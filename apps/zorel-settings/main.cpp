@@ -1,14 +1,18 @@
 // SPDX-License-Identifier: Apache-2.0
 // zorel-settings: the settings pane in a window.
 #include "Arguments.h"
+#include "DisplayTrouble.h"
 #include "Pane.h"
 #include "SingleInstance.h"
 
+#include "common/GlobalFuncs.h"
 #include "platform/eventkit/EKEventStore.h"
 #include "platform/eventkit/FolderCalendar.h"
 #include "platform/foundation/Locations.h"
 #include "platform/foundation/NumberText.h"
 #include "platform/foundation/ProgramLocations.h"
+#include "store/Database.h"
+#include "store/DatabaseFunctions.h"
 
 #include <QGuiApplication>
 #include <QIcon>
@@ -20,6 +24,7 @@
 #include <fstream>
 #include <iostream>
 #include <iterator>
+#include <optional>
 #include <sstream>
 #include <unistd.h>
 
@@ -54,6 +59,14 @@ std::string troubleAtStart() {
     if (!createDirectoryAtPath(places.data) || access(places.data.c_str(), W_OK | X_OK) != 0) {
         return "The folder of your cities and alarms cannot be written: " + places.data +
                ". Make it writable for yourself, or name another with --data-dir.";
+    }
+    const GlobalFuncs functions;
+    DatabaseFunctions store(functions);
+    store.generateUserDatabaseFile();
+    const auto database = Database::openUser(store.userDBPath());
+    if (!database || !database->prepare("SELECT ID FROM USER_CITY").isPrepared()) {
+        return "The file of your cities and alarms cannot be used: " + store.userDBPath() +
+               ". Make room if the disk is full; move the file away if it is damaged.";
     }
     return {};
 }
@@ -132,7 +145,9 @@ int openWindow(Pane& pane, SingleInstance& instance) {
 }
 
 int runProgram(int argc, char** argv, const Arguments& arguments) {
+    auto guard = std::make_optional<DisplayGuard>();
     const QGuiApplication application(argc, argv);
+    guard.reset();
     std::setlocale(LC_NUMERIC, "C");
     QGuiApplication::setDesktopFileName(QStringLiteral("org.zorel.Settings"));
     QGuiApplication::setWindowIcon(QIcon::fromTheme(QStringLiteral("org.zorel.Settings")));

@@ -126,6 +126,9 @@ QString Host::backWord() const {
 QString Host::clearWord() const {
     return turkish_ ? QStringLiteral("Temizle") : QStringLiteral("Clear");
 }
+QString Host::nothingWord() const {
+    return turkish_ ? QStringLiteral("Sonuç bulunamadı") : QStringLiteral("Nothing found");
+}
 
 // Handles.
 

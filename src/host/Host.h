@@ -53,6 +53,7 @@ class Host : public QObject, public UIObserver {
     Q_PROPERTY(QString deleteWord READ deleteWord CONSTANT)
     Q_PROPERTY(QString backWord READ backWord CONSTANT)
     Q_PROPERTY(QString clearWord READ clearWord CONSTANT)
+    Q_PROPERTY(QString nothingWord READ nothingWord CONSTANT)
     Q_PROPERTY(bool keyboardUsed READ keyboardUsed NOTIFY keyboardUsedChanged)
     Q_PROPERTY(bool sheetVisible READ sheetVisible NOTIFY sheetChanged)
     Q_PROPERTY(QString sheetTitle READ sheetTitle NOTIFY sheetChanged)
@@ -81,6 +82,8 @@ public:
     [[nodiscard]] QString deleteWord() const;
     [[nodiscard]] QString backWord() const;
     [[nodiscard]] QString clearWord() const;
+    /// What stands in place of the results of a search that found none.
+    [[nodiscard]] QString nothingWord() const;
     /// Whether the last thing touched was the keyboard: then the focus is marked.
     [[nodiscard]] bool keyboardUsed() const { return keyboardUsed_; }
     [[nodiscard]] bool sheetVisible() const { return sheet_.get() != nullptr; }

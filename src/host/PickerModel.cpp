@@ -4,6 +4,8 @@
 #include "host/Host.h"
 #include "platform/uikit/UILabel.h"
 
+#include <algorithm>
+
 namespace zorel {
 
 int PickerModel::rowCount(const QModelIndex& parent) const {
@@ -35,6 +37,12 @@ void PickerHandle::pick(int row) {
         host().syncClock();
         static_cast<UIPickerView*>(view())->userPicksRow(row);
         emit selectedRowChanged();
+    }
+}
+
+void PickerHandle::turn(int rows) {
+    if (model_.rowCount() > 0) {
+        pick(std::clamp(selectedRow() + rows, 0, model_.rowCount() - 1));
     }
 }
 

@@ -42,6 +42,8 @@ public:
     [[nodiscard]] QString selectedText() const { return model_.textOfRow(selectedRow()); }
     /// The wheel has come to rest on a row.
     Q_INVOKABLE void pick(int row);
+    /// Goes some rows on (or back), to the last (or first) one at most.
+    Q_INVOKABLE void turn(int rows);
     void reload() { model_.reload(); }
 
 signals:

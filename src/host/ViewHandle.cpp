@@ -168,6 +168,7 @@ bool SearchHandle::focused() const {
 
 void SearchHandle::type(const QString& text) {
     if (view() != nullptr) {
+        setSearched(false);
         static_cast<UISearchBar*>(view())->userTypes(text.toStdString());
     }
 }
@@ -176,7 +177,13 @@ void SearchHandle::search() {
     if (view() != nullptr) {
         host().syncClock();
         static_cast<UISearchBar*>(view())->userTapsSearch();
+        setSearched(!text().isEmpty());
     }
+}
+
+void SearchHandle::setSearched(bool searched) {
+    searched_ = searched;
+    emit searchedChanged();
 }
 
 } // namespace zorel

@@ -93,17 +93,26 @@ class SearchHandle : public ViewHandle {
     Q_PROPERTY(QString placeholder READ placeholder NOTIFY changed)
     Q_PROPERTY(QString text READ text NOTIFY changed)
     Q_PROPERTY(bool focused READ focused NOTIFY focusedChanged)
+    Q_PROPERTY(bool searched READ searched NOTIFY searchedChanged)
 
 public:
     using ViewHandle::ViewHandle;
     [[nodiscard]] QString placeholder() const;
     [[nodiscard]] QString text() const;
     [[nodiscard]] bool focused() const;
+    /// Whether what is on show was found with the present text.
+    [[nodiscard]] bool searched() const { return searched_; }
     Q_INVOKABLE void type(const QString& text);
     Q_INVOKABLE void search();
 
 signals:
     void focusedChanged();
+    void searchedChanged();
+
+private:
+    void setSearched(bool searched);
+
+    bool searched_ = false;
 };
 
 } // namespace zorel

@@ -4,7 +4,7 @@
 #include "host/Host.h"
 
 #include <QCoreApplication>
-#include <QtQml/qqmlextensionplugin.h>
+#include <QQuickItem>
 
 namespace zorel {
 
@@ -15,6 +15,12 @@ Window::Window(Host& host, QSize size) {
     resize(size);
     setInitialProperties({{QStringLiteral("host"), QVariant::fromValue(&host)}});
     setSource(QUrl(QStringLiteral("qrc:/qt/qml/Zorel/Host/qml/Main.qml")));
+}
+
+/// Left to itself, Qt 6.4 deletes rows that have just been replaced later than the QML engine that they use.
+Window::~Window() {
+    delete rootObject();
+    QCoreApplication::sendPostedEvents(nullptr, QEvent::DeferredDelete);
 }
 
 } // namespace zorel

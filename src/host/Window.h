@@ -9,15 +9,16 @@ namespace zorel {
 
 class Host;
 
-/// A phone-shaped window; its content is 320 points wide at least and fills up to 640.
 /// Widest content of the window [pt]; a wider window leaves its sides free.
 inline constexpr double kColumnWidth = 640.0;
 
+/// A phone-shaped window.
 class Window : public QQuickView {
     Q_OBJECT
 
 public:
     Window(Host& host, QSize size);
+    ~Window() override;
 };
 
 } // namespace zorel

@@ -43,6 +43,15 @@ public:
     }
     void tap(const QQuickItem& item) { tap(centre(item)); }
     void tap(QPoint point) { QTest::mouseClick(&window_, Qt::LeftButton, {}, point); }
+    void rightTap(const QQuickItem& item) { QTest::mouseClick(&window_, Qt::RightButton, {}, centre(item)); }
+    /// Turns the mouse's wheel, a positive number towards the user.
+    void notches(const QQuickItem& item, int count) {
+        constexpr int notch = 120;
+        const QPointF point = centre(item);
+        QWheelEvent event(point, window_.mapToGlobal(point), {}, {0, -notch * count}, Qt::NoButton, {},
+                          Qt::NoScrollPhase, false);
+        QCoreApplication::sendEvent(&window_, &event);
+    }
     void drag(QPoint from, QPoint by) {
         constexpr int steps = 12;
         QTest::mousePress(&window_, Qt::LeftButton, {}, from);
@@ -52,7 +61,7 @@ public:
         }
         QTest::mouseRelease(&window_, Qt::LeftButton, {}, from + by);
     }
-    void key(Qt::Key key) { QTest::keyClick(&window_, key); }
+    void key(Qt::Key key, Qt::KeyboardModifiers held = {}) { QTest::keyClick(&window_, key, held); }
     void type(const QString& text) {
         for (const QChar letter : text) {
             QTest::sendKeyEvent(QTest::Click, &window_, Qt::Key_unknown, QString(letter), Qt::NoModifier);

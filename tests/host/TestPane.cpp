@@ -73,6 +73,10 @@ std::string TestPane::titleForFooterInSection(UITableView& /*table*/, int sectio
     return section == 2 ? "A footer that says how it all works." : "";
 }
 
+std::string TestPane::detailForRowAtIndexPath(UITableView& /*table*/, NSIndexPath path) {
+    return path.section == 1 && path.row == 2 ? detail : std::string();
+}
+
 double TestPane::heightForHeaderInSection(UITableView& /*table*/, int /*section*/) {
     return 40.0;
 }

@@ -44,6 +44,7 @@ public:
     UIPickerView wheel{CGRect{0.0, 0.0, 240.0, 60.0}};
     UILabel headerLabel{CGRect{16.0, 0.0, 200.0, 40.0}};
     UIView header{CGRect{0.0, 0.0, 390.0, 40.0}};
+    std::string detail; ///< second text of the row that opens a screen
     int flips = 0;
     int picked = -1;
     int cellsMade = 0;
@@ -58,6 +59,7 @@ public:
     std::unique_ptr<UITableViewCell> cellForRowAtIndexPath(UITableView& table, NSIndexPath path) override;
     std::string titleForHeaderInSection(UITableView& table, int section) override;
     std::string titleForFooterInSection(UITableView& table, int section) override;
+    std::string detailForRowAtIndexPath(UITableView& table, NSIndexPath path) override;
     double heightForHeaderInSection(UITableView& table, int section) override;
     double heightForRowAtIndexPath(UITableView& table, NSIndexPath path) override;
     UIView* viewForHeaderInSection(UITableView& table, int section) override;

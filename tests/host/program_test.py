@@ -84,6 +84,31 @@ class ProgramTest(unittest.TestCase):
         self.assertIn(str(self.home / "file/data"), drawn.stderr)
         self.assertIn("--data-dir", drawn.stderr)
 
+    def test_a_file_of_cities_that_is_damaged(self):
+        (self.home / "data").mkdir()
+        (self.home / "data/user.sqlite").write_text("no database")
+        drawn = self.run_program("--data-dir", str(self.home / "data"), "--screenshot", str(self.home / "x.png"))
+        self.assertIn(str(self.home / "data/user.sqlite"), drawn.stderr)
+        self.assertTrue((self.home / "x.png").exists(), "the window says it too")
+
+    def test_larger_text_makes_a_larger_picture(self):
+        file = self.home / "x.png"
+        self.assertEqual(self.run_program("--text-scale", "1.5", "--screenshot", str(file)).returncode, 0)
+        data = file.read_bytes()
+        self.assertEqual((int.from_bytes(data[16:20], "big"), int.from_bytes(data[20:24], "big")), (585, 1170))
+
+    def test_without_a_display_one_line_says_so(self):
+        del self.environment["QT_QPA_PLATFORM"]
+        for variables, words in (({}, "DISPLAY is not set"),
+                                 ({"DISPLAY": ":4999"}, "the display :4999 does not answer"),
+                                 ({"WAYLAND_DISPLAY": "nowhere"}, "qt6-wayland"),
+                                 ({"DISPLAY": ":4999", "QT_QPA_PLATFORM": "attic"}, "QT_QPA_PLATFORM is attic")):
+            mistake = subprocess.run([PROGRAM], env=self.environment | variables, capture_output=True, text=True,
+                                     timeout=60)
+            self.assertEqual(mistake.returncode, 4, mistake.stderr)
+            self.assertIn(words, mistake.stderr)
+            self.assertRegex(mistake.stderr, r"\Azorel-settings: No window can be opened.*--screenshot FILE\.\n\Z")
+
     def test_a_second_start_asks_the_first_window_to_come_forward(self):
         first = subprocess.Popen([PROGRAM], env=self.environment, stdout=subprocess.PIPE, stderr=subprocess.PIPE)
         try:

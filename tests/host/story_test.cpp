@@ -1,5 +1,6 @@
 // SPDX-License-Identifier: Apache-2.0
 // One whole story with the real pane, the real catalogue, a database and a calendar folder of its own.
+#include "tests/host/Reader.h"
 #include "tests/host/Screen.h"
 
 #include "platform/foundation/Clock.h"
@@ -9,6 +10,7 @@
 #include "store/DatabaseFunctions.h"
 
 #include <QDir>
+#include <QRegularExpression>
 #include <QTemporaryDir>
 #include <gtest/gtest.h>
 
@@ -159,6 +161,59 @@ TEST_F(Story, AnAlarmWithoutACityIsRefusedWithAMessage) {
             return handle != nullptr && handle->kind() == "plain" && handle->spoken() == message;
         }) != nullptr;
     }));
+    close();
+}
+
+TEST_F(Story, ASearchWithoutResultsSaysSoAndTheKeyboardReachesTheResults) {
+    open();
+    tapAdd();
+    see("City Search");
+    screen->key(Qt::Key_Return);
+    EXPECT_EQ(screen->text("Nothing found"), nullptr) << "nothing was searched for";
+    screen->type("Qqzzxx");
+    EXPECT_EQ(screen->text("Nothing found"), nullptr);
+    screen->key(Qt::Key_Return);
+    see("Nothing found");
+    screen->key(Qt::Key_Backspace);
+    EXPECT_EQ(screen->text("Nothing found"), nullptr);
+    for (int letter = 0; letter < 5; ++letter) {
+        screen->key(Qt::Key_Backspace);
+    }
+    screen->type("isparta");
+    screen->key(Qt::Key_Return);
+    see("Isparta / Türkiye");
+    EXPECT_EQ(screen->text("Nothing found"), nullptr);
+    screen->key(Qt::Key_Down);
+    EXPECT_TRUE(test::Reader(*window).says("item: Isparta / Türkiye, focused"));
+    screen->key(Qt::Key_Up);
+    EXPECT_TRUE(test::Reader(*window).says("edit: Search for a city, focused"));
+    screen->key(Qt::Key_Down);
+    screen->key(Qt::Key_Return);
+    screen->key(Qt::Key_Return);
+    ASSERT_EQ(pane->userCities().size(), 1U);
+    close();
+}
+
+TEST_F(Story, AScreenReaderIsToldTheHomeCityAndTheAlarm) {
+    open();
+    addCity("Ankara", "Ankara / Türkiye");
+    addCity("Konya", "Konya / Türkiye");
+    QTest::qWait(300);
+    const test::Reader cities(*window);
+    for (const char* line : {"button: Cities, Add city, focused", "radio button: Ankara, Home city, checked",
+                             "radio button: Konya, Home city", "heading: Prayer time alarms"}) {
+        EXPECT_TRUE(cities.says(line)) << line << " among\n" << cities.lines().join('\n').toStdString();
+    }
+    EXPECT_EQ(cities.lines().filter(QRegularExpression("^item: Isha, \\d\\d:\\d\\d$")).size(), 1);
+    tapText("Isha");
+    ASSERT_TRUE(eventually([this] { return screen->showing(pane->alarmView().alarmEnabled()) != nullptr; }));
+    QTest::qWait(300);
+    const test::Reader alarm(*window);
+    for (const char* line :
+         {"button: Back", "list: Alarm", "check box: Alarm, focused", "combo box: Alarm time, At prayer time",
+          "combo box: Ringing duration, 5 seconds"}) {
+        EXPECT_TRUE(alarm.says(line)) << line << " among\n" << alarm.lines().join('\n').toStdString();
+    }
     close();
 }
 

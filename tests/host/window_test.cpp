@@ -1,4 +1,5 @@
 // SPDX-License-Identifier: Apache-2.0
+#include "tests/host/Reader.h"
 #include "tests/host/Screen.h"
 #include "tests/host/TestPane.h"
 
@@ -142,6 +143,103 @@ TEST_F(WindowTest, AWheelTurnsByKeyboardAndFollowsTheProgram) {
     EXPECT_EQ(pane.picked, 9);
 }
 
+TEST_F(WindowTest, ANotchOfTheMousesWheelTurnsAWheelByOneRow) {
+    auto* wheel = screen->showing(pane.wheel);
+    ASSERT_NE(wheel, nullptr);
+    screen->notches(*wheel, 1);
+    EXPECT_EQ(pane.picked, 5) << "at once, so that nothing is lost when the screen is left";
+    screen->notches(*wheel, -3);
+    EXPECT_EQ(pane.picked, 2);
+    screen->notches(*wheel, -5);
+    EXPECT_EQ(pane.picked, 0);
+}
+
+TEST_F(WindowTest, ADragOnAWheelTurnsItAndLeavesTheTableAlone) {
+    auto* wheel = screen->showing(pane.wheel);
+    ASSERT_NE(wheel, nullptr);
+    const QPoint centre = test::Screen::centre(*wheel);
+    screen->drag(centre, {0, -60});
+    EXPECT_TRUE(eventually([this] { return pane.picked > 4; }));
+    EXPECT_EQ(test::Screen::centre(*wheel), centre);
+}
+
+TEST_F(WindowTest, TheMousesWheelThatScrollsTheTableLeavesTheWheelsAlone) {
+    window->resize(390, 400);
+    ASSERT_TRUE(eventually([this] { return window->rootObject()->height() == 400; }));
+    screen->notches(*screen->text("Beta"), 1);
+    screen->notches(*screen->showing(pane.wheel), 1);
+    EXPECT_EQ(pane.picked, -1);
+}
+
+TEST_F(WindowTest, TheRightButtonUncoversDeleteAndEscapeTakesItBack) {
+    screen->rightTap(*screen->text("Beta"));
+    reveal("Delete");
+    screen->key(Qt::Key_Escape);
+    EXPECT_TRUE(eventually([this] { return screen->text("Delete") == nullptr; }));
+    EXPECT_EQ(pane.names.size(), 3U);
+}
+
+TEST_F(WindowTest, ASecondTextThatIsTooLongStandsBelowInFull) {
+    const QQuickItem* label = screen->text("Open");
+    const double narrow = label->mapToScene({0, 0}).y();
+    pane.detail = "13:00";
+    pane.table().reloadData();
+    reveal("13:00");
+    EXPECT_LT(std::abs(screen->text("13:00")->mapToScene({0, 0}).y() - narrow), 10.0) << "beside the first";
+    pane.detail = "13:41 · Alarm 13:40 · computed for a lower latitude than that of the city";
+    pane.table().reloadData();
+    const QString all = QString::fromStdString(pane.detail);
+    reveal(all);
+    const QQuickItem* detail = screen->text(all);
+    label = screen->text("Open");
+    EXPECT_FALSE(detail->property("truncated").toBool());
+    EXPECT_GE(detail->mapToScene({0, 0}).y(), label->mapToScene({0, label->height()}).y());
+    EXPECT_GT(detail->property("lineCount").toInt(), 1);
+    EXPECT_LE(detail->mapToScene({detail->width(), 0}).x(), 390.0 - 32.0);
+}
+
+TEST_F(WindowTest, AfterASheetTheKeyboardIsBackWhereItWas) {
+    navigation.pushViewController(pane.second, false);
+    ASSERT_TRUE(eventually([this] { return screen->showing(pane.searchBar) != nullptr; }));
+    screen->type("Kö");
+    UIActionSheet sheet("", nullptr, "Cancel", {"Do it"});
+    sheet.showInView(pane.secondView);
+    screen->type("x");
+    EXPECT_EQ(pane.searchBar.text(), "Kö") << "what lies below the sheet is out of reach";
+    screen->key(Qt::Key_Escape);
+    screen->type("ln");
+    EXPECT_EQ(pane.searchBar.text(), "Köln");
+}
+
+TEST_F(WindowTest, AScreenReaderIsToldWhatEachRowIsAndWhereTheKeyboardIs) {
+    pane.wheel.setAccessibilityLabel("Number");
+    pane.flag.setOn(true);
+    screen->key(Qt::Key_Tab);
+    for (int step = 0; step < 4; ++step) {
+        screen->key(Qt::Key_Down);
+    }
+    const test::Reader reader(*window);
+    for (const char* line : {"heading: Pane", "list: Pane", "radio button: Alpha", "heading: Controls",
+                             "check box: Flag, checked", "combo box: Number, Row 4, focused", "item: Open",
+                             "other: A footer that says how it all works."}) {
+        EXPECT_TRUE(reader.says(line)) << line << " among\n" << reader.lines().join('\n').toStdString();
+    }
+    EXPECT_EQ(reader.lines().filter("focused").size(), 1);
+}
+
+TEST_F(WindowTest, MayBeClosedWhileRowsAreReplaced) {
+    pane.table().reloadData();
+    reveal("Alpha");
+    screen.reset();
+    window.reset();
+    EXPECT_EQ(QGuiApplication::allWindows().size(), 0);
+}
+
+TEST_F(WindowTest, ControlQClosesTheWindow) {
+    screen->key(Qt::Key_Q, Qt::ControlModifier);
+    EXPECT_FALSE(window->isVisible());
+}
+
 TEST_F(WindowTest, AnActionSheetAnswersAndCancels) {
     struct Answer : UIActionSheetDelegate {
         std::vector<int> indices;
@@ -217,6 +315,10 @@ TEST(Window, LargeTextMakesEverythingLarger) {
     const double height = row->mapToScene({0, row->height()}).y() - row->mapToScene({0, 0}).y();
     EXPECT_NEAR(height, row->height() * 1.5, 0.5);
     EXPECT_EQ(UIScreen::mainScreen().bounds().width, 260.0);
+    const QQuickItem* drawn = screen.showing(pane.header);
+    ASSERT_NE(drawn, nullptr);
+    EXPECT_EQ(drawn->property("textureSize").toSize(), (drawn->size() * 1.5).toSize())
+        << "as sharp as the rest";
 }
 
 TEST(Window, SaysATroubleAtItsTop) {

@@ -9,6 +9,7 @@ Item {
     property ViewHandle handle: null
     // Whether a view that draws itself fills the whole row.
     property bool wide: false
+    required property Flickable list
     required property Theme theme
     required property Host host
     readonly property string kind: handle && handle.shown ? handle.kind : ""
@@ -17,7 +18,12 @@ Item {
     readonly property bool inert: kind === "plain" && !handle.operable
     readonly property bool checkable: kind === "switch" || (kind === "plain" && handle.operable)
     readonly property bool checked: kind === "switch" ? handle.on : (kind === "plain" && handle.marked)
-    readonly property string spoken: kind === "picker" ? handle.selectedText : (kind === "plain" ? handle.spoken : "")
+    readonly property string spoken: kind === "picker" ? handle.spoken + ", " + handle.selectedText
+                                   : kind === "plain" ? handle.spoken : ""
+    // What the row is for a screen reader. Of the drawn controls one in the table is marked.
+    readonly property int role: kind === "switch" ? Accessible.CheckBox
+                              : kind === "picker" ? Accessible.ComboBox
+                              : kind === "plain" && handle.operable ? Accessible.RadioButton : Accessible.ListItem
 
     implicitWidth: kind === "switch" ? 51 : (handle ? handle.viewWidth : 0)
     implicitHeight: kind === "switch" ? 31 : (handle ? handle.viewHeight : 0)
@@ -29,7 +35,7 @@ Item {
     }
     function turn(step: int) {
         if (kind === "picker")
-            handle.pick(Math.max(0, Math.min(handle.model.rowCount() - 1, handle.selectedRow + step)))
+            handle.turn(step)
     }
 
     Loader {
@@ -50,6 +56,7 @@ Item {
         Wheel {
             handle: accessory.handle
             theme: accessory.theme
+            list: accessory.list
         }
     }
     Component {
@@ -57,6 +64,7 @@ Item {
         ViewItem {
             handle: accessory.handle
             dark: accessory.theme.dark
+            textureSize: Qt.size(width * accessory.host.textScale, height * accessory.host.textScale)
             onWidthChanged: fit()
             onHeightChanged: fit()
             function fit() {

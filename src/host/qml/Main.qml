@@ -46,14 +46,17 @@ Rectangle {
             theme: theme
             page: stack.topPage ? stack.topPage.page : null
             root: stack.depth < 2
+            enabled: !sheet.shown
         }
         PageStack {
             id: stack
             anchors { top: bar.bottom; left: parent.left; right: parent.right; bottom: parent.bottom }
             host: root.host
             theme: theme
+            enabled: !sheet.shown
         }
         ActionSheet {
+            id: sheet
             anchors.fill: parent
             host: root.host
             theme: theme
@@ -67,7 +70,7 @@ Rectangle {
         onActivated: root.host.back()
     }
     Shortcut {
-        sequences: [StandardKey.Quit]
-        onActivated: Qt.quit()
+        sequences: ["Ctrl+Q", "Ctrl+W"]
+        onActivated: root.Window.window.close()
     }
 }

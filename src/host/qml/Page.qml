@@ -61,6 +61,7 @@ FocusScope {
             width: parent.width
             height: active ? 60 : 0
             focus: active
+            Keys.onDownPressed: if (list.item && list.item.count > 0) list.item.forceActiveFocus()
             sourceComponent: SearchField {
                 focus: true
                 handle: screen.search
@@ -69,15 +70,28 @@ FocusScope {
             }
         }
         Loader {
+            id: list
             anchors { top: searchField.bottom; left: parent.left; right: parent.right; bottom: parent.bottom }
             active: screen.table !== null
             focus: !searchField.active
+            Keys.onUpPressed: if (searchField.active) searchField.item.forceActiveFocus()
             sourceComponent: TableList {
+                title: screen.page ? screen.page.title : ""
                 handle: screen.table
                 theme: screen.theme
                 host: screen.host
                 focus: true
             }
+        }
+        Text {
+            anchors { top: searchField.bottom; topMargin: 24; horizontalCenter: parent.horizontalCenter }
+            visible: screen.search !== null && screen.search.searched && list.item !== null && list.item.count === 0
+            text: screen.host.nothingWord
+            textFormat: Text.PlainText
+            color: screen.theme.quiet
+            font.pixelSize: screen.theme.textSize
+            Accessible.role: Accessible.AlertMessage
+            Accessible.name: text
         }
         Repeater {
             model: screen.parts.filter(handle => handle && handle.kind === "plain")
@@ -85,6 +99,7 @@ FocusScope {
                 required property ViewHandle modelData
                 handle: modelData
                 dark: screen.theme.dark
+                textureSize: Qt.size(width * screen.host.textScale, height * screen.host.textScale)
                 x: modelData ? modelData.viewX : 0
                 y: modelData ? modelData.viewY : 0
                 width: modelData ? modelData.viewWidth : 0

@@ -14,6 +14,8 @@ Item {
     readonly property real columnWidth: Math.min(width, 640)
 
     clip: true
+    // A sheet that lay on top is gone: the keyboard is back where it was.
+    onEnabledChanged: if (enabled && topPage) topPage.forceActiveFocus()
     function push(handle: PageHandle, animated: bool) {
         const item = pageComponent.createObject(stack, {page: handle})
         const below = stack.topPage

@@ -15,8 +15,7 @@ Item {
 
     width: entry.width
     height: footer ? label.implicitHeight + 20 : Math.max(entry.entryHeight, own ? 40 : label.implicitHeight + 16)
-    function operate() { if (own) own.activate() }
-    function open() { operate() }
+    function activate() { if (own) own.activate() }
 
     Text {
         id: label
@@ -33,11 +32,14 @@ Item {
         font.pixelSize: header.footer ? header.theme.smallSize : 15
         Accessible.role: header.footer ? Accessible.StaticText : Accessible.Heading
         Accessible.name: text
+        Accessible.ignored: text === ""
     }
     ViewItem {
         visible: header.own !== null
         handle: header.own
         dark: header.theme.dark
+        textureSize: Qt.size(width * header.host.textScale, height * header.host.textScale)
+        focus: header.reachable
         anchors { fill: parent; leftMargin: 10; rightMargin: 10 }
         onWidthChanged: fit()
         onHeightChanged: fit()
@@ -47,7 +49,7 @@ Item {
         }
         Accessible.role: header.reachable ? Accessible.Button : Accessible.Heading
         Accessible.name: header.own ? header.own.spoken : ""
-        Accessible.onPressAction: header.operate()
+        Accessible.onPressAction: header.activate()
     }
     Rectangle {
         anchors { fill: parent; margins: 3 }

@@ -1,6 +1,6 @@
 // SPDX-License-Identifier: Apache-2.0
-// A table of sections and rows with kinetic scrolling. The keyboard walks through the rows: Return opens, Space operates
-// what stands in the row, Delete asks for deletion, Left and Right turn a wheel.
+// A table of sections and rows with kinetic scrolling. The keyboard walks through the rows: Return and Space do what a tap
+// does, Delete asks for deletion, Escape takes that back, Left and Right turn a wheel.
 import QtQuick
 import Zorel.Views
 
@@ -10,6 +10,7 @@ ListView {
     required property ViewHandle handle
     required property Theme theme
     required property Host host
+    required property string title
     property Item opened: null
 
     model: handle ? handle.model : null
@@ -23,16 +24,18 @@ ListView {
     topMargin: handle && handle.grouped ? 8 : 0
     bottomMargin: 24
     Accessible.role: Accessible.List
-    Accessible.name: handle ? handle.spoken : ""
+    Accessible.name: title
 
-    function walk(step: int) {
+    // Goes to the next row that can be reached; false when there is none.
+    function walk(step: int): bool {
         const start = currentIndex
         for (let index = start + step; index >= 0 && index < count; index += step) {
             currentIndex = index
             if (currentItem && currentItem.reachable)
-                return
+                return true
         }
         currentIndex = start
+        return false
     }
     onActiveFocusChanged: if (activeFocus && currentIndex < 0) walk(1)
     onMovementStarted: closeOpened()
@@ -40,11 +43,13 @@ ListView {
         if (opened)
             opened.closeSwipe()
     }
-    Keys.onUpPressed: walk(-1)
+    Keys.onShortcutOverride: event => event.accepted = opened !== null && event.key === Qt.Key_Escape
+    Keys.onEscapePressed: closeOpened()
+    Keys.onUpPressed: event => event.accepted = walk(-1)
     Keys.onDownPressed: walk(1)
-    Keys.onReturnPressed: if (currentItem) currentItem.open()
-    Keys.onEnterPressed: if (currentItem) currentItem.open()
-    Keys.onSpacePressed: if (currentItem) currentItem.operate()
+    Keys.onReturnPressed: if (currentItem) currentItem.activate()
+    Keys.onEnterPressed: if (currentItem) currentItem.activate()
+    Keys.onSpacePressed: if (currentItem) currentItem.activate()
     Keys.onDeletePressed: if (currentItem) currentItem.askDelete()
     Keys.onLeftPressed: if (currentItem) currentItem.turn(-1)
     Keys.onRightPressed: if (currentItem) currentItem.turn(1)
@@ -72,8 +77,7 @@ ListView {
 
         width: ListView.view.width
         sourceComponent: entryKind === "row" ? rowComponent : headerComponent
-        function open() { if (item && item.open) item.open() }
-        function operate() { if (item && item.operate) item.operate() }
+        function activate() { if (item) item.activate() }
         function askDelete() { if (item && item.askDelete) item.askDelete() }
         function turn(step: int) { if (item && item.turn) item.turn(step) }
 

@@ -15,27 +15,51 @@ Item {
     readonly property real deleteWidth: 88
     readonly property bool isOpen: face.x < -deleteWidth / 2
 
+    // Space for the texts; where they are too long for one line, the second one stands below, so that no time is cut.
+    readonly property real trailing: theme.margin + (chevron.visible ? chevron.width + 8 : 0)
+    readonly property real room: frame.width - theme.margin - trailing
+    readonly property bool stacked: !!entry.detail && labelSize.advanceWidth + 8 + detailSize.advanceWidth > room
+
+    TextMetrics {
+        id: labelSize
+        font.pixelSize: cell.theme.textSize
+        text: cell.entry.rowText || ""
+    }
+    TextMetrics {
+        id: detailSize
+        font.pixelSize: cell.theme.textSize - 1
+        text: cell.entry.detail || ""
+    }
+
     width: entry.width
     // A wheel shows the row in the middle and one whole row above and below it.
-    height: accessory.kind === "picker" ? 102 : (entry.entryHeight || 44)
+    height: accessory.kind === "picker" ? 102
+          : Math.max(entry.entryHeight || 44, stacked ? label.implicitHeight + detail.implicitHeight + 16 : 0)
 
-    function open() {
+    function activate() {
         if (isOpen)
             remove()
+        else if (accessory.operable)
+            accessory.operate()
         else
             list.handle.model.select(entry.section, entry.row)
     }
-    function operate() { accessory.operate() }
     function turn(step: int) { accessory.turn(step) }
+    function uncoverDelete() {
+        if (entry.deletable)
+            swing(-deleteWidth)
+    }
     function askDelete() {
         if (isOpen)
             remove()
-        else if (entry.deletable)
-            swing(-deleteWidth)
+        else
+            uncoverDelete()
     }
     function remove() { list.handle.model.remove(entry.section, entry.row) }
     function closeSwipe() { swing(0) }
     function swing(x: real) {
+        if (x < 0 && list.opened !== cell)
+            list.closeOpened()
         swinging.to = x
         swinging.restart()
         list.opened = x < 0 ? cell : (list.opened === cell ? null : list.opened)
@@ -72,13 +96,16 @@ Item {
             id: face
             width: parent.width
             height: parent.height
-            Accessible.role: Accessible.ListItem
+            focus: true
+            Accessible.role: accessory.role
             Accessible.name: [cell.entry.rowText, accessory.spoken, cell.entry.detail].filter(part => !!part).join(", ")
             Accessible.selectable: cell.list.handle.selectable
             Accessible.checkable: accessory.checkable
             Accessible.checked: accessory.checked
-            Accessible.onPressAction: cell.entry.disclosure ? cell.open() : cell.operate()
-            Accessible.onToggleAction: cell.operate()
+            Accessible.onPressAction: cell.activate()
+            Accessible.onToggleAction: cell.activate()
+            Accessible.onIncreaseAction: cell.turn(1)
+            Accessible.onDecreaseAction: cell.turn(-1)
 
             Rectangle {
                 id: body
@@ -104,8 +131,10 @@ Item {
                 id: label
                 anchors {
                     left: parent.left; leftMargin: cell.theme.margin
-                    right: accessory.inert ? parent.right : accessory.left; rightMargin: accessory.inert ? cell.theme.margin : 8
-                    verticalCenter: parent.verticalCenter
+                    right: accessory.inert || cell.stacked ? parent.right : detail.visible ? detail.left : accessory.left
+                    rightMargin: accessory.inert || cell.stacked ? cell.theme.margin : 8
+                    top: cell.stacked ? parent.top : undefined; topMargin: 8
+                    verticalCenter: cell.stacked ? undefined : parent.verticalCenter
                 }
                 text: cell.entry.rowText || (accessory.inert ? accessory.spoken : "")
                 textFormat: Text.PlainText
@@ -120,36 +149,39 @@ Item {
             Accessory {
                 id: accessory
                 anchors { right: parent.right; rightMargin: wide ? 0 : cell.theme.margin; verticalCenter: parent.verticalCenter }
-                width: kind === "" ? trailing.implicitWidth : (wide ? parent.width : implicitWidth)
-                height: wide || kind === "" ? parent.height : implicitHeight
+                width: wide ? parent.width : implicitWidth
+                height: wide ? parent.height : implicitHeight
                 wide: !cell.entry.rowText && kind !== "switch" && kind !== ""
                 visible: !inert
                 handle: cell.entry.accessory || null
                 theme: cell.theme
                 host: cell.host
-                Row {
-                    id: trailing
-                    anchors { right: parent.right; verticalCenter: parent.verticalCenter }
-                    spacing: 8
-                    Text {
-                        anchors.verticalCenter: parent.verticalCenter
-                        width: Math.min(implicitWidth, frame.width * 0.55)
-                        text: cell.entry.detail || ""
-                        textFormat: Text.PlainText
-                        elide: Text.ElideRight
-                        color: cell.theme.quiet
-                        font.pixelSize: cell.theme.textSize - 1
-                        Accessible.ignored: true
-                    }
-                    Text {
-                        anchors.verticalCenter: parent.verticalCenter
-                        visible: !!cell.entry.disclosure
-                        text: "\u203a"
-                        color: cell.theme.quiet
-                        font.pixelSize: 22
-                        Accessible.ignored: true
-                    }
+                list: cell.list
+            }
+            Text {
+                id: detail
+                anchors {
+                    right: parent.right; rightMargin: cell.trailing
+                    bottom: cell.stacked ? parent.bottom : undefined; bottomMargin: 8
+                    verticalCenter: cell.stacked ? undefined : parent.verticalCenter
                 }
+                width: cell.stacked ? cell.room : implicitWidth
+                visible: text !== ""
+                text: cell.entry.detail || ""
+                textFormat: Text.PlainText
+                wrapMode: cell.stacked ? Text.Wrap : Text.NoWrap
+                color: cell.theme.quiet
+                font.pixelSize: cell.theme.textSize - 1
+                Accessible.ignored: true
+            }
+            Text {
+                id: chevron
+                anchors { right: parent.right; rightMargin: cell.theme.margin; verticalCenter: parent.verticalCenter }
+                visible: !!cell.entry.disclosure
+                text: "\u203a"
+                color: cell.theme.quiet
+                font.pixelSize: 22
+                Accessible.ignored: true
             }
             TapHandler {
                 id: tap
@@ -160,6 +192,10 @@ Item {
                     if (!wasOpen)
                         cell.list.handle.model.select(cell.entry.section, cell.entry.row)
                 }
+            }
+            TapHandler {
+                acceptedButtons: Qt.RightButton
+                onTapped: cell.uncoverDelete()
             }
             DragHandler {
                 enabled: !!cell.entry.deletable

@@ -8,6 +8,8 @@ Item {
 
     required property ViewHandle handle
     required property Theme theme
+    // The table around the wheel. A finger turns either the wheel or the table, and so does the mouse's wheel.
+    required property Flickable list
     readonly property real rowHeight: 32
 
     clip: true
@@ -28,6 +30,21 @@ Item {
         snapMode: ListView.SnapToItem
         flickDeceleration: 3000
         keyNavigationEnabled: false
+        interactive: !wheel.list.moving
+        PointHandler { onActiveChanged: wheel.list.interactive = !active }
+        // One notch of the mouse's wheel is one row, at once.
+        WheelHandler {
+            enabled: !wheel.list.moving
+            property real turned: 0
+            acceptedDevices: PointerDevice.Mouse | PointerDevice.TouchPad
+            onWheel: event => {
+                const notch = 120
+                turned += event.angleDelta.y
+                const steps = Math.trunc(turned / notch)
+                turned -= steps * notch
+                wheel.handle.turn(-steps)
+            }
+        }
         onMovementEnded: if (wheel.handle) wheel.handle.pick(currentIndex)
         delegate: Text {
             required property string rowText
