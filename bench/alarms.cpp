@@ -58,7 +58,7 @@ void setSixAlarms(benchmark::State& state, bool anew, bool moved) {
     }
     const std::array cities{cityAt(glbFuncs, 12.0), cityAt(glbFuncs, 12.5)};
     std::size_t round = 0;
-    for (auto step : state) {
+    for ([[maybe_unused]] const auto step : state) {
         if (anew) {
             state.PauseTiming();
             functions.clearAllAlarms(false);

@@ -84,7 +84,7 @@ private:
         running_.push_back(
             std::async(std::launch::async, [this, places = std::move(block_)] { return compute(places); }));
         block_.clear();
-        if (running_.size() > 2 * std::max(1U, std::thread::hardware_concurrency()))
+        if (running_.size() > std::size_t{2} * std::max(1U, std::thread::hardware_concurrency()))
             writeFirst();
     }
 

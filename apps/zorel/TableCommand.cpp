@@ -16,7 +16,7 @@ namespace zorel::cli {
 
 namespace {
 constexpr int kDefaultDays = 30;
-constexpr std::int64_t kMostDays = 366 * 100;
+constexpr std::int64_t kMostDays = 36'600; // a century
 
 struct Range {
     Date first{};

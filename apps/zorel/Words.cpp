@@ -198,7 +198,7 @@ std::string durationText(std::chrono::seconds duration, Language language) {
     const auto minutes = std::chrono::floor<std::chrono::minutes>(duration).count();
     if (minutes < 1)
         return std::string(word(Word::lessThanAMinute, language));
-    const auto minuteText = fmt::format("{} {}", minutes % 60, word(Word::minutesShort, language));
+    auto minuteText = fmt::format("{} {}", minutes % 60, word(Word::minutesShort, language));
     if (minutes < 60)
         return minuteText;
     const auto hourText = fmt::format("{} {}", minutes / 60, word(Word::hoursShort, language));
