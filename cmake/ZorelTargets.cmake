@@ -23,9 +23,7 @@ target_include_directories(zorel_options INTERFACE ${PROJECT_SOURCE_DIR}/src)
 
 function(zorel_add_folders)
     foreach(folder IN LISTS ARGN)
-        if(EXISTS ${PROJECT_SOURCE_DIR}/${folder}/CMakeLists.txt)
-            add_subdirectory(${PROJECT_SOURCE_DIR}/${folder})
-        endif()
+        add_subdirectory(${PROJECT_SOURCE_DIR}/${folder})
     endforeach()
 endfunction()
 

@@ -5,9 +5,7 @@
 base_packages=(
     g++ cmake ninja-build pkg-config python3 tzdata
     libsqlite3-dev libicu-dev libplist-dev libical-dev libfmt-dev libcli11-dev nlohmann-json3-dev
-    qt6-base-dev qt6-declarative-dev qml6-module-qtquick qml6-module-qtquick-window qml6-module-qtquick-controls
-    qml6-module-qtquick-templates qml6-module-qtquick-layouts qml6-module-qtqml qml6-module-qtqml-models
-    qml6-module-qtqml-workerscript qt6-wayland fonts-dejavu-core
+    qt6-base-dev qt6-declarative-dev qml6-module-qtqml-workerscript qt6-wayland fonts-dejavu-core
     libgtest-dev libgmock-dev)
 # What only the tests need: a second compiler, the tools that check the sources, the programs that read our calendars.
 test_packages=(

@@ -23,7 +23,7 @@ public:
     /// window.
     Pane(const Arguments& arguments, const QString& problem);
 
-    [[nodiscard]] QQuickWindow& window() { return *window_; }
+    [[nodiscard]] QQuickView& window() { return *window_; }
     /// Goes to one of the screens "cities", "search" and "alarm", at once.
     void openScreen(const std::string& screen, const std::string& searchText);
     /// The window's picture once it has been drawn.

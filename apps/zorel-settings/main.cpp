@@ -81,8 +81,9 @@ int drawPicture(Pane& pane, const Arguments& arguments) {
     pane.window().show();
     pane.openScreen(arguments.screen, arguments.searchText);
     int code = kDataTrouble;
-    // Long enough for the new screen to have slid in.
-    QTimer::singleShot(arguments.screen == "cities" ? 50 : 500, [&] {
+    QTimer timer;
+    timer.setSingleShot(true);
+    QObject::connect(&timer, &QTimer::timeout, &timer, [&] {
         if (pane.picture().save(QString::fromStdString(arguments.screenshot))) {
             code = 0;
         } else {
@@ -91,6 +92,8 @@ int drawPicture(Pane& pane, const Arguments& arguments) {
         }
         QGuiApplication::quit();
     });
+    // Long enough for the new screen to have slid in.
+    timer.start(arguments.screen == "cities" ? 50 : 500);
     QGuiApplication::exec();
     return code;
 }
@@ -163,6 +166,12 @@ int runProgram(int argc, char** argv, const Arguments& arguments) {
         return 0;
     }
     Pane pane(arguments, QString::fromStdString(trouble));
+    if (pane.window().status() == QQuickView::Error) {
+        std::cerr
+            << "zorel-settings: a part of Qt that draws the window is missing (its own message is above). On "
+               "Debian: sudo apt install qml6-module-qtqml-workerscript\n";
+        return kDataTrouble;
+    }
     if (arguments.timeStart) {
         return timeStart(pane);
     }

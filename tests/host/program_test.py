@@ -7,6 +7,7 @@ usage: program_test.py PATH-OF-ZOREL-SETTINGS
 import os
 import pathlib
 import re
+import shutil
 import subprocess
 import sys
 import tempfile
@@ -46,6 +47,16 @@ class ProgramTest(unittest.TestCase):
             mistake = self.run_program(*words)
             self.assertEqual(mistake.returncode, 2, words)
             self.assertNotEqual(mistake.stderr, "", words)
+
+    def test_a_missing_part_of_qt_is_named(self):
+        program = pathlib.Path(shutil.copy(PROGRAM, self.home))
+        plugins = subprocess.run(["qmake6", "-query", "QT_INSTALL_PLUGINS"], capture_output=True, text=True, check=True)
+        (self.home / "qt.conf").write_text(f"[Paths]\nPlugins={plugins.stdout.strip()}\nQmlImports={self.home}\n")
+        bundle = pathlib.Path(PROGRAM).parent.parent / "share" / "zorel" / "Zorel.bundle"
+        drawn = subprocess.run([program, "--bundle", bundle, "--screenshot", self.home / "cities.png"],
+                               env=self.environment, capture_output=True, text=True, timeout=60)
+        self.assertEqual(drawn.returncode, 3)
+        self.assertIn("sudo apt install qml6-module-qtqml-workerscript", drawn.stderr)
 
     def test_pictures(self):
         sizes = set()
