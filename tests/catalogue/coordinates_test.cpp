@@ -84,8 +84,8 @@ TEST_F(Coordinates, KeysOfMoreThanEightBits) {
 }
 
 TEST_F(Coordinates, APositionComesBackToSixDecimals) {
-    for (double degrees = -180.0; degrees <= 180.0; degrees += 0.01234) {
-        const double rounded = std::round(degrees * 1e5) / 1e5;
+    for (int step = -14587; step <= 14587; ++step) {
+        const double rounded = std::round(step * 1234.0) / 1e5;
         const std::string text = glbFuncs_.getFloatStr(glbFuncs_.Decrypt(encipheredCoordinate(rounded)));
         ASSERT_EQ(text, sixDecimals(rounded + 0.0)) << rounded;
     }

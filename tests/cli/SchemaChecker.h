@@ -4,6 +4,7 @@
 /// others.
 #pragma once
 
+#include <fmt/format.h>
 #include <nlohmann/json.hpp>
 
 #include <algorithm>
@@ -94,8 +95,8 @@ private:
         }
         for (const auto& [name, inner] : value.items()) {
             if (properties.contains(name))
-                walk(inner, properties[name], path + '.' + name);
-            else if (schema.value("additionalProperties", true) == false)
+                walk(inner, properties[name], fmt::format("{}.{}", path, name));
+            else if (!schema.value("additionalProperties", true))
                 report(path, "has an unknown member " + name);
         }
     }

@@ -217,7 +217,8 @@ TEST(CliDay, NextAndPreviousPrayer) {
 
 TEST(CliDay, EveryPlaceAndYearGivesADayWithoutNonsense) {
     DayComputer computer;
-    for (double latitude = -90.0; latitude <= 90.0; latitude += 7.5) {
+    for (int step = -12; step <= 12; ++step) {
+        const double latitude = step * 7.5;
         for (const double longitude : {-180.0, -75.3, 0.0, 39.82, 180.0}) {
             const Place place = pointAt(latitude, longitude, ZoneClock(FixedClock{0h}));
             for (const int year : {1583, 1900, 2026, 2400, 9998}) {

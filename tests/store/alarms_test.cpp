@@ -17,7 +17,6 @@ namespace {
 using std::chrono::minutes;
 using test::localInstant;
 using test::localText;
-using testing::Each;
 using testing::ElementsAre;
 using testing::HasSubstr;
 using testing::IsEmpty;
