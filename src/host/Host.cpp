@@ -325,7 +325,10 @@ void Host::viewControllerPopped(UINavigationController& /*navigation*/, UIViewCo
     if (PageHandle* gone = pages_.take(&controller); gone != nullptr) {
         emit popped(gone, animated);
         // The screen still slides away.
-        QTimer::singleShot(kSlideMilliseconds, gone, &QObject::deleteLater);
+        auto* const slide = new QTimer(gone);
+        slide->setSingleShot(true);
+        QObject::connect(slide, &QTimer::timeout, gone, &QObject::deleteLater);
+        slide->start(kSlideMilliseconds);
     }
 }
 

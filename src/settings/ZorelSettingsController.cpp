@@ -3,6 +3,7 @@
 
 #include "common/GlobalFuncs.h"
 #include "engine/FastAstro.h"
+#include "platform/foundation/Clock.h"
 #include "platform/foundation/NumberText.h"
 #include "platform/uikit/UIScreen.h"
 #include "store/Database.h"
@@ -10,6 +11,7 @@
 #include "views/Settings.h"
 #include "views/Texts.h"
 
+#include <cmath>
 #include <exception>
 #include <sqlite3.h>
 
@@ -161,14 +163,24 @@ void ZorelSettingsController::calculatePrayerTimes() {
     city.setPrayerTimes(timesOfToday(city));
 }
 
-PrayerTimes ZorelSettingsController::timesOfToday(const City& city) const {
+FastAstro ZorelSettingsController::engineOfToday(const City& city) const {
     FastAstro engine;
     engine.SetCurrentDateTime(glbFuncs_->GetCurrentDateTime());
     engine.SetPlace(doubleValue(city.latitude), doubleValue(city.longitude), doubleValue(city.GMT),
                     integerValue(city.DST), integerValue(city.startMonth), integerValue(city.startDay),
                     integerValue(city.stopMonth), integerValue(city.stopDay), integerValue(city.hour),
                     integerValue(city.temkin));
-    return engine.CalculatePrayTimes().today;
+    return engine;
+}
+
+PrayerTimes ZorelSettingsController::timesOfToday(const City& city) const {
+    return engineOfToday(city).CalculatePrayTimes().today;
+}
+
+bool ZorelSettingsController::homeClockDiffers() const {
+    const City* home = homeCity();
+    return home != nullptr &&
+           std::lround(engineOfToday(*home).iPlace.timeZone * 3600.0) != utcOffsetSeconds(now());
 }
 
 void ZorelSettingsController::push(UIViewController& screen) {

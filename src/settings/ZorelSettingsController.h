@@ -21,6 +21,7 @@
 namespace zorel {
 
 class DatabaseFunctions;
+class FastAstro;
 class GlobalFuncs;
 class Settings;
 
@@ -110,7 +111,11 @@ public:
 
 private:
     bool readUserCities();
+    /// The engine at a city, today by this device's clock.
+    [[nodiscard]] FastAstro engineOfToday(const City& city) const;
     [[nodiscard]] PrayerTimes timesOfToday(const City& city) const;
+    /// Whether the home city's clock is not the device's, by which the alarms ring.
+    [[nodiscard]] bool homeClockDiffers() const;
     void buildScreens();
     void buildAddCityScreen(double width, double height);
     void buildAlarmScreen(double width, double height);

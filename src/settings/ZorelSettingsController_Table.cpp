@@ -28,6 +28,7 @@ constexpr std::int32_t kNoCityKey = 1040;
 constexpr std::int32_t kInformationKey = 1041;
 constexpr std::int32_t kNoSuchTimeKey = 1043;
 constexpr std::int32_t kLowerLatitudeKey = 1044;
+constexpr std::int32_t kOtherClockKey = 1045;
 constexpr const char* kCellIdentifier = "CellIdentifier";
 constexpr std::int32_t kMinutesPerDay = 1440;
 
@@ -84,7 +85,11 @@ double ZorelSettingsController::heightForHeaderInSection(UITableView& /*table*/,
 }
 
 std::string ZorelSettingsController::titleForFooterInSection(UITableView& /*table*/, int section) {
-    return section == informationSection ? textForKey(*glbFuncs_, kInformationKey) : std::string();
+    if (section != informationSection) {
+        return {};
+    }
+    const std::string information = textForKey(*glbFuncs_, kInformationKey);
+    return homeClockDiffers() ? information + ' ' + textForKey(*glbFuncs_, kOtherClockKey) : information;
 }
 
 std::unique_ptr<UITableViewCell> ZorelSettingsController::cellForRowAtIndexPath(UITableView& table,

@@ -43,6 +43,18 @@ TEST_F(PaneTable, HeadersAndFooter) {
     EXPECT_TRUE(table.titleForFooter(2).starts_with("Every alarm is an event in the calendar"));
 }
 
+TEST_F(PaneTable, TheFooterTellsWhenAlarmsRingByAnotherClock) {
+    const std::string otherClock = "ring by the clock of this device";
+    addCity("konya", "Konya");
+    UITableView& table = pane->table();
+    for (const char* zone : {"Europe/London", "America/Lima", "Asia/Kolkata"}) {
+        const TimeZoneOverride device(zone);
+        EXPECT_NE(table.titleForFooter(2).find(otherClock), std::string::npos) << zone;
+    }
+    const TimeZoneOverride device("Europe/Istanbul");
+    EXPECT_EQ(table.titleForFooter(2).find(otherClock), std::string::npos);
+}
+
 TEST_F(PaneTable, EveryLanguageHasAFooter) {
     for (int language = 0; language < 4; ++language) {
         GlobalFuncs funcs;
