@@ -35,10 +35,12 @@ def google(program):
     """Median of each benchmark of a program, in the benchmark's own unit."""
     say(program)
     with tempfile.NamedTemporaryFile(suffix=".json") as file:
-        subprocess.run(
+        result = subprocess.run(
             [os.path.join(BUILD, "bin", program), f"--benchmark_out={file.name}", "--benchmark_out_format=json",
              f"--benchmark_repetitions={REPETITIONS}", "--benchmark_report_aggregates_only=true"],
-            stdout=subprocess.DEVNULL, check=True)
+            capture_output=True, text=True)
+        if result.returncode != 0:
+            sys.exit(f"{program} ended with {result.returncode}:\n{result.stderr}")
         entries = json.load(file)["benchmarks"]
     return {entry["run_name"].removesuffix("/real_time"): entry
             for entry in entries if entry["aggregate_name"] == "median"}

@@ -26,15 +26,13 @@ std::ptrdiff_t characterCount(const std::string& text) {
     return std::count_if(text.begin(), text.end(), [](char byte) { return (byte & 0xC0) != 0x80; });
 }
 
-City foundCity(const Statement& row, const GlobalFuncs& glbFuncs) {
-    City city(glbFuncs);
+void fillFoundCity(City& city, const Statement& row) {
     city.name = row.text(0);
     city.nameParent = row.text(1);
     city.cityId = row.text(2);
     city.countryId = row.text(3);
     city.countryNameEn = row.text(4);
     city.countryNameTr = row.text(5);
-    return city;
 }
 
 /// All rows of a search. A search yields a place at most once: more rows than places mean that the text has
@@ -45,7 +43,7 @@ std::vector<City> foundCities(Statement& rows, const GlobalFuncs& glbFuncs, std:
         if (cities.size() == places) {
             return {};
         }
-        cities.push_back(foundCity(rows, glbFuncs));
+        fillFoundCity(cities.emplace_back(glbFuncs), rows);
     }
     return cities;
 }

@@ -3,7 +3,9 @@
 
 #include "platform/foundation/PropertyListGuard.h"
 
+#include <algorithm>
 #include <clocale>
+#include <cstdint>
 #include <cstdlib>
 #include <filesystem>
 #include <fstream>
@@ -180,8 +182,13 @@ std::optional<PropertyList> PropertyList::read(const std::string& path) {
     if (!std::filesystem::is_regular_file(path, error)) {
         return std::nullopt;
     }
+    const std::uintmax_t size = std::filesystem::file_size(path, error);
+    if (error) {
+        return std::nullopt;
+    }
     std::ifstream file(path, std::ios::binary);
-    std::string bytes(kLargestPropertyList + 1, '\0');
+    std::string bytes(static_cast<std::size_t>(std::min<std::uintmax_t>(size, kLargestPropertyList + 1)),
+                      '\0');
     file.read(bytes.data(), static_cast<std::streamsize>(bytes.size()));
     if (file.bad() || file.gcount() == 0) {
         return std::nullopt;
