@@ -50,9 +50,8 @@ std::string displayTrouble(const std::string& platform, const std::string& wayla
         return "No window can be opened: QT_QPA_PLATFORM is " + platform + ". Unset it." + remedy;
     }
     if (display.empty()) {
-        return "No window can be opened: there is no display here (DISPLAY is not set). Start it in a "
-               "desktop "
-               "session." +
+        return "No window can be opened: there is no display here (DISPLAY is not set). "
+               "Start it in a desktop session." +
                remedy;
     }
     return "No window can be opened: the display " + display +
