@@ -8,7 +8,7 @@ root=$(cd "$(dirname "$0")/.." && pwd)
 build=${1:-$root/build/coverage}
 . "$root/tools/setup.sh"
 
-command -v gcovr >/dev/null || fail "gcovr is missing: apt-get install gcovr"
+install_packages gcovr
 mkdir -p "$build"
 build=$(cd "$build" && pwd)
 
