@@ -1,19 +1,15 @@
 // SPDX-License-Identifier: Apache-2.0
 #include "IcsTable.h"
 
+#include "platform/eventkit/IcsText.h"
+
 #include <cstdlib>
 #include <fmt/format.h>
 #include <libical/ical.h>
-#include <memory>
 
 namespace zorel::cli {
 
 namespace {
-struct ComponentFree {
-    void operator()(icalcomponent* component) const { icalcomponent_free(component); }
-};
-using Component = std::unique_ptr<icalcomponent, ComponentFree>;
-
 icaltimetype utcTime(UtcSeconds instant) {
     return icaltime_from_timet_with_zone(instant.time_since_epoch().count(), 0,
                                          icaltimezone_get_utc_timezone());
@@ -45,15 +41,11 @@ Component emptyCalendar(const std::string& name) {
     return calendar;
 }
 
-std::string taken(char* text) {
-    std::string result = text == nullptr ? std::string() : std::string(text);
-    std::free(text);
-    return result;
-}
-
 /// A property as its content line, escaped and folded.
 std::string line(icalproperty* property) {
-    std::string text = taken(icalproperty_as_ical_string_r(property));
+    char* raw = icalproperty_as_ical_string_r(property);
+    std::string text = raw == nullptr ? std::string() : std::string(raw);
+    std::free(raw);
     icalproperty_free(property);
     return text;
 }
@@ -62,7 +54,7 @@ std::string line(icalproperty* property) {
 std::string icsDocument(const std::string& calendarName, const std::string& location,
                         const std::vector<IcsEntry>& entries, UtcSeconds made) {
     constexpr std::string_view kEnd = "END:VCALENDAR\r\n";
-    std::string text = taken(icalcomponent_as_ical_string_r(emptyCalendar(calendarName).get()));
+    std::string text = textOfCalendar(emptyCalendar(calendarName).get());
     text.erase(text.size() - kEnd.size());
     // Events are written line by line, what all of them share only once: a tree of a year's events takes half
     // as long again and 5 MB more.

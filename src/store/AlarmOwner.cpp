@@ -1,7 +1,7 @@
 // SPDX-License-Identifier: Apache-2.0
 #include "store/AlarmOwner.h"
 
-#include "platform/eventkit/SafeFiles.h"
+#include "platform/foundation/SmallFile.h"
 
 #include <array>
 #include <cstdint>

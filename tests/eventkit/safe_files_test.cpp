@@ -1,5 +1,6 @@
 // SPDX-License-Identifier: Apache-2.0
 #include "platform/eventkit/SafeFiles.h"
+#include "platform/foundation/SmallFile.h"
 #include "tests/support/FaultPoints.h"
 #include "tests/support/TemporaryFolder.h"
 

@@ -4,6 +4,7 @@
 #include "platform/eventkit/IcsEvent.h"
 #include "platform/eventkit/SafeFiles.h"
 #include "platform/foundation/Locations.h"
+#include "platform/foundation/SmallFile.h"
 
 #include <algorithm>
 #include <filesystem>

@@ -13,7 +13,7 @@ namespace {
 constexpr int kFirstYear = 1700;
 constexpr int kLastYear = 2200;
 /// No clock is further from universal time [s]; a zone of a file may claim anything.
-constexpr std::int64_t kLargestOffset = 93600; // 26 h [s]
+constexpr std::int64_t kLargestOffset = std::int64_t{26} * 3600;
 constexpr const char* kProduct = "-//Zorel//Prayer alarms//EN";
 
 // Times.

@@ -1,6 +1,6 @@
 // SPDX-License-Identifier: Apache-2.0
 /// @file
-/// iCalendar text to libical's components and back, with every resource freed. Used by IcsEvent only.
+/// iCalendar text to libical's components and back, with every resource freed.
 #pragma once
 
 #include <libical/ical.h>

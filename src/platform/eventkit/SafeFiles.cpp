@@ -10,7 +10,6 @@
 #include <filesystem>
 #include <random>
 #include <sys/file.h>
-#include <sys/stat.h>
 #include <system_error>
 #include <thread>
 #include <unistd.h>
@@ -28,20 +27,6 @@ bool fail(std::string& error, std::string_view what, const std::string& path) {
 
 bool isTemporary(std::string_view name) {
     return name.starts_with(kTemporaryPrefix) && name.ends_with(kTemporarySuffix);
-}
-
-std::string readAll(int descriptor, std::size_t size) {
-    std::string content(size, '\0');
-    std::size_t have = 0;
-    while (have < size) {
-        const ssize_t got = ::read(descriptor, content.data() + have, size - have);
-        if (got == 0 || (got < 0 && errno != EINTR)) {
-            break;
-        }
-        have += got > 0 ? static_cast<std::size_t>(got) : 0;
-    }
-    content.resize(have);
-    return content;
 }
 
 } // namespace
@@ -89,17 +74,6 @@ void removeStaleTemporaryFiles(const std::string& folder) {
             ::unlink(entry->path().c_str());
         }
     }
-}
-
-std::optional<std::string> readSmallFile(const std::string& path, std::size_t limit) {
-    // Without O_NONBLOCK a named pipe would hold the program.
-    const Descriptor file(::open(path.c_str(), O_RDONLY | O_CLOEXEC | O_NONBLOCK));
-    struct stat status {};
-    if (file.get() < 0 || ::fstat(file.get(), &status) != 0 || !S_ISREG(status.st_mode) ||
-        static_cast<std::uint64_t>(status.st_size) > limit) {
-        return std::nullopt;
-    }
-    return readAll(file.get(), static_cast<std::size_t>(status.st_size));
 }
 
 std::string randomHexadecimal() {

@@ -6,8 +6,6 @@
 #include "platform/foundation/Descriptor.h"
 
 #include <chrono>
-#include <cstddef>
-#include <optional>
 #include <string>
 #include <string_view>
 
@@ -37,8 +35,6 @@ bool removeFile(const std::string& folder, const std::string& name, std::string&
 /// Removes what interrupted calls of replaceFile left in the folder; call it only while no other writes
 /// there.
 void removeStaleTemporaryFiles(const std::string& folder);
-/// The bytes of a regular file of at most `limit` bytes; nothing for anything else.
-[[nodiscard]] std::optional<std::string> readSmallFile(const std::string& path, std::size_t limit);
 /// Sixteen random hexadecimal digits.
 [[nodiscard]] std::string randomHexadecimal();
 

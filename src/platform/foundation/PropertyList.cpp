@@ -2,13 +2,11 @@
 #include "platform/foundation/PropertyList.h"
 
 #include "platform/foundation/PropertyListGuard.h"
+#include "platform/foundation/SmallFile.h"
 
-#include <algorithm>
 #include <clocale>
 #include <cstdint>
 #include <cstdlib>
-#include <filesystem>
-#include <fstream>
 #include <memory>
 #include <plist/plist.h>
 
@@ -178,23 +176,8 @@ std::optional<PropertyList> PropertyList::parse(std::string_view bytes) {
 }
 
 std::optional<PropertyList> PropertyList::read(const std::string& path) {
-    std::error_code error;
-    if (!std::filesystem::is_regular_file(path, error)) {
-        return std::nullopt;
-    }
-    const std::uintmax_t size = std::filesystem::file_size(path, error);
-    if (error) {
-        return std::nullopt;
-    }
-    std::ifstream file(path, std::ios::binary);
-    std::string bytes(static_cast<std::size_t>(std::min<std::uintmax_t>(size, kLargestPropertyList + 1)),
-                      '\0');
-    file.read(bytes.data(), static_cast<std::streamsize>(bytes.size()));
-    if (file.bad() || file.gcount() == 0) {
-        return std::nullopt;
-    }
-    bytes.resize(static_cast<std::size_t>(file.gcount()));
-    return parse(bytes);
+    const std::optional<std::string> bytes = readSmallFile(path, kLargestPropertyList);
+    return bytes ? parse(*bytes) : std::nullopt;
 }
 
 } // namespace zorel
