@@ -19,6 +19,20 @@ inline constexpr double kFarApart = 0.25; ///< [d] further apart are two differe
 
 /// Body, direction and band of latitude: the row that an event belongs to.
 [[nodiscard]] std::string riseSetName(const RiseSetEvent& event);
+
+/// The value nearest to a reference instant, of those offered [JD UT].
+class Nearest {
+public:
+    explicit Nearest(double reference) : reference_(reference) {}
+    void offer(double julianDay);
+    /// Nothing when even the nearest is so far apart that it is another event.
+    [[nodiscard]] std::optional<double> found() const;
+
+private:
+    double reference_;
+    std::optional<double> value_;
+};
+
 /// Our event nearest to the reference instant [JD UT], from the search of its day and the two beside it.
 /// The place must have been set, with the zone 0.
 [[nodiscard]] std::optional<double> engineRiseSet(FastAstro& engine, const RiseSetEvent& event);
@@ -30,8 +44,11 @@ public:
     [[nodiscard]] PrayTimeExplanation explain(const SunEvent& event);
     /// Its instant without additions [JD UT]; nothing when it is of another day or does not occur.
     [[nodiscard]] std::optional<double> instant(const SunEvent& event);
-    /// The same from an explanation, whatever day its Sun is of.
-    [[nodiscard]] double instant(const SunEvent& event, const PrayTimeExplanation& why) const;
+    /// The same from the event's explanation.
+    [[nodiscard]] static std::optional<double> ownInstant(const SunEvent& event,
+                                                          const PrayTimeExplanation& why);
+    /// The instant of an explanation, whatever day its Sun is of.
+    [[nodiscard]] static double anyInstant(const SunEvent& event, const PrayTimeExplanation& why);
 
 private:
     void compute(const SunEvent& event);

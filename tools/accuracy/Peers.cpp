@@ -20,24 +20,6 @@ namespace {
 constexpr double kHighest = 61.0;           ///< [deg] up to where rise and set are compared
 constexpr double kRiseHorizon = -50.0 / 60; ///< [deg] altitude at which the Sun rises and sets
 
-/// The first value that is nearest to a reference instant, of those offered.
-class Nearest {
-public:
-    explicit Nearest(double reference) : reference_(reference) {}
-    void offer(double julianDay) {
-        if (!value_ || std::abs(julianDay - reference_) < std::abs(*value_ - reference_)) {
-            value_ = julianDay;
-        }
-    }
-    [[nodiscard]] std::optional<double> found() const {
-        return value_ && std::abs(*value_ - reference_) < kFarApart ? value_ : std::nullopt;
-    }
-
-private:
-    double reference_;
-    std::optional<double> value_;
-};
-
 // libnova.
 
 enum class Part { rise, transit, set };
@@ -70,14 +52,18 @@ struct AltitudeEvent {
     Part part;
 };
 
-std::optional<double> novaSunEvent(const SunEvent& event) {
+const std::map<std::string, AltitudeEvent>& novaEvents() {
     static const std::map<std::string, AltitudeEvent> events{
         {"dawn_-19", {-19.0, Part::rise}},  {"rise_0", {0.0, Part::rise}},
         {"morning_+5", {5.0, Part::rise}},  {"transit", {kRiseHorizon, Part::transit}},
         {"afternoon_+5", {5.0, Part::set}}, {"set_0", {0.0, Part::set}},
         {"dusk_-17", {-17.0, Part::set}},   {"dusk_-19", {-19.0, Part::set}}};
-    const auto entry = events.find(event.event);
-    if (entry == events.end() || !event.julianDay) {
+    return events;
+}
+
+std::optional<double> novaSunEvent(const SunEvent& event) {
+    const auto entry = novaEvents().find(event.event);
+    if (entry == novaEvents().end() || !event.julianDay) {
         return std::nullopt;
     }
     ln_lnlat_posn place{event.longitude, event.latitude};
@@ -134,12 +120,16 @@ struct PrayerQuestion {
     int staffs;
 };
 
-std::optional<double> itlSunEvent(const SunEvent& event) {
+const std::map<std::string, PrayerQuestion>& itlQuestions() {
     static const std::map<std::string, PrayerQuestion> questions{
         {"dawn_-19", {0, 17.0, 1}}, {"transit", {2, 17.0, 1}},  {"shadow_1", {3, 17.0, 1}},
         {"shadow_2", {3, 17.0, 2}}, {"dusk_-17", {5, 17.0, 1}}, {"dusk_-19", {5, 19.0, 1}}};
-    const auto entry = questions.find(event.event);
-    if (entry == questions.end()) {
+    return questions;
+}
+
+std::optional<double> itlSunEvent(const SunEvent& event) {
+    const auto entry = itlQuestions().find(event.event);
+    if (entry == itlQuestions().end()) {
         return std::nullopt;
     }
     const PrayerQuestion& question = entry->second;
@@ -212,13 +202,6 @@ void Beside::print(std::ostream& out) const {
     out << '\n';
 }
 
-bool novaKnows(const std::string& event) {
-    return !event.starts_with("shadow");
-}
-bool itlKnows(const std::string& event) {
-    return event.starts_with("d") || event.starts_with("shadow") || event == "transit";
-}
-
 } // namespace
 
 void comparePeers(const std::string& folder, std::ostream& out) {
@@ -229,19 +212,17 @@ void comparePeers(const std::string& folder, std::ostream& out) {
             continue;
         }
         engine.SetPlace(event.latitude, event.longitude, 0.0, 0, 0, 0, 0, 0, 0, 0);
-        Nearest ours(event.julianDay);
-        if (const std::optional<double> instant = engineRiseSet(engine, event)) {
-            ours.offer(*instant);
-        }
-        beside.add(riseSetName(event),
-                   {ours.found(), novaRiseSet(event), event.moon ? std::nullopt : itlRiseSet(event)},
-                   {true, true, !event.moon}, event.julianDay);
+        beside.add(
+            riseSetName(event),
+            {engineRiseSet(engine, event), novaRiseSet(event), event.moon ? std::nullopt : itlRiseSet(event)},
+            {true, true, !event.moon}, event.julianDay);
     }
     PrayerEvents events;
     for (const SunEvent& event : readSunEvents(folder + "/sun_events.tsv")) {
         if (event.julianDay) {
             beside.add(event.event, {events.instant(event), novaSunEvent(event), itlSunEvent(event)},
-                       {true, novaKnows(event.event), itlKnows(event.event)}, *event.julianDay);
+                       {true, novaEvents().contains(event.event), itlQuestions().contains(event.event)},
+                       *event.julianDay);
         }
     }
     beside.print(out);

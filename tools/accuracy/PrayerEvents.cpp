@@ -55,17 +55,20 @@ PrayTimeExplanation PrayerEvents::explain(const SunEvent& event) {
     return engine_.ExplainPrayTime(indexOf(event));
 }
 
-double PrayerEvents::instant(const SunEvent& event, const PrayTimeExplanation& why) const {
+double PrayerEvents::anyInstant(const SunEvent& event, const PrayTimeExplanation& why) {
     const double hour = why.time - why.temkin - why.addition - zoneOf(event);
     return AstroGlobalFuncs().JulianDay(event.day) + hour / 24.0;
 }
 
-std::optional<double> PrayerEvents::instant(const SunEvent& event) {
-    const PrayTimeExplanation why = explain(event);
+std::optional<double> PrayerEvents::ownInstant(const SunEvent& event, const PrayTimeExplanation& why) {
     if (!why.occurs || why.daysBack != 0 || why.latitudeLowered) {
         return std::nullopt;
     }
-    return instant(event, why);
+    return anyInstant(event, why);
+}
+
+std::optional<double> PrayerEvents::instant(const SunEvent& event) {
+    return ownInstant(event, explain(event));
 }
 
 namespace {
@@ -78,7 +81,7 @@ public:
             addOfEarlierDay(event, why);
             return;
         }
-        const std::optional<double> ours = events_.instant(event);
+        const std::optional<double> ours = PrayerEvents::ownInstant(event, why);
         const std::string where = placeAndDay(event) + " " + event.event;
         for (Statistics* row :
              {&byEvent_.row(event.event), &byPlace_.row(event.place), &bySeason_.row(season(event.day))}) {
@@ -100,7 +103,7 @@ private:
     /// nightfall was found: they occur, but are those of that day.
     void addOfEarlierDay(const SunEvent& event, const PrayTimeExplanation& why) {
         byEvent_.row(event.event + ", with the Sun of an earlier day")
-            .add(secondsApart(events_.instant(event, why), *event.julianDay),
+            .add(secondsApart(PrayerEvents::anyInstant(event, why), *event.julianDay),
                  fmt::format("{}, {} days back", placeAndDay(event), why.daysBack));
     }
 

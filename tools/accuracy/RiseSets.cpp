@@ -21,9 +21,19 @@ std::string riseSetName(const RiseSetEvent& event) {
                        latitudeBand(event.latitude));
 }
 
+void Nearest::offer(double julianDay) {
+    if (!value_ || std::abs(julianDay - reference_) < std::abs(*value_ - reference_)) {
+        value_ = julianDay;
+    }
+}
+
+std::optional<double> Nearest::found() const {
+    return value_ && std::abs(*value_ - reference_) <= kFarApart ? value_ : std::nullopt;
+}
+
 std::optional<double> engineRiseSet(FastAstro& engine, const RiseSetEvent& event) {
     const AstroGlobalFuncs calendar;
-    std::optional<double> nearest;
+    Nearest nearest(event.julianDay);
     for (int shift = -1; shift <= 1; ++shift) {
         DateTimeRecord day;
         calendar.JulianToCalendar(std::floor(event.julianDay + 0.5) - 0.5 + shift, day, 1);
@@ -41,12 +51,11 @@ std::optional<double> engineRiseSet(FastAstro& engine, const RiseSetEvent& event
         const bool occurs = event.moon ? hour > -100.0 : hour != kNoSolarEvent;
         const double instant =
             calendar.CalculateJulianDay(day.year, day.month, day.day, 0, 0, 0) + hour / 24.0;
-        if (occurs &&
-            (!nearest || std::abs(instant - event.julianDay) < std::abs(*nearest - event.julianDay))) {
-            nearest = instant;
+        if (occurs) {
+            nearest.offer(instant);
         }
     }
-    return nearest;
+    return nearest.found();
 }
 
 void compareRiseSets(const std::string& folder, std::ostream& out) {
@@ -59,7 +68,7 @@ void compareRiseSets(const std::string& folder, std::ostream& out) {
         Statistics& row = table.row(riseSetName(event));
         const std::string where = fmt::format("{} at {}, {}", event.utc, event.latitude, event.longitude);
         const std::optional<double> ours = engineRiseSet(engine, event);
-        if (!ours || std::abs(*ours - event.julianDay) > kFarApart) {
+        if (!ours) {
             row.addMissed(where);
         } else {
             row.add((*ours - event.julianDay) * kSecondsOfDay, where);
