@@ -1,17 +1,20 @@
 # SPDX-License-Identifier: Apache-2.0
 # Sourced by ./run and ./test: what both need before they can build.
 
-# Build and run time.
+# What ./run needs: to build the programs, and to open the window or to draw it.
 base_packages=(
-    g++ cmake ninja-build pkg-config python3 tzdata
-    libsqlite3-dev libicu-dev libplist-dev libical-dev libfmt-dev libcli11-dev nlohmann-json3-dev
-    qt6-base-dev qt6-declarative-dev qml6-module-qtqml-workerscript qt6-wayland fonts-dejavu-core
-    libgtest-dev libgmock-dev)
-# What only the tests need: a second compiler, the tools that check the sources, the programs that read our calendars.
+    g++ cmake ninja-build pkg-config tzdata
+    libabsl-dev libcli11-dev libfmt-dev libical-dev libicu-dev libplist-dev libsqlite3-dev nlohmann-json3-dev
+    qt6-base-dev qt6-declarative-dev qml6-module-qtqml-workerscript qt6-wayland fonts-dejavu-core)
+# What the tests need besides: their library, a second compiler, what checks the sources and the files that are installed,
+# programs that read our calendars, completions and manual page, libraries that the accuracy report has as peers.
 test_packages=(
-    clang clang-format clang-tidy locales
-    khal vdirsyncer radicale curl sqlite3 file desktop-file-utils appstream
-    libbenchmark-dev libitl-dev itools liberfa-dev libnova-dev)
+    libgmock-dev clang clang-format git python3 locales
+    dpkg-dev make file desktop-file-utils appstream
+    khal vdirsyncer radicale fish groff-base
+    libitl-dev libnova-dev)
+# What the benchmarks need: their library, programs and libraries that are measured beside ours.
+bench_packages=(libbenchmark-dev libitl-dev libnova-dev liberfa-dev itools python3 time)
 
 started=$(date +%s)
 say() { printf '\n== %s (%d s)\n' "$*" $(($(date +%s) - started)); }
@@ -37,13 +40,14 @@ install_packages() {
         fail "Debian packages could not be installed: ${missing[*]}"
 }
 
-# configure PRESET [cmake options]: quiet unless it fails.
+# configure PRESET [cmake options]: quiet unless it fails; then everything is said and the status is 1.
 configure() {
     local log
     log=$(mktemp)
     if ! cmake --preset "$@" >"$log" 2>&1; then
         cat "$log" >&2; rm -f "$log"
-        fail "cmake could not configure the '$1' build."
+        echo "cmake could not configure the '$1' build." >&2
+        return 1
     fi
     rm -f "$log"
 }
