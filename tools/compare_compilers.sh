@@ -16,11 +16,11 @@ build() { # name compiler level
     echo "building with $2 $3"
     cmake -S "$root" -B "$folder/$1" -G Ninja -DCMAKE_BUILD_TYPE=None -DCMAKE_CXX_COMPILER="$2" \
         -DCMAKE_CXX_FLAGS="$3" -DZOREL_HOST=OFF -DBUILD_TESTING=OFF >"$folder/$1.log" 2>&1 &&
-        cmake --build "$folder/$1" --target golden_check >>"$folder/$1.log" 2>&1 || {
+        cmake --build "$folder/$1" --target golden_check engine_bits >>"$folder/$1.log" 2>&1 || {
         tail -30 "$folder/$1.log" >&2
         exit 2
     }
-    "$folder/$1/bin/golden_check" --digest >"$folder/$1.digest"
+    { "$folder/$1/bin/golden_check" --digest && "$folder/$1/bin/engine_bits" quick; } >"$folder/$1.digest"
 }
 
 build gcc-O0 g++ -O0

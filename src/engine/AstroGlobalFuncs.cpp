@@ -53,7 +53,7 @@ DateTimeRecord DateRecordMake(std::int32_t day, std::int32_t month, std::int32_t
     return {year, month, day, hour, minute, second, 0.0};
 }
 
-bool AstroGlobalFuncs::isJulianDate(std::int32_t day, std::int32_t month, std::int32_t year) {
+bool AstroGlobalFuncs::isJulianDate(std::int32_t year, std::int32_t month, std::int32_t day) {
     if (year != 1582) {
         return year < 1582;
     }
@@ -71,7 +71,7 @@ double AstroGlobalFuncs::CalculateJulianDay(std::int32_t year, std::int32_t mont
         M += 12;
     }
     const std::int64_t K = Y / 100;
-    const std::int64_t B = isJulianDate(day, month, year) ? -38 : K / 4 - K;
+    const std::int64_t B = isJulianDate(year, month, day) ? -38 : K / 4 - K;
     const std::int64_t days = B + Y * 36525 / 100 + (M + 1) * 306 / 10 + day;
     const std::int64_t seconds = static_cast<std::int64_t>(hour) * 3600 + std::int64_t{60} * minute + second;
     return static_cast<double>(days) - 32167.5 + (static_cast<double>(seconds) + kSecondGuard) / 86400.0;

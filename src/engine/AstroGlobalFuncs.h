@@ -56,7 +56,7 @@ public:
 
 private:
     /// Whether a date is counted by the Julian calendar.
-    [[nodiscard]] static bool isJulianDate(std::int32_t day, std::int32_t month, std::int32_t year);
+    [[nodiscard]] static bool isJulianDate(std::int32_t year, std::int32_t month, std::int32_t day);
 };
 
 } // namespace zorel

@@ -14,11 +14,11 @@ constexpr std::int64_t kHijriEpoch = 1948440; // first day of the year 1
 constexpr std::int64_t kCycleDays = 10631;    // thirty years
 constexpr HijriDate kBeforeEpoch{-1, -1, -1};
 
-std::int64_t julianDayNumber(std::int64_t D, std::int64_t M, std::int64_t Y) {
+std::int64_t julianDayNumber(std::int64_t Y, std::int64_t M, std::int64_t D) {
     return 367 * Y - 7 * (Y + 5001 + (M - 9) / 7) / 4 + 275 * M / 9 + D + 1729777;
 }
 
-std::int64_t gregorianDayNumber(std::int64_t D, std::int64_t M, std::int64_t Y) {
+std::int64_t gregorianDayNumber(std::int64_t Y, std::int64_t M, std::int64_t D) {
     const std::int64_t a = (M - 14) / 12;
     return 1461 * (Y + 4800 + a) / 4 + 367 * (M - 2 - 12 * a) / 12 - 3 * ((Y + 4900 + a) / 100) / 4 + D -
            32075;
@@ -42,8 +42,8 @@ HijriDate AstroGlobalFuncs::JulianToHicri(double julianDay) const {
 }
 
 HijriDate AstroGlobalFuncs::GregJulToHicri(std::int32_t day, std::int32_t month, std::int32_t year) const {
-    const std::int64_t number = isJulianDate(day, month, year) ? julianDayNumber(day, month, year)
-                                                               : gregorianDayNumber(day, month, year);
+    const std::int64_t number = isJulianDate(year, month, day) ? julianDayNumber(year, month, day)
+                                                               : gregorianDayNumber(year, month, day);
     return JulianToHicri(static_cast<double>(number));
 }
 

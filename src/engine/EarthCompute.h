@@ -5,15 +5,26 @@
 
 namespace zorel {
 
+struct EarthPosition {
+    double longitude = 0.0; ///< heliocentric [rad], not reduced
+    double latitude = 0.0;  ///< heliocentric [rad]
+    double radius = 0.0;    ///< [au]
+};
+
 /// The Earth's heliocentric longitude, latitude and radius.
 ///
 /// 195 terms in thirteen series, amplitudes, phases and frequencies held in single precision, cosines taken
 /// in single precision. Source: Bretagnon & Francou, Astron. Astrophys. 202, 309 (1988); selection of terms
 /// as in Meeus, Astronomical Algorithms, and Reda & Andreas, NREL/TP-560-34302. Holds no state.
+///
+/// Accuracy: at the example of Reda & Andreas (2003) within 0.0001 degree in longitude, 1e-6 degree in
+/// latitude and 1e-6 au.
 class EarthCompute {
 public:
     // At a Julian day of uniform time.
 
+    /// All three at once, for the price of one of those below.
+    [[nodiscard]] EarthPosition position(double julianDay) const;
     /// @return heliocentric longitude [rad], not reduced.
     [[nodiscard]] double EarthL(double julianDay) const;
     /// @return heliocentric latitude [rad].

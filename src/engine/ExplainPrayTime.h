@@ -5,6 +5,8 @@
 
 #include "engine/Records.h"
 
+#include <array>
+
 namespace zorel {
 
 /// What decides a time.
@@ -35,6 +37,12 @@ struct PrayTimeExplanation {
     bool latitudeLowered = false;
     double time = kNoSolarEvent; ///< [h] local
     bool occurs = false;         ///< the event occurs: the time is not -1
+};
+
+/// The sixteen times of a day and why each of them is what it is, of one computation.
+struct ExplainedPrayTimes {
+    PrayerTimes times;
+    std::array<PrayTimeExplanation, 16> explanations{};
 };
 
 } // namespace zorel

@@ -108,8 +108,8 @@ const HijriMonthStart& FastAstro::CachedMonth(double newMoon) {
     return entry.month;
 }
 
-std::optional<HijriMonthStart> FastAstro::FindHijriMonth(std::int32_t day, std::int32_t month,
-                                                         std::int32_t year) {
+std::optional<HijriMonthStart> FastAstro::FindHijriMonth(std::int32_t year, std::int32_t month,
+                                                         std::int32_t day) {
     constexpr double referenceLatitude = 21.43;
     constexpr double referenceLongitude = 39.83;
     SetLatLon(referenceLatitude, referenceLongitude);

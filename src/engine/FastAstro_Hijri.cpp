@@ -52,7 +52,7 @@ void fillRumi(const AstroGlobalFuncs& calendar, const DateTimeRecord& date, AllC
 
 void FastAstro::_RealGregJulToHicri(std::int32_t day, std::int32_t month, std::int32_t year, HijriDate& out) {
     const HijriDate arithmetic = astroGlobalFuncs.GregJulToHicri(day, month, year);
-    const std::optional<HijriMonthStart> found = FindHijriMonth(day, month, year);
+    const std::optional<HijriMonthStart> found = FindHijriMonth(year, month, day);
     if (!found) {
         out = arithmetic;
         return;

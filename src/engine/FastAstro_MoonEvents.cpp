@@ -55,10 +55,10 @@ void FastAstro::MoonRiseSet(std::int32_t day, std::int32_t month, std::int32_t y
     }
 }
 
-void FastAstro::SearchMoonEvent(double& event, std::int32_t day, std::int32_t month, std::int32_t year) {
+void FastAstro::SearchMoonEvent(double& event, std::int32_t year, std::int32_t month, std::int32_t day) {
     event = kNoLunarEvent;
     const std::int32_t firstHour = 1 - wholeZone();
-    moonDayScan.prepare(*this, day, month, year, firstHour);
+    moonDayScan.prepare(*this, year, month, day, firstHour);
     constexpr int last = MoonDayScan::kHours - 1;
     for (int i = 0; i <= last && event == kNoLunarEvent; ++i) {
         // The last hour is always evaluated, so that the working fields are those of a whole search.
@@ -69,11 +69,11 @@ void FastAstro::SearchMoonEvent(double& event, std::int32_t day, std::int32_t mo
 }
 
 void FastAstro::MoonRiseTime(std::int32_t day, std::int32_t month, std::int32_t year) {
-    SearchMoonEvent(MoonRise, day, month, year);
+    SearchMoonEvent(MoonRise, year, month, day);
 }
 
 void FastAstro::MoonSetTime(std::int32_t day, std::int32_t month, std::int32_t year) {
-    SearchMoonEvent(MoonSet, day, month, year);
+    SearchMoonEvent(MoonSet, year, month, day);
 }
 
 double FastAstro::MoonTransTime(std::int32_t day, std::int32_t month, std::int32_t year) {

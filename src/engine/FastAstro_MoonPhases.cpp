@@ -137,11 +137,10 @@ double FastAstro::Phase(double T) const {
 double FastAstro::MoonElongation(double julianDay) {
     MoonDecRA(julianDay);
     const double moon = MoonLambda(L_Moon);
-    const double B = earthCompute.EarthB(julianDay);
-    const double L = earthCompute.EarthL(julianDay);
-    const double R = earthCompute.EarthR(julianDay);
-    const double x = -R * std::cos(B) * std::cos(L);
-    const double y = -R * std::cos(B) * std::sin(L);
+    const EarthPosition earth = earthCompute.position(julianDay);
+    const double inEcliptic = -earth.radius * std::cos(earth.latitude);
+    const double x = inEcliptic * std::cos(earth.longitude);
+    const double y = inEcliptic * std::sin(earth.longitude);
     const double sun = addWhileNegative(std::atan2(y, x) / kRadiansPerDegree, 360.0);
     return std::acos(std::cos(B_Moon) * cosine(sun - moon)) / kRadiansPerDegree;
 }

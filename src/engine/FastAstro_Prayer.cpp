@@ -16,14 +16,14 @@ constexpr double kOneSecond = 0.00027777778450399637; // [h]
 } // namespace
 
 PlaceRecord FastAstro::CalculatePrayTimes() {
-    iPlace.qibla = KibleAcisi(iPlace.latitude, iPlace.longitude);
+    iPlace.qibla = qiblaOfPlace();
     CalculateAllPrayTimes(iPlace.latitude, iPlace.longitude, iCurrentDate.day, iCurrentDate.month,
                           iCurrentDate.year, 0, 0, 0, iPlace.elevation, iPlace.today, iPlace.qibla);
     return iPlace;
 }
 
 void FastAstro::CalculateNextPrayTimes() {
-    iPlace.qibla = KibleAcisi(iPlace.latitude, iPlace.longitude);
+    iPlace.qibla = qiblaOfPlace();
     const double tomorrow = astroGlobalFuncs.CalculateJulianDay(iCurrentDate.year, iCurrentDate.month,
                                                                 addInt(iCurrentDate.day, 1), 0, 0, 0);
     DateTimeRecord date;

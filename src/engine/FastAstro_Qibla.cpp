@@ -3,7 +3,9 @@
 #include "engine/FastAstro.h"
 #include "engine/Single.h"
 
+#include <bit>
 #include <cmath>
+#include <cstdint>
 
 namespace zorel {
 
@@ -25,6 +27,18 @@ QiblaRecord FastAstro::KibleAcisi(double latitude, double longitude) const {
     }
     result.q1 = D;
     return result;
+}
+
+QiblaRecord FastAstro::qiblaOfPlace() {
+    const auto isSame = [](double a, double b) {
+        return std::bit_cast<std::uint64_t>(a) == std::bit_cast<std::uint64_t>(b);
+    };
+    const bool isKnown =
+        isSame(knownQibla.latitude, iPlace.latitude) && isSame(knownQibla.longitude, iPlace.longitude);
+    if (!sunCache.enabled || !isKnown) {
+        knownQibla = {iPlace.latitude, iPlace.longitude, KibleAcisi(iPlace.latitude, iPlace.longitude)};
+    }
+    return knownQibla.qibla;
 }
 
 } // namespace zorel

@@ -74,13 +74,12 @@ double siderealSecular(double T) {
 } // namespace
 
 void FastAstro::SunDecRAAccurate(double julianDay) {
-    const EarthCompute earth;
-    const double L = earth.EarthL(julianDay);
-    const double B = earth.EarthB(julianDay);
-    const double R = earth.EarthR(julianDay);
-    SunDistance = R;
+    const EarthPosition earth = earthCompute.position(julianDay);
+    SunDistance = earth.radius;
+    const double inEcliptic = -earth.radius * std::cos(earth.latitude);
     double longitude =
-        std::atan2(-R * std::cos(B) * std::sin(L), -R * std::cos(B) * std::cos(L)) / kRadiansPerDegree;
+        std::atan2(inEcliptic * std::sin(earth.longitude), inEcliptic * std::cos(earth.longitude)) /
+        kRadiansPerDegree;
     if (longitude < 0.0) {
         longitude += 360.0;
     }

@@ -27,7 +27,7 @@ int FastAstro::Quad(double yMinus, double yPlus, double yZero) {
     return count;
 }
 
-double FastAstro::riseSine(std::int32_t day, std::int32_t month, std::int32_t year, std::int32_t hour) {
+double FastAstro::riseSine(std::int32_t year, std::int32_t month, std::int32_t day, std::int32_t hour) {
     const double julianDay = astroGlobalFuncs.CalculateJulianDay(year, month, day, hour, 0, 0);
     if (sunCache.enabled) {
         return sunAtHour(julianDay).sinAltitude + kSinRiseDepth;
@@ -45,9 +45,9 @@ void FastAstro::RiseSet(std::int32_t day, std::int32_t month, std::int32_t year,
         hour -= 24;
         day = addInt(day, 1);
     }
-    const double yZero = riseSine(day, month, year, hour);
-    const double yPlus = riseSine(day, month, year, addInt(hour, 1));
-    const double yMinus = riseSine(day, month, year, addInt(hour, -1));
+    const double yZero = riseSine(year, month, day, hour);
+    const double yPlus = riseSine(year, month, day, addInt(hour, 1));
+    const double yMinus = riseSine(year, month, day, addInt(hour, -1));
     const int roots = Quad(yMinus, yPlus, yZero);
     if (roots == 1) {
         (yMinus < 0.0 ? UTRise : UTSet) = hour + Zero1;
@@ -62,12 +62,12 @@ void FastAstro::RiseSet(std::int32_t day, std::int32_t month, std::int32_t year,
 
 void FastAstro::SunRiseSet(std::int32_t day, std::int32_t month, std::int32_t year) {
     const std::int32_t zone = wholeZone();
-    if (recallRiseSet(day, month, year, zone)) {
+    if (recallRiseSet(year, month, day, zone)) {
         return;
     }
     clearRiseSet();
-    if (sunCache.enabled && searchLikelyHours(day, month, year, zone)) {
-        rememberRiseSet(day, month, year, zone);
+    if (sunCache.enabled && searchLikelyHours(year, month, day, zone)) {
+        rememberRiseSet(year, month, day, zone);
         return;
     }
     clearRiseSet();

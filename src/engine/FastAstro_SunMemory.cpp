@@ -112,7 +112,7 @@ DaySun FastAstro::sunAtMidnight(double julianDay) {
     return known;
 }
 
-bool FastAstro::recallRiseSet(std::int32_t day, std::int32_t month, std::int32_t year, std::int32_t zone) {
+bool FastAstro::recallRiseSet(std::int32_t year, std::int32_t month, std::int32_t day, std::int32_t zone) {
     if (!sunCache.enabled) {
         return false;
     }
@@ -137,7 +137,7 @@ bool FastAstro::recallRiseSet(std::int32_t day, std::int32_t month, std::int32_t
     return false;
 }
 
-void FastAstro::rememberRiseSet(std::int32_t day, std::int32_t month, std::int32_t year, std::int32_t zone) {
+void FastAstro::rememberRiseSet(std::int32_t year, std::int32_t month, std::int32_t day, std::int32_t zone) {
     sunCache.events[sunCache.nextEvent] = {day,
                                            month,
                                            year,
@@ -159,7 +159,7 @@ double FastAstro::hourAngleNear(const DaySun& sun, double julianDay) const {
     return (GM_Sidereal_Time(julianDay) + Lon / 15.0 - ascension) * 15.0;
 }
 
-bool FastAstro::searchLikelyHours(std::int32_t day, std::int32_t month, std::int32_t year,
+bool FastAstro::searchLikelyHours(std::int32_t year, std::int32_t month, std::int32_t day,
                                   std::int32_t zone) {
     const double firstHour = astroGlobalFuncs.CalculateJulianDay(year, month, day, -zone, 0, 0);
     if (!inModelledEpoch(firstHour) || !(std::fabs(Lat) <= 360.0) || !(std::fabs(Lon) <= 720.0)) {

@@ -273,8 +273,8 @@ double MagneticVariation::getMagneticVariation2(std::int32_t day, std::int32_t m
                                 DegreesToDecimal(lonDegrees, lonMinutes, lonSeconds), elevation);
 }
 
-std::optional<MagneticDeclination> MagneticVariation::Declination(std::int32_t day, std::int32_t month,
-                                                                  std::int32_t year, double latitude,
+std::optional<MagneticDeclination> MagneticVariation::Declination(std::int32_t year, std::int32_t month,
+                                                                  std::int32_t day, double latitude,
                                                                   double longitude, double elevation) {
     const double declination = getMagneticVariation(day, month, year, latitude, longitude, elevation);
     if (!std::isfinite(declination) || std::fabs(declination) > 360.0) {

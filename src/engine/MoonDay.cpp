@@ -19,6 +19,9 @@ constexpr double kSecondsPerDay = 86400.0;
 constexpr double kSecond = 1.0 / 3600.0;   // [h]
 constexpr double kWidestOffset = 23.0;     // [h]
 constexpr double kFurthestDay = 3652500.0; // from J2000, ten thousand years
+constexpr double kHoursOfDay = 24.0;
+constexpr double kLongestSpan = 49.0; // [h]
+constexpr double kFurthestSpan = 1e7; // [Julian day]
 
 /// A body as seen from one place: the two things that a search for its events needs.
 class Body {
@@ -82,18 +85,17 @@ public:
     }
 };
 
-/// Finds the events of one local day of a body.
-class DaySearch {
+/// Finds the events of a body in a span of time.
+class SpanSearch {
 public:
-    DaySearch(Body& body, FastAstro& engine, const DateTimeRecord& date, double utcOffset)
-        : body_(body), engine_(engine), offset_(utcOffset),
-          midnight_(engine.astroGlobalFuncs.CalculateJulianDay(date.year, date.month, date.day, 0, 0, 0)) {}
+    SpanSearch(Body& body, FastAstro& engine, double julianDay, double hours)
+        : body_(body), engine_(engine), start_(julianDay), hours_(hours) {}
 
     DayEvents run() {
         DayEvents events;
         double yBefore = body_.altitude(julianDay(-1.0));
         double y = body_.altitude(julianDay(0.0));
-        for (int hour = 0; hour <= 24; ++hour) {
+        for (int hour = 0; hour <= hours_; ++hour) {
             const double yAfter = body_.altitude(julianDay(hour + 1.0));
             searchHour(hour, yBefore, y, yAfter, events);
             yBefore = y;
@@ -104,11 +106,9 @@ public:
     }
 
 private:
-    [[nodiscard]] double julianDay(double localHour) const {
-        return midnight_ + (localHour - offset_) / 24.0;
-    }
+    [[nodiscard]] double julianDay(double hour) const { return start_ + hour / 24.0; }
 
-    /// The events within an hour of a full local hour: the engine's parabola through three hours.
+    /// The events within an hour of a full hour: the engine's parabola through three hours.
     void searchHour(double hour, double yBefore, double y, double yAfter, DayEvents& events) {
         const int roots = engine_.Quad(yBefore, yAfter, y);
         const double first = engine_.Zero1;
@@ -124,13 +124,13 @@ private:
 
     void keep(double hour, bool rising, DayEvents& events) {
         std::optional<double>& event = rising ? events.rise : events.set;
-        const double local = refined(hour, rising ? 1.0 : -1.0);
-        if (!event && local >= 0.0 && local < 24.0) {
-            event = local;
+        const double found = refined(hour, rising ? 1.0 : -1.0);
+        if (!event && found >= 0.0 && found < hours_) {
+            event = found;
         }
     }
 
-    /// The crossing of the horizon near a local hour, by secant steps; the hour itself where they do not
+    /// The crossing of the horizon near an hour, by secant steps; the hour itself where they do not
     /// converge.
     double refined(double start, double direction) {
         constexpr int maxSteps = 12;
@@ -155,15 +155,15 @@ private:
         return start;
     }
 
-    /// The culmination of the day: from either neighbourhood of an hour angle of 0 it is reached in a few
+    /// The culmination: from either neighbourhood of an hour angle of 0 it is reached in a few
     /// steps.
     std::optional<double> transit() {
-        for (const double start : {0.0, 12.0, 24.0}) {
+        for (const double start : {0.0, hours_ / 2.0, hours_}) {
             double hour = start;
             for (int i = 0; i < 6; ++i) {
                 hour -= body_.hourAngle(julianDay(hour)) * 1.02; // between the Sun's and the Moon's pace
             }
-            if (hour >= 0.0 && hour < 24.0) {
+            if (hour >= 0.0 && hour < hours_) {
                 return hour;
             }
         }
@@ -172,8 +172,8 @@ private:
 
     Body& body_;
     FastAstro& engine_;
-    double offset_;
-    double midnight_;
+    double start_; // [Julian day]
+    double hours_;
 };
 
 bool usable(const Observer& observer, const DateTimeRecord& date) {
@@ -184,14 +184,22 @@ bool usable(const Observer& observer, const DateTimeRecord& date) {
            date.day <= 31;
 }
 
-template <typename BodyOfSky> DayEvents eventsOfDay(const Observer& observer, const DateTimeRecord& date) {
-    if (!usable(observer, date)) {
+template <typename BodyOfSky>
+DayEvents eventsOfSpan(double latitude, double longitude, double julianDay, double hours) {
+    if (!(std::fabs(latitude) <= 90.0 && std::fabs(longitude) <= 360.0 && hours >= 0.0 &&
+          hours <= kLongestSpan && std::fabs(julianDay) <= kFurthestSpan)) {
         return {};
     }
     FastAstro engine;
-    engine.SetLatLon(observer.latitude, observer.longitude);
+    engine.SetLatLon(latitude, longitude);
     BodyOfSky body(engine);
-    return DaySearch(body, engine, date, observer.utcOffset).run();
+    return SpanSearch(body, engine, julianDay, hours).run();
+}
+
+/// Where a local day begins [Julian day of universal time].
+double beginningOf(const Observer& observer, const DateTimeRecord& date) {
+    return AstroGlobalFuncs().CalculateJulianDay(date.year, date.month, date.day, 0, 0, 0) -
+           observer.utcOffset / 24.0;
 }
 
 /// A phase of lunation k, counted from the new moon of 6 January 2000 [Julian day of universal time].
@@ -205,12 +213,24 @@ double phaseOfLunation(const FastAstro& engine, double k, PrincipalPhase::Kind k
 
 } // namespace
 
+DayEvents MoonEventsOfSpan(double latitude, double longitude, double julianDay, double hours) {
+    return eventsOfSpan<MoonBody>(latitude, longitude, julianDay, hours);
+}
+
+DayEvents SunEventsOfSpan(double latitude, double longitude, double julianDay, double hours) {
+    return eventsOfSpan<SunBody>(latitude, longitude, julianDay, hours);
+}
+
 DayEvents MoonEventsOfDay(const Observer& observer, const DateTimeRecord& date) {
-    return eventsOfDay<MoonBody>(observer, date);
+    return usable(observer, date) ? MoonEventsOfSpan(observer.latitude, observer.longitude,
+                                                     beginningOf(observer, date), kHoursOfDay)
+                                  : DayEvents{};
 }
 
 DayEvents SunEventsOfDay(const Observer& observer, const DateTimeRecord& date) {
-    return eventsOfDay<SunBody>(observer, date);
+    return usable(observer, date) ? SunEventsOfSpan(observer.latitude, observer.longitude,
+                                                    beginningOf(observer, date), kHoursOfDay)
+                                  : DayEvents{};
 }
 
 std::vector<PrincipalPhase> NextPhases(double julianDay, int count) {

@@ -72,9 +72,9 @@ bool comesNearZero(double yMinus, double yZero, double yPlus) {
 
 } // namespace
 
-void MoonDayScan::prepare(FastAstro& engine, std::int32_t day, std::int32_t month, std::int32_t year,
+void MoonDayScan::prepare(FastAstro& engine, std::int32_t year, std::int32_t month, std::int32_t day,
                           std::int32_t firstHour) {
-    const Key wanted{engine.Lat, engine.Lon, day, month, year, firstHour};
+    const Key wanted{engine.Lat, engine.Lon, year, month, day, firstHour};
     if (built && key == wanted) {
         return;
     }

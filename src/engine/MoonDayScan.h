@@ -26,7 +26,7 @@ public:
     /// Builds the curve unless it is the one held already. Uses the engine's place and overwrites its lunar
     /// fields.
     /// @param firstHour first searched hour of universal time.
-    void prepare(FastAstro& engine, std::int32_t day, std::int32_t month, std::int32_t year,
+    void prepare(FastAstro& engine, std::int32_t year, std::int32_t month, std::int32_t day,
                  std::int32_t firstHour);
     /// Whether the hour `index` (0 to 22) of the search may hold an event. True where the curve is no help.
     [[nodiscard]] bool mayHoldEvent(int index) const;
@@ -35,7 +35,7 @@ private:
     /// Everything the curve depends on.
     struct Key {
         double latitude, longitude;
-        std::int32_t day, month, year, firstHour;
+        std::int32_t year, month, day, firstHour;
 
         friend bool operator==(const Key&, const Key&) = default;
     };

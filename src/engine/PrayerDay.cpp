@@ -7,7 +7,6 @@
 
 #include <algorithm>
 #include <cmath>
-#include <vector>
 
 namespace zorel {
 
@@ -23,43 +22,6 @@ bool riseOrSetMissing(const SunInfoForPray& info) {
 
 } // namespace
 
-/// Altitude or shadow code, side of noon (-1 morning), sign of the temkin, addition after the iteration [h].
-struct PrayerDay::Event {
-    PrayerTimes::Index index;
-    int altitude;
-    int direction;
-    int temkin;
-    double addition;
-};
-
-namespace {
-
-enum EventPosition {
-    dawn,
-    sunrise,
-    afternoon,
-    secondAfternoon,
-    sunset,
-    nightfall,
-    secondNightfall,
-    morning5,
-    afternoon5
-};
-
-} // namespace
-
-const std::array<PrayerDay::Event, 9> PrayerDay::kEvents{{
-    {PrayerTimes::dawn, -19, -1, -1, 0.0},
-    {PrayerTimes::sunrise, 0, -1, -1, -0.013888888992369175}, // 50 seconds
-    {PrayerTimes::afternoon, 1, 1, 1, 0.0},
-    {PrayerTimes::secondAfternoon, 2, 1, 1, 0.0},
-    {PrayerTimes::sunset, 0, 1, 1, 0.05000000074505806}, // 3 minutes
-    {PrayerTimes::nightfall, -17, 1, 1, 0.0},
-    {PrayerTimes::secondNightfall, -19, 1, 1, 0.0},
-    {PrayerTimes::morningFiveDegrees, 5, -1, 1, 0.0},
-    {PrayerTimes::afternoonFiveDegrees, 5, 1, 0, 0.0},
-}};
-
 PrayerDay::PrayerDay(FastAstro& engine, double latitude, double longitude, const DateTimeRecord& date,
                      bool elevation, PrayerTimes& out, const QiblaRecord& qibla, PrayerTrace* trace)
     : engine_(engine), givenLatitude_(latitude), entryLatitude_(engine.Lat),
@@ -72,23 +34,23 @@ void PrayerDay::run() {
     lowerLatitude();
     startCallDate();
     ascensionalDifference();
-    search(kEvents[dawn], out_.dawnFromOtherDay);
+    search(PrayerEvent::dawn, out_.dawnFromOtherDay);
     backToCallDate();
-    fixed(kEvents[sunrise]);
+    fixed(PrayerEvent::sunrise);
     transit();
-    fixed(kEvents[afternoon]);
-    fixed(kEvents[secondAfternoon]);
-    fixed(kEvents[sunset]);
-    search(kEvents[nightfall], out_.nightfallFromOtherDay);
+    fixed(PrayerEvent::afternoon);
+    fixed(PrayerEvent::secondAfternoon);
+    fixed(PrayerEvent::sunset);
+    search(PrayerEvent::nightfall, out_.nightfallFromOtherDay);
     backToCallDate();
     if (out_.times[PrayerTimes::nightfall] == kNoSolarEvent) {
         set(PrayerTimes::secondNightfall, kNoSolarEvent);
     } else {
         // What follows stays on the date at which this search stops.
-        search(kEvents[secondNightfall], out_.secondNightfallFromOtherDay);
+        search(PrayerEvent::secondNightfall, out_.secondNightfallFromOtherDay);
     }
-    fixed(kEvents[morning5]);
-    fixed(kEvents[afternoon5]);
+    fixed(PrayerEvent::morning5);
+    fixed(PrayerEvent::afternoon5);
     nightParts();
     qiblaTime();
     engine_.SunInfo = info_;
@@ -113,26 +75,18 @@ void PrayerDay::lowerLatitude() {
 }
 
 bool PrayerDay::missesAfterLowering() {
-    return !iterate(kEvents[sunrise]).answer || !iterate(kEvents[afternoon]).answer;
+    return !iterate(PrayerEvent::sunrise).answer || !iterate(PrayerEvent::afternoon).answer;
 }
 
-IterationInput PrayerDay::inputOf(const Event& event) const {
-    return {phi_,           longitudeTerm_, event.temkin * temkin_, engine_.iPlace.timeZone,
-            event.altitude, event.direction};
+DayIterationInput PrayerDay::input() const {
+    return {phi_, longitudeTerm_, temkin_, engine_.iPlace.timeZone};
 }
 
-/// Iterates every event of the date of the call, side by side.
+/// Iterates every event of the date of the call.
 void PrayerDay::startCallDate() {
     callInfo_ = info_;
-    std::vector<PrayerIteration> iterations;
-    iterations.reserve(kEvents.size());
-    for (const Event& event : kEvents) {
-        iterations.emplace_back(inputOf(event), info_);
-    }
-    iterateTogether(iterations);
-    for (std::size_t i = 0; i < kEvents.size(); ++i) {
-        callResults_[kEvents[i].index] = iterations[i].result();
-    }
+    callResults_ =
+        engine_.RemembersSun() ? iterateSideBySide(input(), info_) : iterateOneByOne(input(), info_);
     onCallDate_ = true;
 }
 
@@ -142,18 +96,20 @@ void PrayerDay::backToCallDate() {
     onCallDate_ = true;
 }
 
-IterationResult PrayerDay::iterate(const Event& event) {
-    const IterationInput input = inputOf(event);
-    const IterationResult result = onCallDate_ ? callResults_[event.index] : iteratePrayerTime(input, info_);
+IterationResult PrayerDay::iterate(PrayerEvent event) {
+    const IterationResult result = onCallDate_ ? callResults_[static_cast<std::size_t>(event)]
+                                               : iteratePrayerTime(input().of(event), info_);
     if (trace_ != nullptr) {
-        trace_->entries[event.index].input = input;
-        trace_->entries[event.index].result = result;
+        PrayerTrace::Entry& entry = trace_->entries[ruleOf(event).index];
+        entry.input = input().of(event);
+        entry.result = result;
     }
     return result;
 }
 
 /// Today's event, or the one of the latest earlier day that has it, at most 365 days back.
-void PrayerDay::search(const Event& event, bool& fromOtherDay) {
+void PrayerDay::search(PrayerEvent event, bool& fromOtherDay) {
+    const PrayerEventRule& rule = ruleOf(event);
     const AstroGlobalFuncs& calendar = engine_.astroGlobalFuncs;
     const double today = calendar.JulianDay(date_);
     IterationResult result = iterate(event);
@@ -161,18 +117,19 @@ void PrayerDay::search(const Event& event, bool& fromOtherDay) {
     for (int back = 1; !result.answer && back <= kLastAttempt; ++back) {
         if (engine_.RemembersSun()) {
             back =
-                std::min(back + daysSurelyWithout(today - back, phi_.degrees, event.altitude), kLastAttempt);
+                std::min(back + daysSurelyWithout(today - back, phi_.degrees, rule.altitude), kLastAttempt);
         }
         calendar.JulianToCalendar(today - back, date_, 1);
         info_ = sunOf(date_);
         onCallDate_ = false;
         result = iterate(event);
     }
-    set(event.index, result.answer ? result.time : kNoSolarEvent, event.temkin * temkin_);
+    set(rule.index, result.answer ? result.time : kNoSolarEvent, rule.temkin * temkin_);
 }
 
-void PrayerDay::fixed(const Event& event) {
-    set(event.index, iterate(event).time + event.addition, event.temkin * temkin_, event.addition);
+void PrayerDay::fixed(PrayerEvent event) {
+    const PrayerEventRule& rule = ruleOf(event);
+    set(rule.index, iterate(event).time + rule.addition, rule.temkin * temkin_, rule.addition);
 }
 
 /// Half the difference of the day's length from twelve hours, as time [min]; the sunset clock overwrites it.
@@ -198,7 +155,7 @@ void PrayerDay::nightParts() {
     set(PrayerTimes::firstThirdOfNight, sunset + night / 3.0);
 }
 
-/// Right only for some longitudes and without the zone: SunAtQibla is the time to show to a person.
+/// Right only for some longitudes and without the zone: SunAtBearing has the instants to show to a person.
 void PrayerDay::qiblaTime() {
     if (out_.latitudeLowered) {
         set(PrayerTimes::qiblaTime, kNoSolarEvent);

@@ -3,7 +3,9 @@
 /// The computation of one day's prayer times, step by step; FastAstro::CalculateAllPrayTimes runs it.
 #pragma once
 
+#include "engine/DayIterations.h"
 #include "engine/FastAstro.h"
+#include "engine/PrayerEvents.h"
 #include "engine/PrayerIteration.h"
 
 #include <array>
@@ -32,17 +34,15 @@ public:
     void run();
 
 private:
-    struct Event; // a time that the iteration finds
-
     SunInfoForPray sunOf(const DateTimeRecord& date);
     void lowerLatitude();
     [[nodiscard]] bool missesAfterLowering();
-    [[nodiscard]] IterationInput inputOf(const Event& event) const;
+    [[nodiscard]] DayIterationInput input() const;
     void startCallDate();
     void backToCallDate();
-    IterationResult iterate(const Event& event);
-    void search(const Event& event, bool& fromOtherDay);
-    void fixed(const Event& event);
+    IterationResult iterate(PrayerEvent event);
+    void search(PrayerEvent event, bool& fromOtherDay);
+    void fixed(PrayerEvent event);
     void ascensionalDifference();
     void transit();
     void nightParts();
@@ -63,10 +63,8 @@ private:
     SunInfoForPray info_;   // of date_
     // Of the date of the call, once its latitude is settled:
     SunInfoForPray callInfo_;
-    std::array<IterationResult, 16> callResults_{};
+    DayIterationResults callResults_;
     bool onCallDate_ = false;
-
-    static const std::array<Event, 9> kEvents;
 };
 
 } // namespace zorel

@@ -7,18 +7,17 @@
 
 #include <cmath>
 #include <cstdint>
-#include <span>
 
 namespace zorel {
 
 /// A latitude with the functions of it that every round needs.
 struct IterationLatitude {
-    IterationLatitude() : IterationLatitude(0.0) {}
+    IterationLatitude() = default; ///< of the equator
     explicit IterationLatitude(double latitude);
 
-    double degrees;
-    double sine;   ///< in single precision
-    double cosine; ///< in single precision
+    double degrees = 0.0;
+    double sine = 0.0;   ///< in single precision
+    double cosine = 1.0; ///< in single precision
 };
 
 /// What is asked of the iteration.
@@ -40,38 +39,24 @@ struct IterationResult {
 };
 
 /// The value at a local hour between the day's and the next day's, with the sign of the change as the engine
-/// takes it: the absolute change is subtracted when the value falls.
+/// takes it: the absolute change is subtracted when the value falls. Without a branch, for loops in vectors.
 [[nodiscard]] inline double interpolateDay(double today, double tomorrow, double hour) {
-    const double change = std::fabs((today - tomorrow) * hour / 24.0);
-    return tomorrow < today ? today - change : today + change;
+    return today + std::copysign((today - tomorrow) * hour / 24.0, tomorrow - today);
 }
 
-/// One event's iteration: at most ten rounds; not-a-number ends it at once with the answer false.
-class PrayerIteration {
-public:
-    PrayerIteration(const IterationInput& input, const SunInfoForPray& info);
-    [[nodiscard]] bool active() const { return active_; }
-    void round();
-    [[nodiscard]] const IterationResult& result() const { return result_; }
+/// A whole altitude, in single precision [rad].
+[[nodiscard]] double altitudeOf(std::int32_t degrees);
+/// The shadow of a staff of length 1 when the Sun is highest.
+[[nodiscard]] double shadowOfNoon(double latitude, double declination);
+/// Altitude at which a staff throws so many of its lengths beyond its shadow of noon [rad].
+[[nodiscard]] double shadowAltitude(std::int32_t staffs, double noonShadow);
 
-private:
-    void finish();
+/// Ends a round. @param result in, out: its rounds are counted already. @param time that the round found.
+/// @param cosine of the hour angle. @return whether the iteration is over: two rounds agree, ten rounds were
+/// made, or the time is not a number (then the answer is false).
+bool settleRound(IterationResult& result, double time, double cosine);
 
-    IterationInput input_;
-    double declinationToday_;
-    double declinationTomorrow_;
-    double equationToday_;
-    double equationTomorrow_;
-    double sinAltitude_;
-    double cosine_ = 0.0; // of the hour angle
-    bool active_ = true;
-    IterationResult result_;
-};
-
+/// One event's iteration.
 [[nodiscard]] IterationResult iteratePrayerTime(const IterationInput& input, const SunInfoForPray& info);
-
-/// Runs iterations round by round side by side: each is a long chain of dependent operations, and a processor
-/// works on several chains at once.
-void iterateTogether(std::span<PrayerIteration> iterations);
 
 } // namespace zorel

@@ -29,48 +29,50 @@ inline constexpr double kTwoPi = single(6.2831854820251465);
 /// Sine and cosine to a double's accuracy by arithmetic alone, for |x| below kTurnLimit: the nearest multiple
 /// of pi is taken off (pi in two parts, the first times any whole number below 2^20 being exact), the rest
 /// goes through its power series to 1e-15. They round to single precision as the true values do, with every
-/// compiler and C library, and work on numbers and on vectors of them (Value with Bits of the same size).
+/// compiler and C library. Without a branch and always in line, so that a compiler makes a loop over them
+/// work on as many numbers as the processor's vectors hold.
 namespace portable {
 
 inline constexpr double kTurnLimit = 3.0e6;
 
-template <class Value, class Bits> struct HalfTurns {
-    explicit HalfTurns(const Value& x) {
+struct HalfTurns {
+    [[gnu::always_inline]] explicit HalfTurns(double x) {
         constexpr double kToWhole = 6755399441055744.0; // 1.5 * 2^52: adding it rounds to a whole number
-        const Value shifted = x * 0.3183098861837907 + kToWhole;
-        const Value count = shifted - kToWhole;
+        const double shifted = x * 0.3183098861837907 + kToWhole;
+        const double count = shifted - kToWhole;
         rest = x - count * 3.1415926534682512;
         rest = rest - count * 1.2154201013012384e-10;
-        sign = std::bit_cast<Bits>(shifted) << 63;
+        sign = std::bit_cast<std::uint64_t>(shifted) << 63;
     }
-    [[nodiscard]] Value withSign(const Value& y) const {
-        return std::bit_cast<Value>(std::bit_cast<Bits>(y) ^ sign);
+    [[nodiscard, gnu::always_inline]] double withSign(double y) const {
+        return std::bit_cast<double>(std::bit_cast<std::uint64_t>(y) ^ sign);
     }
 
-    Value rest; // -pi/2 to pi/2
-    Bits sign;  // set after an odd number of half turns
+    double rest;        // -pi/2 to pi/2
+    std::uint64_t sign; // set after an odd number of half turns
 };
 
 /// The even and odd powers of z = rest^2 are summed apart: two short chains instead of a long one.
-template <class Value, class Bits> inline Value cosine(const Value& x) {
-    const HalfTurns<Value, Bits> turns(x);
-    const Value z = turns.rest * turns.rest;
-    const Value w = z * z;
-    const Value even =
+[[gnu::always_inline]] inline double cosine(double x) {
+    const HalfTurns turns(x);
+    const double z = turns.rest * turns.rest;
+    const double w = z * z;
+    const double even =
         (((w * (1.0 / 20922789888000.0) + 1.0 / 479001600.0) * w + 1.0 / 40320.0) * w + 1.0 / 24.0) * w;
-    const Value odd =
+    const double odd =
         (((w * (-1.0 / 6402373705728000.0) - 1.0 / 87178291200.0) * w - 1.0 / 3628800.0) * w - 1.0 / 720.0) *
             w -
         0.5;
     return turns.withSign(z * odd + even + 1.0);
 }
 
-template <class Value, class Bits> inline Value sine(const Value& x) {
-    const HalfTurns<Value, Bits> turns(x);
-    const Value z = turns.rest * turns.rest;
-    const Value w = z * z;
-    const Value even = ((w * (-1.0 / 1307674368000.0) - 1.0 / 39916800.0) * w - 1.0 / 5040.0) * w - 1.0 / 6.0;
-    const Value odd =
+[[gnu::always_inline]] inline double sine(double x) {
+    const HalfTurns turns(x);
+    const double z = turns.rest * turns.rest;
+    const double w = z * z;
+    const double even =
+        ((w * (-1.0 / 1307674368000.0) - 1.0 / 39916800.0) * w - 1.0 / 5040.0) * w - 1.0 / 6.0;
+    const double odd =
         ((w * (1.0 / 355687428096000.0) + 1.0 / 6227020800.0) * w + 1.0 / 362880.0) * w + 1.0 / 120.0;
     return turns.withSign(turns.rest * (z * (z * odd + even)) + turns.rest);
 }
@@ -81,13 +83,11 @@ template <class Value, class Bits> inline Value sine(const Value& x) {
 /// radians].
 inline double sinSingle(double x) {
     const double a = single(x);
-    return single(std::fabs(a) < portable::kTurnLimit ? portable::sine<double, std::uint64_t>(a)
-                                                      : std::sin(a));
+    return single(std::fabs(a) < portable::kTurnLimit ? portable::sine(a) : std::sin(a));
 }
 inline double cosSingle(double x) {
     const double a = single(x);
-    return single(std::fabs(a) < portable::kTurnLimit ? portable::cosine<double, std::uint64_t>(a)
-                                                      : std::cos(a));
+    return single(std::fabs(a) < portable::kTurnLimit ? portable::cosine(a) : std::cos(a));
 }
 /// Both at once.
 struct SineCosine {

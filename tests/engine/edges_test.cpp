@@ -6,7 +6,6 @@
 #include "engine/MagneticVariation.h"
 #include "engine/MoonDay.h"
 #include "engine/Single.h"
-#include "engine/SunAtQibla.h"
 #include "engine/Turns.h"
 
 #include <array>
@@ -63,14 +62,6 @@ TEST(MagneticEdges, NegativeMinutesOutweighPositiveSeconds) {
     EXPECT_NEAR(field.DegreesToDecimal(0, -30, 36), -0.51, 1e-6);
     EXPECT_NEAR(field.DegreesToDecimal(0, 30, -36), 0.51, 1e-6);
     EXPECT_NEAR(field.DegreesToDecimal(0, 0, 36), 0.01, 1e-6);
-}
-
-TEST(SunAtQiblaEdges, NumbersThatAreNotFiniteHaveNoInstants) {
-    EXPECT_FALSE(SunAtQibla(41.0, 29.0, 3.0, 2026, 6, 21).empty());
-    EXPECT_TRUE(SunAtQibla(kNan, 29.0, 3.0, 2026, 6, 21).empty());
-    EXPECT_TRUE(SunAtQibla(41.0, -kInfinity, 3.0, 2026, 6, 21).empty());
-    EXPECT_TRUE(SunAtQibla(41.0, 29.0, kNan, 2026, 6, 21).empty());
-    EXPECT_TRUE(SunAtQibla(41.0, 29.0, kInfinity, 2026, 6, 21).empty());
 }
 
 bool hasEvents(const Observer& observer, const DateTimeRecord& date) {

@@ -134,5 +134,34 @@ TEST(Explain, AnotherDate) {
     EXPECT_EQ(tomorrow.date.day, 18);
 }
 
+TEST(Explain, GivesAllTimesAndReasonsOfOneComputation) {
+    testing::Random random(12);
+    for (int i = 0; i < 40; ++i) {
+        FastAstro engine;
+        setUp(engine, testing::anyPlaceDay(random));
+        const ExplainedPrayTimes all = engine.CalculateExplainedPrayTimes();
+        EXPECT_EQ(all.times.times, engine.CalculatePrayTimes().today.times); // `ezani` may hold not-a-number
+        for (int index = 0; index < 16; ++index) {
+            const PrayTimeExplanation& why = all.explanations[static_cast<std::size_t>(index)];
+            const PrayTimeExplanation alone = engine.ExplainPrayTime(index);
+            ASSERT_EQ(why.time, alone.time) << index;
+            ASSERT_EQ(why.rule, alone.rule);
+            ASSERT_EQ(why.date, alone.date);
+            ASSERT_EQ(why.daysBack, alone.daysBack);
+            ASSERT_EQ(why.temkin, alone.temkin);
+            ASSERT_EQ(why.rounds, alone.rounds);
+        }
+    }
+}
+
+TEST(Explain, CountsAllTimesFromMidnightOfTheCurrentDate) {
+    FastAstro engine;
+    setUp(engine, kCopenhagen);
+    const PrayerTimes atMidnight = engine.CalculateExplainedPrayTimes().times;
+    engine.iCurrentDate.hour = 13;
+    engine.iCurrentDate.second = 5;
+    EXPECT_EQ(engine.CalculateExplainedPrayTimes().times, atMidnight);
+}
+
 } // namespace
 } // namespace zorel

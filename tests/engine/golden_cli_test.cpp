@@ -1,21 +1,18 @@
 // SPDX-License-Identifier: Apache-2.0
 // golden_check as a program: exit codes and messages for good, wrong and broken files.
-#include <cstdio>
+#include "tests/engine/Command.h"
+
 #include <cstdlib>
 #include <filesystem>
 #include <fstream>
 #include <gtest/gtest.h>
 #include <string>
-#include <sys/wait.h>
 #include <unistd.h>
 
 namespace zorel {
 namespace {
 
-struct Outcome {
-    int code = -1;
-    std::string text;
-};
+using testing::Outcome;
 
 class GoldenCheck : public ::testing::Test {
 protected:
@@ -26,15 +23,7 @@ protected:
     void TearDown() override { std::filesystem::remove_all(folder_); }
 
     Outcome run(const std::string& arguments) {
-        const std::string command = std::string(ZOREL_GOLDEN_CHECK) + " " + arguments + " 2>&1";
-        Outcome outcome;
-        FILE* pipe = ::popen(command.c_str(), "r");
-        char buffer[4096];
-        while (std::fgets(buffer, sizeof buffer, pipe) != nullptr) {
-            outcome.text += buffer;
-        }
-        outcome.code = WEXITSTATUS(::pclose(pipe));
-        return outcome;
+        return testing::outcomeOf(std::string(ZOREL_GOLDEN_CHECK) + " " + arguments);
     }
 
     Outcome check(const std::string& content) {

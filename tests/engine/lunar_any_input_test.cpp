@@ -147,7 +147,7 @@ TEST(AnyInput, MagneticFieldReturns) {
         for (const std::int32_t n : kWholes) {
             (void)field.getMagneticVariation(n, n, n, x, -x, x);
             (void)field.getMagneticVariation2(n, n, n, n, n, n, n, n, n, x);
-            (void)field.Declination(1, 1, 2012, x, x, x);
+            (void)field.Declination(2012, 1, 1, x, x, x);
             field.ExtraPSH(x, 2010.0, n, n, MagneticVariation::kDateSet);
             field.SHVAL3(0, x, x, x, n, MagneticVariation::kNextYearSet);
         }

@@ -96,7 +96,7 @@ TEST(MoonSearch, MostHoursAreLeftOut) {
     MoonDayScan scan;
     int evaluated = 0;
     for (std::int32_t day = 1; day <= 28; ++day) {
-        scan.prepare(engine, day, 6, 2026, -2);
+        scan.prepare(engine, 2026, 6, day, -2);
         for (int i = 0; i < MoonDayScan::kHours; ++i) {
             evaluated += scan.mayHoldEvent(i) ? 1 : 0;
         }

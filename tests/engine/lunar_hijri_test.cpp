@@ -128,7 +128,7 @@ TEST(ObservedHijriMonths, StartEvery29Or30DaysFrom1600To2400) {
     double before = 0.0;
     for (const double day : testing::steps(midnight(1600, 1, 1), midnight(2400, 12, 31), 14.0)) {
         const DateTimeRecord date = dateOf(day);
-        const std::optional<HijriMonthStart> month = engine.FindHijriMonth(date.day, date.month, date.year);
+        const std::optional<HijriMonthStart> month = engine.FindHijriMonth(date.year, date.month, date.day);
         ASSERT_TRUE(month.has_value()) << date.year;
         ASSERT_LE(month->start, day + 1e-6);
         if (before != 0.0 && month->start != before) {
@@ -175,8 +175,8 @@ TEST(ObservedHijriMonths, OneEngineForAllDaysGivesWhatAFreshOneGives) {
         }
         FastAstro fresh = hijriEngine();
         ASSERT_EQ(sequence, observed(fresh, date)) << date.year << ' ' << date.month << ' ' << date.day;
-        ASSERT_EQ(engine.FindHijriMonth(date.day, date.month, date.year),
-                  fresh.FindHijriMonth(date.day, date.month, date.year));
+        ASSERT_EQ(engine.FindHijriMonth(date.year, date.month, date.day),
+                  fresh.FindHijriMonth(date.year, date.month, date.day));
     }
 }
 
@@ -186,7 +186,7 @@ TEST(ObservedHijriMonths, RememberedMonthsDoNotPassFromZoneToZone) {
         engine.iPlace.timeZone = zone;
         FastAstro fresh = hijriEngine(zone);
         for (std::int32_t day = 1; day <= 30; ++day) {
-            ASSERT_EQ(engine.FindHijriMonth(day, 4, 2027), fresh.FindHijriMonth(day, 4, 2027)) << zone;
+            ASSERT_EQ(engine.FindHijriMonth(2027, 4, day), fresh.FindHijriMonth(2027, 4, day)) << zone;
         }
     }
 }
@@ -212,7 +212,7 @@ TEST(ObservedHijriMonths, LateNewMoonsStartTheMonthOnEitherDay) {
     std::set<double> seen;
     for (const double day : testing::steps(midnight(2000, 1, 1), midnight(2040, 1, 1), 20.0)) {
         const DateTimeRecord date = dateOf(day);
-        const auto month = engine.FindHijriMonth(date.day, date.month, date.year);
+        const auto month = engine.FindHijriMonth(date.year, date.month, date.day);
         ASSERT_TRUE(month.has_value());
         if (!seen.insert(month->newMoon).second) {
             continue;

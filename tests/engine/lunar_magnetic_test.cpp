@@ -193,7 +193,7 @@ TEST(MagneticDirection, UsesTheHalfAngle) {
 
 TEST(MagneticForPeople, CarriesTheModelAndItsValidity) {
     MagneticVariation field;
-    const auto now = field.Declination(20, 11, 2026, 41.0082, 28.9784, 0.0);
+    const auto now = field.Declination(2026, 11, 20, 41.0082, 28.9784, 0.0);
     ASSERT_TRUE(now.has_value());
     EXPECT_EQ(now->model, "IGRF-11");
     EXPECT_EQ(now->epoch, 2010.0);
@@ -201,17 +201,17 @@ TEST(MagneticForPeople, CarriesTheModelAndItsValidity) {
     EXPECT_EQ(now->validTo, 2015.0);
     EXPECT_TRUE(now->extrapolated);
     EXPECT_EQ(now->declination, field.getMagneticVariation(20, 11, 2026, 41.0082, 28.9784, 0.0));
-    EXPECT_FALSE(field.Declination(1, 6, 2012, 41.0, 29.0, 0.0)->extrapolated);
-    EXPECT_TRUE(field.Declination(31, 12, 2008, 41.0, 29.0, 0.0)->extrapolated);
+    EXPECT_FALSE(field.Declination(2012, 6, 1, 41.0, 29.0, 0.0)->extrapolated);
+    EXPECT_TRUE(field.Declination(2008, 12, 31, 41.0, 29.0, 0.0)->extrapolated);
 }
 
 TEST(MagneticForPeople, SaysNothingWithoutADirection) {
     MagneticVariation field;
     constexpr double infinity = std::numeric_limits<double>::infinity();
-    EXPECT_FALSE(field.Declination(1, 1, 2012, std::nan(""), 0.0, 0.0));
-    EXPECT_FALSE(field.Declination(1, 1, 2012, 41.0, infinity, 0.0));
-    EXPECT_FALSE(field.Declination(1, 1, 2012, 41.0, 29.0, -infinity));
-    EXPECT_FALSE(field.Declination(1, 1, 2012, 41.0, 29.0, 1e12)); // no field is left so far out
+    EXPECT_FALSE(field.Declination(2012, 1, 1, std::nan(""), 0.0, 0.0));
+    EXPECT_FALSE(field.Declination(2012, 1, 1, 41.0, infinity, 0.0));
+    EXPECT_FALSE(field.Declination(2012, 1, 1, 41.0, 29.0, -infinity));
+    EXPECT_FALSE(field.Declination(2012, 1, 1, 41.0, 29.0, 1e12)); // no field is left so far out
 }
 
 } // namespace

@@ -2,6 +2,7 @@
 #include "engine/Single.h"
 
 #include "engine/EarthCompute.h"
+#include "engine/Processor.h"
 #include "engine/series/EarthSeries.h"
 #include "tests/engine/Places.h"
 
@@ -54,17 +55,42 @@ template <std::size_t Rows> double plainSum(const std::array<EarthTerm, Rows>& s
     return sum;
 }
 
-TEST(Single, SumsTwoAtATimeHaveTheBitsOfSumsOneByOne) {
+void expectPlainSums(double tau) {
     const EarthCompute earth;
-    for (int step = 0; step < 1748; ++step) {
-        const double tau = -12.0 + 0.01373 * step;
-        ASSERT_EQ(earth._L0(tau), plainSum(kEarthL0, tau));
-        ASSERT_EQ(earth._L3(tau), plainSum(kEarthL3, tau));
-        ASSERT_EQ(earth._B0(tau), plainSum(kEarthB0, tau));
-        ASSERT_EQ(earth._R1(tau), plainSum(kEarthR1, tau));
+    ASSERT_EQ(earth._L0(tau), plainSum(kEarthL0, tau)) << tau;
+    ASSERT_EQ(earth._L1(tau), plainSum(kEarthL1, tau)) << tau;
+    ASSERT_EQ(earth._L2(tau), plainSum(kEarthL2, tau)) << tau;
+    ASSERT_EQ(earth._L3(tau), plainSum(kEarthL3, tau)) << tau;
+    ASSERT_EQ(earth._L4(tau), plainSum(kEarthL4, tau)) << tau;
+    ASSERT_EQ(earth._L5(tau), plainSum(kEarthL5, tau)) << tau;
+    ASSERT_EQ(earth._B0(tau), plainSum(kEarthB0, tau)) << tau;
+    ASSERT_EQ(earth._B1(tau), plainSum(kEarthB1, tau)) << tau;
+    ASSERT_EQ(earth._R0(tau), plainSum(kEarthR0, tau)) << tau;
+    ASSERT_EQ(earth._R1(tau), plainSum(kEarthR1, tau)) << tau;
+    ASSERT_EQ(earth._R2(tau), plainSum(kEarthR2, tau)) << tau;
+    ASSERT_EQ(earth._R3(tau), plainSum(kEarthR3, tau)) << tau;
+    ASSERT_EQ(earth._R4(tau), plainSum(kEarthR4, tau)) << tau;
+}
+
+TEST(Single, SumsOfManyTermsAtOnceHaveTheBitsOfSumsOneByOne) {
+    for (const bool avx2 : {false, true}) {
+        allowAvx2(avx2);
+        for (int step = 0; step < 1748; ++step) {
+            expectPlainSums(-12.0 + 0.01373 * step);
+        }
+        for (const double tau : {29.99, -29.99, 30.01, -30.01, 500.0, -1e6}) {
+            expectPlainSums(tau); // from 30 on each term goes its own way
+        }
+        EXPECT_TRUE(std::isnan(EarthCompute()._L0(std::nan(""))));
     }
-    EXPECT_EQ(earth._L0(500.0), plainSum(kEarthL0, 500.0));
-    EXPECT_TRUE(std::isnan(earth._L0(std::nan(""))));
+}
+
+TEST(Processor, Avx2IsUsedOnlyWhileItIsAllowed) {
+    const bool there = usesAvx2();
+    allowAvx2(false);
+    EXPECT_FALSE(usesAvx2());
+    allowAvx2(true);
+    EXPECT_EQ(usesAvx2(), there) << "at first it is allowed";
 }
 
 } // namespace

@@ -1,31 +1,19 @@
 // SPDX-License-Identifier: Apache-2.0
 #include "Digest.h"
 
+#include "Hash.h"
 #include "engine/FastAstro.h"
 
-#include <bit>
-#include <cmath>
-#include <cstdint>
+#include <cstddef>
 #include <fmt/format.h>
 
 namespace zorel::golden {
 
 namespace {
 
-/// FNV-1a over the bits of doubles; every not-a-number counts as the same one.
-class Hash {
-public:
-    void add(double value) {
-        std::uint64_t bits = std::isnan(value) ? 0x7ff8000000000000U : std::bit_cast<std::uint64_t>(value);
-        for (int i = 0; i < 8; ++i, bits >>= 8U) {
-            hash_ = (hash_ ^ (bits & 0xffU)) * 0x100000001b3U;
-        }
-    }
-    void print(const char* name) const { fmt::print("{:<20} {:016x}\n", name, hash_); }
-
-private:
-    std::uint64_t hash_ = 0xcbf29ce484222325U;
-};
+void print(const char* name, const Hash& hash) {
+    fmt::print("{:<20} {}\n", name, hash.text());
+}
 
 void digestPositions() {
     Hash fast;
@@ -42,8 +30,8 @@ void digestPositions() {
         accurate.add(engine.SunRA);
         accurate.add(engine.EquationOfTime(julianDay, engine.SunRA));
     }
-    fast.print("sun fast");
-    accurate.print("sun accurate");
+    print("sun fast", fast);
+    print("sun accurate", accurate);
 }
 
 void digestPrayerTimes() {
@@ -60,7 +48,7 @@ void digestPrayerTimes() {
             hash.add(times.ezani[k]);
         }
     }
-    hash.print("prayer times");
+    print("prayer times", hash);
 }
 
 } // namespace

@@ -37,7 +37,7 @@ Outputs runRealHijri(const Arguments& in) {
     engine._RealGregJulToHicri(in.integer(1), in.integer(2), in.integer(3), date);
     Outputs out = hijriOutputs(date);
     const std::optional<HijriMonthStart> month =
-        engine.FindHijriMonth(in.integer(1), in.integer(2), in.integer(3));
+        engine.FindHijriMonth(in.integer(3), in.integer(2), in.integer(1));
     out.push_back(month ? month->newMoon : 0.0);
     out.push_back(month ? month->start : 0.0);
     return out;
