@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: Apache-2.0
 #include "platform/foundation/CodePage1254.h"
 
+#include <algorithm>
 #include <memory>
 #include <unicode/ucnv.h>
 #include <unicode/ucnv_err.h>
@@ -26,6 +27,9 @@ Converter openConverter() {
 } // namespace
 
 std::string utf8FromCodePage1254(std::string_view bytes) {
+    if (std::ranges::all_of(bytes, [](char byte) { return static_cast<unsigned char>(byte) < 0x80; })) {
+        return std::string(bytes); // ASCII, the same in both
+    }
     std::string text;
     const Converter converter = openConverter();
     UErrorCode error = U_ZERO_ERROR;

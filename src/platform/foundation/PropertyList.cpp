@@ -1,8 +1,8 @@
 // SPDX-License-Identifier: Apache-2.0
 #include "platform/foundation/PropertyList.h"
 
+#include "platform/foundation/Files.h"
 #include "platform/foundation/PropertyListGuard.h"
-#include "platform/foundation/SmallFile.h"
 
 #include <clocale>
 #include <cstdint>
