@@ -4,6 +4,8 @@
 # Not part of ./test: the whole tree takes about half an hour on two cores.
 set -euo pipefail
 cd "$(dirname "$0")/.."
+. tools/setup.sh
+install_packages clang-tidy
 [ -f build/release/compile_commands.json ] || { echo "Run ./run or ./test first: the build tells how files are compiled." >&2; exit 2; }
 if [ $# -eq 0 ]; then
     mapfile -t files < <(git ls-files 'src/*.cpp' 'apps/*.cpp' 'tools/*.cpp' 'tests/*.cpp' | grep -vE '/series/|/fuzz/')

@@ -1,16 +1,26 @@
 // SPDX-License-Identifier: Apache-2.0
 #include "common/GlobalFuncs.h"
 
+#include "almanac/Prayer.h"
+
+#include <algorithm>
 #include <array>
 #include <fmt/format.h>
 
 namespace zorel {
 namespace {
 
-constexpr std::int32_t kFirstPrayerId = 200;
-/// Keys of the prayer names, from the first prayer id on.
-constexpr std::array<std::string_view, 9> kPrayerKeys = {"FAJR", "TULU",   "DHUHR",    "ASR",    "MAGHRIB",
-                                                         "ISHA", "ISHRAQ", "ASRTHANI", "I-SHAMS"};
+/// Keys of the prayers that the language files name.
+constexpr std::array<std::pair<almanac::Prayer, std::string_view>, 9> kPrayerKeys = {
+    {{almanac::Prayer::fajr, "FAJR"},
+     {almanac::Prayer::sunrise, "TULU"},
+     {almanac::Prayer::dhuhr, "DHUHR"},
+     {almanac::Prayer::asr, "ASR"},
+     {almanac::Prayer::maghrib, "MAGHRIB"},
+     {almanac::Prayer::isha, "ISHA"},
+     {almanac::Prayer::morningFiveDegrees, "ISHRAQ"},
+     {almanac::Prayer::asrSecond, "ASRTHANI"},
+     {almanac::Prayer::afternoonFiveDegrees, "I-SHAMS"}}};
 
 /// Language files below the bundle, by language id.
 constexpr std::array<std::string_view, 4> kLanguageFiles = {"tr.lproj/tr.plist", "en.lproj/en.plist",
@@ -54,11 +64,9 @@ std::optional<std::string> GlobalFuncs::GetKeyValue(std::int32_t key) const {
 }
 
 std::optional<std::string> GlobalFuncs::GetTextPrayLabels(std::int32_t prayerId) const {
-    const std::int64_t index = std::int64_t{prayerId} - kFirstPrayerId;
-    if (index < 0 || index >= std::ssize(kPrayerKeys)) {
-        return std::nullopt;
-    }
-    return textIn(langPack_, "PRAYERS", kPrayerKeys[static_cast<std::size_t>(index)]);
+    const auto wanted = std::ranges::find(kPrayerKeys, almanac::prayerOfId(prayerId),
+                                          [](const auto& entry) { return std::optional(entry.first); });
+    return wanted == kPrayerKeys.end() ? std::nullopt : textIn(langPack_, "PRAYERS", wanted->second);
 }
 
 void GlobalFuncs::addComboItem(std::vector<UIComboboxItem>& items, const std::string& displayText,

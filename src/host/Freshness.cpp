@@ -10,16 +10,10 @@ namespace {
 
 constexpr int kLookMilliseconds = 30'000;
 
-/// The present day, at its midnight.
-LocalDateTime today() {
-    const LocalDateTime moment = localDateTime(now());
-    return {.year = moment.year, .month = moment.month, .day = moment.day};
-}
-
 } // namespace
 
-Freshness::Freshness(const QString& file, std::function<void()> renew)
-    : file_(file), renew_(std::move(renew)), day_(today()), written_(written()) {
+Freshness::Freshness(const QString& file, std::function<almanac::Date()> today, std::function<void()> renew)
+    : file_(file), today_(std::move(today)), renew_(std::move(renew)), day_(today_()), written_(written()) {
     connect(&timer_, &QTimer::timeout, this, [this] { look(false); });
     timer_.start(kLookMilliseconds);
     connect(qGuiApp, &QGuiApplication::applicationStateChanged, this, [this](Qt::ApplicationState state) {
@@ -34,11 +28,11 @@ QDateTime Freshness::written() const {
 }
 
 void Freshness::look(bool atFile) {
-    const bool newDay = today() != day_;
+    const bool newDay = today_() != day_;
     const bool newFile = atFile && written() != written_;
     if (newDay || newFile) {
-        day_ = today();
         renew_();
+        day_ = today_();
         written_ = written();
     }
 }

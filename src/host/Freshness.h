@@ -3,7 +3,7 @@
 /// Says when what a window shows has become old.
 #pragma once
 
-#include "platform/foundation/Clock.h"
+#include "almanac/Time.h"
 
 #include <QDateTime>
 #include <QObject>
@@ -13,13 +13,13 @@
 
 namespace zorel {
 
-/// Calls a function when a new day has begun, and when another program has written a file. The day is looked
-/// at every half minute; the file when the window comes to the front, so that nothing moves under the user's
-/// hand.
+/// Calls a function when a new day has begun where the times are told for, and when another program has
+/// written a file. The day is looked at every half minute; the file when the window comes to the front, so
+/// that nothing moves under the user's hand.
 class Freshness : public QObject {
 public:
-    /// @param file path, may be missing
-    Freshness(const QString& file, std::function<void()> renew);
+    /// @param file path, may be missing. @param today the present date.
+    Freshness(const QString& file, std::function<almanac::Date()> today, std::function<void()> renew);
 
     /// Compares the day, and the file as well when asked to.
     void look(bool atFile);
@@ -28,8 +28,9 @@ private:
     [[nodiscard]] QDateTime written() const;
 
     QString file_;
+    std::function<almanac::Date()> today_;
     std::function<void()> renew_;
-    LocalDateTime day_;
+    almanac::Date day_;
     QDateTime written_;
     QTimer timer_;
 };

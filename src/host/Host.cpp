@@ -129,6 +129,9 @@ QString Host::clearWord() const {
 QString Host::nothingWord() const {
     return turkish_ ? QStringLiteral("Sonuç bulunamadı") : QStringLiteral("Nothing found");
 }
+QString Host::threeLettersWord() const {
+    return turkish_ ? QStringLiteral("lütfen üç harf") : QStringLiteral("three letters, please");
+}
 
 // Handles.
 

@@ -54,6 +54,7 @@ class Host : public QObject, public UIObserver {
     Q_PROPERTY(QString backWord READ backWord CONSTANT)
     Q_PROPERTY(QString clearWord READ clearWord CONSTANT)
     Q_PROPERTY(QString nothingWord READ nothingWord CONSTANT)
+    Q_PROPERTY(QString threeLettersWord READ threeLettersWord CONSTANT)
     Q_PROPERTY(bool keyboardUsed READ keyboardUsed NOTIFY keyboardUsedChanged)
     Q_PROPERTY(bool sheetVisible READ sheetVisible NOTIFY sheetChanged)
     Q_PROPERTY(QString sheetTitle READ sheetTitle NOTIFY sheetChanged)
@@ -84,6 +85,7 @@ public:
     [[nodiscard]] QString clearWord() const;
     /// What stands in place of the results of a search that found none.
     [[nodiscard]] QString nothingWord() const;
+    [[nodiscard]] QString threeLettersWord() const;
     /// Whether the last thing touched was the keyboard: then the focus is marked.
     [[nodiscard]] bool keyboardUsed() const { return keyboardUsed_; }
     [[nodiscard]] bool sheetVisible() const { return sheet_.get() != nullptr; }

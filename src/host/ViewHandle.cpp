@@ -168,8 +168,9 @@ bool SearchHandle::focused() const {
 
 void SearchHandle::type(const QString& text) {
     if (view() != nullptr) {
-        setSearched(false);
+        host().syncClock();
         static_cast<UISearchBar*>(view())->userTypes(text.toStdString());
+        setSearched(false);
     }
 }
 
@@ -177,8 +178,12 @@ void SearchHandle::search() {
     if (view() != nullptr) {
         host().syncClock();
         static_cast<UISearchBar*>(view())->userTapsSearch();
-        setSearched(!text().isEmpty());
+        settle();
     }
+}
+
+int SearchHandle::letters() const {
+    return static_cast<int>(text().toUcs4().size());
 }
 
 void SearchHandle::setSearched(bool searched) {

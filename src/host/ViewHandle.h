@@ -94,6 +94,7 @@ class SearchHandle : public ViewHandle {
     Q_PROPERTY(QString text READ text NOTIFY changed)
     Q_PROPERTY(bool focused READ focused NOTIFY focusedChanged)
     Q_PROPERTY(bool searched READ searched NOTIFY searchedChanged)
+    Q_PROPERTY(int letters READ letters NOTIFY searchedChanged)
 
 public:
     using ViewHandle::ViewHandle;
@@ -104,6 +105,10 @@ public:
     [[nodiscard]] bool searched() const { return searched_; }
     Q_INVOKABLE void type(const QString& text);
     Q_INVOKABLE void search();
+    /// The table beneath shows what was found with the present text.
+    Q_INVOKABLE void settle() { setSearched(!text().isEmpty()); }
+    /// Characters of the present text.
+    [[nodiscard]] int letters() const;
 
 signals:
     void focusedChanged();

@@ -1,19 +1,19 @@
 // SPDX-License-Identifier: Apache-2.0
 #include "settings/ZorelSettingsController.h"
 
+#include "almanac/Almanac.h"
 #include "common/GlobalFuncs.h"
-#include "engine/FastAstro.h"
 #include "platform/foundation/Clock.h"
 #include "platform/foundation/NumberText.h"
 #include "platform/uikit/UIScreen.h"
-#include "store/Database.h"
+#include "store/AlmanacPlace.h"
 #include "store/DatabaseFunctions.h"
+#include "store/UserCities.h"
 #include "views/Settings.h"
 #include "views/Texts.h"
 
-#include <cmath>
+#include <chrono>
 #include <exception>
-#include <sqlite3.h>
 
 namespace zorel {
 namespace {
@@ -25,8 +25,21 @@ constexpr double kBarHeight = 64.0; ///< navigation bar with the status bar [pt]
 constexpr std::int32_t kSearchTitleKey = 1029;
 constexpr std::int32_t kBackKey = 1030;
 
-bool isMarkedAsHome(const City& city) {
-    return integerValue(city.setAsHome) == 1;
+almanac::Date deviceDate() {
+    const LocalDateTime today = localDateTime(now());
+    return almanac::dateOf({.year = today.year, .month = today.month, .day = today.day});
+}
+
+/// The times as the alarms take them: hours on the clock of the city. A time on the eve is that of the next
+/// evening; one beyond midnight keeps counting.
+PrayerTimes alarmTimes(const almanac::Day& day) {
+    PrayerTimes times = day.record;
+    for (double& hours : times.times) {
+        if (hours < 0.0 && hours != kNoSolarEvent) {
+            hours += 24.0;
+        }
+    }
+    return times;
 }
 
 } // namespace
@@ -103,18 +116,9 @@ const std::vector<PSSpecifier>& ZorelSettingsController::specifiers() {
 }
 
 bool ZorelSettingsController::findHomeCityId() {
-    currentCityId_ = -1;
-    if (userCities_.empty()) {
-        return false;
-    }
-    currentCityId_ = 0;
-    for (std::size_t index = 0; index < userCities_.size(); ++index) {
-        if (isMarkedAsHome(userCities_[index])) {
-            currentCityId_ = static_cast<std::int32_t>(index);
-            break;
-        }
-    }
-    return true;
+    const auto position = homePosition(userCities_);
+    currentCityId_ = position ? static_cast<std::int32_t>(*position) : -1;
+    return position.has_value();
 }
 
 const City* ZorelSettingsController::homeCity() const {
@@ -136,51 +140,49 @@ void ZorelSettingsController::loadAllUserCities() {
 /// In the order of the table's rows. No home city is known until the list is complete: a failure on the way
 /// leaves none rather than one of the former list. True when every row was read.
 bool ZorelSettingsController::readUserCities() {
-    const std::string& path = dbFuncs_->userDBPath();
-    const bool exists = glbFuncs_->fileExists(path);
     userCities_.clear();
     currentCityId_ = -1;
-    const auto database = exists ? Database::openUser(path) : std::nullopt;
-    if (!database) {
-        return false;
-    }
-    Statement rows = database->prepare("SELECT ID, SETASHOME FROM USER_CITY");
-    while (rows.nextRow()) {
+    const UserCities stored = storedUserCities(dbFuncs_->userDBPath());
+    for (const UserCity& row : stored.rows) {
         City city(*glbFuncs_);
-        city.cityId = rows.text(0);
-        city.setAsHome = rows.text(1);
+        city.cityId = row.cityId;
+        city.setAsHome = row.setAsHome;
         city.getAllCityInfo(city);
         userCities_.push_back(std::move(city));
     }
-    return rows.isPrepared() && sqlite3_reset(rows.get()) == SQLITE_OK;
+    return stored.complete;
 }
 
 void ZorelSettingsController::calculatePrayerTimes() {
-    if (currentCityId_ < 0) {
+    homePlace_.reset();
+    homeDay_.reset();
+    if (currentCityId_ >= 0) {
+        tellTimes(userCities_.at(static_cast<std::size_t>(currentCityId_)));
+    }
+}
+
+std::optional<almanac::Place> ZorelSettingsController::placeOf(const City& city) const {
+    const auto known = placeById(*glbFuncs_, integerValue(city.cityId));
+    return known ? std::optional(almanacPlace(*known)) : std::nullopt;
+}
+
+void ZorelSettingsController::tellTimes(City& city) {
+    homePlace_ = placeOf(city);
+    if (!homePlace_) {
         return;
     }
-    City& city = userCities_.at(static_cast<std::size_t>(currentCityId_));
-    city.setPrayerTimes(timesOfToday(city));
+    homeDay_ = almanac::Almanac(*homePlace_).day(currentDate());
+    city.setPrayerTimes(alarmTimes(*homeDay_));
 }
 
-FastAstro ZorelSettingsController::engineOfToday(const City& city) const {
-    FastAstro engine;
-    engine.SetCurrentDateTime(glbFuncs_->GetCurrentDateTime());
-    engine.SetPlace(doubleValue(city.latitude), doubleValue(city.longitude), doubleValue(city.GMT),
-                    integerValue(city.DST), integerValue(city.startMonth), integerValue(city.startDay),
-                    integerValue(city.stopMonth), integerValue(city.stopDay), integerValue(city.hour),
-                    integerValue(city.temkin));
-    return engine;
-}
-
-PrayerTimes ZorelSettingsController::timesOfToday(const City& city) const {
-    return engineOfToday(city).CalculatePrayTimes().today;
+almanac::Date ZorelSettingsController::currentDate() const {
+    const auto instant = std::chrono::floor<std::chrono::seconds>(now());
+    return homePlace_ ? homePlace_->clock.dateAt(instant) : deviceDate();
 }
 
 bool ZorelSettingsController::homeClockDiffers() const {
-    const City* home = homeCity();
-    return home != nullptr &&
-           std::lround(engineOfToday(*home).iPlace.timeZone * 3600.0) != utcOffsetSeconds(now());
+    const auto instant = std::chrono::floor<std::chrono::seconds>(now());
+    return homePlace_ && homePlace_->clock.offsetAt(instant).count() != utcOffsetSeconds(now());
 }
 
 void ZorelSettingsController::push(UIViewController& screen) {

@@ -3,6 +3,8 @@
 /// The pane: the user's cities, the home city and its prayer times of today, the six alarms.
 #pragma once
 
+#include "almanac/Day.h"
+#include "almanac/Place.h"
 #include "platform/preferences/PSListController.h"
 #include "settings/AddCityViewController.h"
 #include "settings/AlarmViewController.h"
@@ -21,7 +23,6 @@
 namespace zorel {
 
 class DatabaseFunctions;
-class FastAstro;
 class GlobalFuncs;
 class Settings;
 
@@ -51,7 +52,7 @@ public:
     bool findHomeCityId();
     /// Reads the cities from the database, finds the home city and computes its times.
     void loadAllUserCities();
-    /// Computes today's times of the home city; nothing without one.
+    /// Computes the times of the home city for today, by its own calendar; nothing without one.
     void calculatePrayerTimes();
 
     [[nodiscard]] const std::vector<City>& userCities() const { return userCities_; }
@@ -59,6 +60,11 @@ public:
     [[nodiscard]] std::int32_t currentCityId() const { return currentCityId_; }
     /// The home city, or nullptr.
     [[nodiscard]] const City* homeCity() const;
+    /// What the day of the home city is told as: the source of its stored times. Nothing without a home city
+    /// that the catalogue knows.
+    [[nodiscard]] const std::optional<almanac::Day>& homeDay() const { return homeDay_; }
+    /// The date at the home city now; at this device without one.
+    [[nodiscard]] almanac::Date currentDate() const;
     [[nodiscard]] const GlobalFuncs& glbFuncs() const { return *glbFuncs_; }
     [[nodiscard]] DatabaseFunctions& dbFuncs() const { return *dbFuncs_; }
     [[nodiscard]] UICityHeaderView& cityHeaderView() const { return *cityHeaderView_; }
@@ -70,11 +76,12 @@ public:
     // What a host can show beside an alarm's row (ZorelSettingsController_Table.cpp).
 
     /// What a reader has to know of a prayer's time: that there is none today, so that its alarm rings at no
-    /// meaningful time, or that it was computed for a lower latitude. Nothing on an ordinary day.
+    /// meaningful time, that it was computed for a lower latitude, or that it lies on the evening before.
+    /// Nothing on an ordinary day.
     [[nodiscard]] std::optional<std::string> noticeForAlarm(std::int32_t prayerId) const;
     /// "05:32", with the alarm on "05:32 · Alarm 05:22", each with the notice behind it; the notice alone
-    /// when there is no time; "" without a home city. The prayer's minute is on the safe side (dawn and
-    /// sunrise the earlier one, the others the later one); the alarm's is that of its event, cut off.
+    /// when there is no time; "" without a home city. The prayer's minute is the one that the almanac shows;
+    /// the alarm's is that of its event, cut off.
     [[nodiscard]] std::string summaryOfAlarm(std::int32_t prayerId) const;
 
     // The table (ZorelSettingsController_Table.cpp): cities, alarms, information.
@@ -111,13 +118,20 @@ public:
 
 private:
     bool readUserCities();
-    /// The engine at a city, today by this device's clock.
-    [[nodiscard]] FastAstro engineOfToday(const City& city) const;
-    [[nodiscard]] PrayerTimes timesOfToday(const City& city) const;
+    /// The city where times are told; nothing when the catalogue cannot be read or does not have it.
+    [[nodiscard]] std::optional<almanac::Place> placeOf(const City& city) const;
+    /// Gives a city its times of today, when its place is known.
+    void tellTimes(City& city);
     /// Whether the home city's clock is not the device's, by which the alarms ring.
     [[nodiscard]] bool homeClockDiffers() const;
+    /// The told time of the home city's day; nothing without one, and for an id that no time has.
+    [[nodiscard]] const almanac::DayTime* homeTime(std::int32_t prayerId) const;
+    /// What a reader has to know of where the home city's clock comes from; "" on an ordinary day.
+    [[nodiscard]] std::string clockNotice() const;
     void buildScreens();
     void buildAddCityScreen(double width, double height);
+    /// Lets the search screen mark the cities of the list.
+    void markListedCities();
     void buildAlarmScreen(double width, double height);
     void push(UIViewController& screen);
     void fillCityCell(UITableViewCell& cell, int row);
@@ -134,6 +148,8 @@ private:
     std::unique_ptr<UICityHeaderView> cityHeaderView_;
     std::vector<City> userCities_;
     std::int32_t currentCityId_ = -1;
+    std::optional<almanac::Place> homePlace_;
+    std::optional<almanac::Day> homeDay_;
     std::unique_ptr<AddCityView> addCityView_;
     std::unique_ptr<AddCityViewController> addCityViewController_;
     std::unique_ptr<AlarmView> alarmView_;

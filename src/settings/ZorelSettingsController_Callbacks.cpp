@@ -6,8 +6,10 @@
 #include "store/AlarmRecords.h"
 #include "store/DatabaseFunctions.h"
 #include "store/StatementText.h"
+#include "store/UserCities.h"
 
 #include <fmt/format.h>
+#include <set>
 
 namespace zorel {
 namespace {
@@ -27,7 +29,7 @@ void ZorelSettingsController::deleteCity(int row) {
         return;
     }
     const City& city = userCities_[static_cast<std::size_t>(row)];
-    const bool wasHome = integerValue(city.setAsHome) == 1;
+    const bool wasHome = isMarkedAsHome(city);
     const bool deleted =
         dbFuncs_->executeSQL(fmt::format("DELETE FROM USER_CITY WHERE ID = {}", integerValue(city.cityId)));
     if (deleted && wasHome) {
@@ -48,11 +50,20 @@ void ZorelSettingsController::moveHomeFrom(int row) {
     userCities_.erase(userCities_.begin() + row);
     City& next = userCities_.front();
     dbFuncs_->executeSQL(markAsHome(integerValue(next.cityId)));
-    next.setPrayerTimes(timesOfToday(next));
+    tellTimes(next);
     dbFuncs_->setAllAlarms(next);
 }
 
+void ZorelSettingsController::markListedCities() {
+    std::set<std::string> ids;
+    for (const City& city : userCities_) {
+        ids.insert(city.cityId);
+    }
+    addCityView_->setListedCities(std::move(ids));
+}
+
 void ZorelSettingsController::delegateUICityHeaderView_AddTapped(UIButtonX& /*button*/) {
+    markListedCities();
     push(*addCityViewController_);
 }
 
@@ -72,6 +83,7 @@ void ZorelSettingsController::delegateAddCityView_AddTapped(const City& city) {
     if (isFirst && !userCities_.empty()) {
         dbFuncs_->setAllAlarms(userCities_.front());
     }
+    markListedCities();
     table().reloadData();
 }
 

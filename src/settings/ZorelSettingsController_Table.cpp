@@ -5,6 +5,7 @@
 #include "common/GlobalFuncs.h"
 #include "platform/foundation/NumberText.h"
 #include "store/DatabaseFunctions.h"
+#include "store/UserCities.h"
 #include "views/Texts.h"
 
 #include <algorithm>
@@ -29,6 +30,10 @@ constexpr std::int32_t kInformationKey = 1041;
 constexpr std::int32_t kNoSuchTimeKey = 1043;
 constexpr std::int32_t kLowerLatitudeKey = 1044;
 constexpr std::int32_t kOtherClockKey = 1045;
+constexpr std::int32_t kOnTheEveKey = 1046;
+constexpr std::int32_t kRuleOnlyKey = 1047;
+constexpr std::int32_t kRuleIsNewerKey = 1048;
+constexpr std::int32_t kSystemIsOlderKey = 1049;
 constexpr const char* kCellIdentifier = "CellIdentifier";
 constexpr std::int32_t kMinutesPerDay = 1440;
 
@@ -36,14 +41,6 @@ constexpr std::int32_t kMinutesPerDay = 1440;
 std::int32_t minutesOfDay(double hours) {
     const double whole = std::trunc(hours);
     return static_cast<std::int32_t>(whole) * 60 + static_cast<std::int32_t>((hours - whole) * 60.0);
-}
-
-/// The minute that a reader is shown: dawn and sunrise go to the earlier one, so that nobody eats after dawn,
-/// the others to the later one, so that nobody prays or breaks the fast before the time.
-std::int64_t shownMinute(std::int32_t prayerId, double hours) {
-    constexpr std::int32_t sunriseId = kFirstAlarmPrayerId + 1;
-    const double minutes = hours * 60.0;
-    return static_cast<std::int64_t>(prayerId <= sunriseId ? std::floor(minutes) : std::ceil(minutes));
 }
 
 std::string clockText(std::int64_t minutes) {
@@ -88,8 +85,12 @@ std::string ZorelSettingsController::titleForFooterInSection(UITableView& /*tabl
     if (section != informationSection) {
         return {};
     }
-    const std::string information = textForKey(*glbFuncs_, kInformationKey);
-    return homeClockDiffers() ? information + ' ' + textForKey(*glbFuncs_, kOtherClockKey) : information;
+    std::string information = textForKey(*glbFuncs_, kInformationKey);
+    if (homeClockDiffers()) {
+        information += ' ' + textForKey(*glbFuncs_, kOtherClockKey);
+    }
+    const std::string notice = clockNotice();
+    return notice.empty() ? information : information + ' ' + notice;
 }
 
 std::unique_ptr<UITableViewCell> ZorelSettingsController::cellForRowAtIndexPath(UITableView& table,
@@ -119,7 +120,7 @@ void ZorelSettingsController::fillCityCell(UITableViewCell& cell, int row) {
         const City& city = userCities_.at(static_cast<std::size_t>(row));
         view->setCityId(integerValue(city.cityId));
         view->cityName().setText(city.name);
-        if (integerValue(city.setAsHome) == 1) {
+        if (isMarkedAsHome(city)) {
             view->buttonHome().setSelected(true);
             view->buttonHome().setNeedsDisplay();
         }
@@ -167,16 +168,24 @@ void ZorelSettingsController::commitEditingStyle(UITableView& /*table*/, UITable
     }
 }
 
+const almanac::DayTime* ZorelSettingsController::homeTime(std::int32_t prayerId) const {
+    const auto prayer = almanac::prayerOfId(prayerId);
+    return homeDay_ && prayer ? &(*homeDay_)[*prayer] : nullptr;
+}
+
 std::optional<std::string> ZorelSettingsController::noticeForAlarm(std::int32_t prayerId) const {
-    const City* home = homeCity();
-    if (home == nullptr) {
+    const almanac::DayTime* time = homeTime(prayerId);
+    if (time == nullptr) {
         return std::nullopt;
     }
-    if (home->getRelevantPrayerTime(prayerId) < 0.0) {
+    if (!time->exists()) {
         return textForKey(*glbFuncs_, kNoSuchTimeKey);
     }
-    if (home->aNamazVakitleri.latitudeLowered) {
+    if (homeDay_->loweredLatitude()) {
         return textForKey(*glbFuncs_, kLowerLatitudeKey);
+    }
+    if (time->local.date < homeDay_->date) {
+        return textForKey(*glbFuncs_, kOnTheEveKey);
     }
     return std::nullopt;
 }
@@ -187,22 +196,35 @@ std::string ZorelSettingsController::detailForRowAtIndexPath(UITableView& /*tabl
 }
 
 std::string ZorelSettingsController::summaryOfAlarm(std::int32_t prayerId) const {
-    const City* home = homeCity();
-    if (home == nullptr) {
+    const almanac::DayTime* time = homeTime(prayerId);
+    if (time == nullptr) {
         return {};
     }
-    std::string notice = noticeForAlarm(prayerId).value_or(std::string());
-    if (home->getRelevantPrayerTime(prayerId) < 0.0) {
+    const std::string notice = noticeForAlarm(prayerId).value_or(std::string());
+    if (!time->exists()) {
         return notice;
     }
-    const double prayerTime = home->getRelevantPrayerTime(prayerId);
-    std::string summary = clockText(shownMinute(prayerId, prayerTime));
+    std::string summary = almanac::clockText(time->local.timeOfDay, almanac::Precision::minutes);
     const AlarmInfo alarm = dbFuncs_->getAlarmInfo(prayerId);
     if (alarm.active) {
+        const double handedOver = homeCity()->getRelevantPrayerTime(prayerId);
         summary += fmt::format(" · {} {}", textForKey(*glbFuncs_, kAlarmKey),
-                               clockText(minutesOfDay(prayerTime) + alarm.timeOffset));
+                               clockText(minutesOfDay(handedOver) + alarm.timeOffset));
     }
     return notice.empty() ? summary : summary + " · " + notice;
+}
+
+std::string ZorelSettingsController::clockNotice() const {
+    switch (homeDay_ ? homeDay_->clockNotice : almanac::ClockNotice::none) {
+    case almanac::ClockNotice::ruleOnly:
+        return textForKey(*glbFuncs_, kRuleOnlyKey);
+    case almanac::ClockNotice::ruleIsNewer:
+        return textForKey(*glbFuncs_, kRuleIsNewerKey);
+    case almanac::ClockNotice::systemIsOlder:
+        return textForKey(*glbFuncs_, kSystemIsOlderKey);
+    default:
+        return {};
+    }
 }
 
 } // namespace zorel

@@ -1,7 +1,7 @@
 // SPDX-License-Identifier: Apache-2.0
 #include "store/AlarmOwner.h"
 
-#include "platform/foundation/SmallFile.h"
+#include "platform/foundation/Files.h"
 
 #include <array>
 #include <cstdint>

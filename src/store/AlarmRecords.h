@@ -11,7 +11,7 @@ namespace zorel {
 /// Prayer id of the first of the six alarms.
 inline constexpr std::int32_t kFirstAlarmPrayerId = 200;
 /// What lies between a prayer id (200 to 205) and the number of its row of USER_ALARMS (1 to 6).
-inline constexpr std::int32_t kTimeIdOffset = 199;
+inline constexpr std::int32_t kTimeIdOffset = kFirstAlarmPrayerId - 1;
 
 /// What the alarm editor shows of one alarm.
 struct AlarmInfo {

@@ -11,7 +11,6 @@ namespace zorel {
 namespace {
 
 constexpr char kAnyText = '%';
-constexpr std::string_view kWildcards = "%_";
 
 char lowerCase(char byte) {
     return byte >= 'A' && byte <= 'Z' ? static_cast<char>(byte - 'A' + 'a') : byte;
@@ -94,8 +93,7 @@ void like(sqlite3_context* context, int /*count*/, sqlite3_value** values) {
 } // namespace
 
 bool ContainedText::isPatternOf(std::string_view pattern) {
-    return pattern.size() > 2 && pattern.front() == kAnyText && pattern.back() == kAnyText &&
-           pattern.substr(1, pattern.size() - 2).find_first_of(kWildcards) == std::string_view::npos;
+    return pattern.size() > 2 && pattern.front() == kAnyText && pattern.back() == kAnyText;
 }
 
 ContainedText::ContainedText(std::string_view pattern) : text_(pattern.substr(1, pattern.size() - 2)) {

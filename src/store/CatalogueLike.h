@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: Apache-2.0
 /// @file
-/// A faster LIKE for the catalogue's search, with the answers of SQLite's own.
+/// LIKE for the catalogue's search: what a person types between the two wildcards of the statement is text,
+/// so that "%" and "_" in it are letters. It is also faster than SQLite's own.
 #pragma once
 
 #include <cstddef>
@@ -11,11 +12,12 @@ struct sqlite3;
 
 namespace zorel {
 
-/// The pattern "%text%" whose text has no wildcards: whether a name contains the text, ASCII letters in
-/// either case. It looks for the rarest byte of the text first, where SQLite looks for the first character.
+/// The pattern "%text%": whether a name contains the text, every character of it standing for itself, ASCII
+/// letters in either case. It looks for the rarest byte of the text first, where SQLite looks for the first
+/// character.
 class ContainedText {
 public:
-    /// Whether the pattern is of that form.
+    /// Whether the pattern is of that form, with a text that is not empty.
     [[nodiscard]] static bool isPatternOf(std::string_view pattern);
     /// @param pattern one of that form
     explicit ContainedText(std::string_view pattern);

@@ -15,13 +15,29 @@ namespace {
 
 constexpr const char* kPlaces =
     "SELECT C.NAME, CP.NAME, CC.NAMEEN, CC.NAMETR, C.LAT, C.LON, CP.GMT, D.DST, D.STARTMONTH, D.STARTDAY, "
-    "D.STOPMONTH, D.STOPDAY, D.HOUR, C.TEMKIN, C.ID, CP.CID, CC.CODE, Z.NAME, C.ELEVATION, C.POPULATION "
+    "D.STOPMONTH, D.STOPDAY, D.HOUR, C.TEMKIN, C.ID, CP.CID, CC.CODE, Z.NAME, C.ELEVATION, C.POPULATION, "
+    "Z.EXACT, Z.DEPARTFIRST, Z.DEPARTLAST, Z.DEPARTGMT, "
+    "(SELECT T.EDITION FROM CREDITS T WHERE T.PART = 'time zones') "
     "FROM CITY C, CITY_PARENT CP, COUNTRY CC, DST D, ZONE Z "
     "WHERE CP.PARENT = C.PARENT AND CC.CID = CP.CID AND D.DSTID = CP.DSTID AND Z.ZONE = C.ZONE "
     "AND C.ID >= ?1 ORDER BY C.ID";
 
+/// What the zone's row says of the clock beyond the rule.
+void readClock(const Statement& row, CataloguePlace& place) {
+    const auto day = [&row](int column) {
+        return std::chrono::sys_days(std::chrono::days(integerValue(row.text(column))));
+    };
+    place.ruleIsExact = row.text(20) == "1";
+    if (!row.text(21).empty()) {
+        place.departure = ZoneDeparture{day(21), day(22), doubleValue(row.text(23))};
+    }
+    place.zoneEdition = row.text(24);
+}
+
 CataloguePlace readPlace(const Statement& row, const GlobalFuncs& glbFuncs) {
-    CataloguePlace place{City(glbFuncs), row.text(16), row.text(17), std::nullopt, 0};
+    CataloguePlace place{City(glbFuncs), row.text(16), row.text(17), std::nullopt, 0, "",
+                         false,          std::nullopt};
+    readClock(row, place);
     readCityDetails(row, glbFuncs, place.city);
     place.city.cityId = row.text(14);
     place.city.countryId = row.text(15);

@@ -1,11 +1,12 @@
 // SPDX-License-Identifier: Apache-2.0
 /// @file
-/// Further questions to the city catalogue: a place by its id, by its time zone, by its name as typed, and
-/// all places one after the other. A catalogue that cannot be read has no places.
+/// Further questions to the city catalogue: a place by its id, by its time zone, and all places one
+/// after the other. A catalogue that cannot be read has no places.
 #pragma once
 
 #include "store/City.h"
 
+#include <chrono>
 #include <cstddef>
 #include <cstdint>
 #include <functional>
@@ -16,6 +17,13 @@
 
 namespace zorel {
 
+/// Days on which the clock of a zone keeps another offset than the rule of its places says.
+struct ZoneDeparture {
+    std::chrono::sys_days first;
+    std::chrono::sys_days last; ///< inclusive
+    double offset = 0.0;        ///< [h] east positive
+};
+
 /// A place with everything the catalogue knows of it.
 struct CataloguePlace {
     City city;                             ///< as getAllCityInfo fills it, with its ids
@@ -23,6 +31,9 @@ struct CataloguePlace {
     std::string timeZone;                  ///< IANA name
     std::optional<std::int32_t> elevation; ///< [m]
     std::int64_t population = 0;           ///< 0 = unknown
+    std::string zoneEdition;  ///< of the tz database that the clock's rule was made from ("2026f")
+    bool ruleIsExact = false; ///< the rule, departure included, is right from 2026-12-01 to 2030-12-31
+    std::optional<ZoneDeparture> departure;
 };
 
 /// @param id catalogue id.
@@ -37,13 +48,6 @@ struct CataloguePlace {
 /// One place is held at a time.
 void forEachPlace(const GlobalFuncs& glbFuncs, std::int32_t firstId,
                   const std::function<bool(const CataloguePlace&)>& take);
-
-/// The best matches for a name as a person types it, at most `most`: places of exactly that name (in any of
-/// their spellings, an article before it aside) first, then names that begin with it, then names that contain
-/// it; the larger place first among equals. Cities of half a million and more are moved up: "Mecca" is not a
-/// village of that name. A quote is an ordinary character here. Filled as by searchCities.
-[[nodiscard]] std::vector<City> matchPlaces(const GlobalFuncs& glbFuncs, const std::string& name,
-                                            std::size_t most);
 
 /// Where a part of the catalogue's data comes from, and its licence.
 struct CatalogueCredit {

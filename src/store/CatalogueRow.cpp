@@ -9,13 +9,9 @@
 
 namespace zorel {
 
-namespace {
-
-std::string coordinate(const Statement& row, int column, const GlobalFuncs& glbFuncs) {
+std::string coordinateText(const Statement& row, int column, const GlobalFuncs& glbFuncs) {
     return glbFuncs.getFloatStr(glbFuncs.Decrypt(row.text(column)));
 }
-
-} // namespace
 
 std::string cataloguePath(const GlobalFuncs& glbFuncs) {
     return fmt::format("{}/database/{}", glbFuncs.appBundlePath, "cities.sqlite");
@@ -26,8 +22,8 @@ void readCityDetails(const Statement& row, const GlobalFuncs& glbFuncs, City& ci
     city.nameParent = row.text(1);
     city.countryNameEn = row.text(2);
     city.countryNameTr = row.text(3);
-    city.latitude = coordinate(row, 4, glbFuncs);
-    city.longitude = coordinate(row, 5, glbFuncs);
+    city.latitude = coordinateText(row, 4, glbFuncs);
+    city.longitude = coordinateText(row, 5, glbFuncs);
     city.GMT = row.text(6);
     city.DST = row.text(7);
     city.startMonth = row.text(8);

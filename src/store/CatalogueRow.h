@@ -19,6 +19,9 @@ namespace zorel {
 /// daylight-saving rule, temkin.
 void readCityDetails(const Statement& row, const GlobalFuncs& glbFuncs, City& city);
 
+/// A coordinate, deciphered, as decimal text.
+[[nodiscard]] std::string coordinateText(const Statement& row, int column, const GlobalFuncs& glbFuncs);
+
 /// Number of places of a catalogue; 0 when it cannot be read.
 [[nodiscard]] std::size_t placeCount(const Database& catalogue);
 

@@ -1,10 +1,10 @@
 // SPDX-License-Identifier: Apache-2.0
 #include "store/City.h"
 
+#include "almanac/Prayer.h"
 #include "platform/foundation/NumberText.h"
 #include "store/CatalogueRow.h"
 
-#include <array>
 #include <cstddef>
 
 namespace zorel {
@@ -21,19 +21,6 @@ constexpr const char* kDetailsOfCity =
     "                           AND   CP.DSTID = D.DSTID"
     "                           AND   C.ID=";
 
-constexpr std::int32_t kFirstPrayerId = 200;
-/// Position in the array of times for the prayer ids from 200 on. Ids 206 and 207 are crossed over: the times
-/// are in the array's order, the ids in the order of the prayers' names.
-constexpr std::array<PrayerTimes::Index, 9> kTimeOfPrayer = {PrayerTimes::dawn,
-                                                             PrayerTimes::sunrise,
-                                                             PrayerTimes::noon,
-                                                             PrayerTimes::afternoon,
-                                                             PrayerTimes::sunset,
-                                                             PrayerTimes::nightfall,
-                                                             PrayerTimes::morningFiveDegrees,
-                                                             PrayerTimes::secondAfternoon,
-                                                             PrayerTimes::afternoonFiveDegrees};
-
 } // namespace
 
 void City::getAllCityInfo(City& city) const {
@@ -48,8 +35,8 @@ void City::getAllCityInfo(City& city) const {
 }
 
 double City::getRelevantPrayerTime(std::int32_t prayerId) const {
-    const auto position = static_cast<std::size_t>(static_cast<std::uint32_t>(prayerId) - kFirstPrayerId);
-    return position < kTimeOfPrayer.size() ? aNamazVakitleri.times.at(kTimeOfPrayer.at(position)) : 0.0;
+    const auto prayer = almanac::prayerOfId(prayerId);
+    return prayer ? aNamazVakitleri.times.at(static_cast<std::size_t>(identityOf(*prayer).position)) : 0.0;
 }
 
 void City::changeTemkin() {

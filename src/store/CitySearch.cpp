@@ -20,6 +20,8 @@ constexpr const char* kSearch = "SELECT C.NAME, CP.NAME, C.ID, CP.CID, CC.NAMEEN
 constexpr const char* kSearchEnd = "%'";
 
 constexpr std::ptrdiff_t kFewestCharacters = 3;
+/// No three characters are in more names; what is not used of the room costs nothing.
+constexpr std::size_t kMostUsualHits = 8'192;
 
 /// Characters of UTF-8 text: every byte but continuation bytes begins one.
 std::ptrdiff_t characterCount(const std::string& text) {
@@ -39,6 +41,7 @@ void fillFoundCity(City& city, const Statement& row) {
 /// changed the meaning of the statement, and then nothing is found.
 std::vector<City> foundCities(Statement& rows, const GlobalFuncs& glbFuncs, std::size_t places) {
     std::vector<City> cities;
+    cities.reserve(std::min(places, kMostUsualHits));
     while (rows.nextRow()) {
         if (cities.size() == places) {
             return {};
@@ -62,12 +65,13 @@ std::vector<City> searchCities(const GlobalFuncs& glbFuncs, const std::string& t
     return foundCities(rows, glbFuncs, placeCount(*catalogue));
 }
 
-std::string citySearchText(const GlobalFuncs& glbFuncs, const City& city) {
+std::string citySearchText(const GlobalFuncs& glbFuncs, const City& city, const std::string& spelling) {
     const std::string& country = glbFuncs.languageId == 0 ? city.countryNameTr : city.countryNameEn;
+    const std::string name = spelling.empty() ? city.name : fmt::format("{} — {}", city.name, spelling);
     if (city.name == city.nameParent) {
-        return fmt::format("{} / {}", city.name, country);
+        return fmt::format("{} / {}", name, country);
     }
-    return fmt::format("{} / {} / {}", city.name, city.nameParent, country);
+    return fmt::format("{} / {} / {}", name, city.nameParent, country);
 }
 
 } // namespace zorel

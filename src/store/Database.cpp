@@ -13,6 +13,9 @@ namespace {
 /// of a search that reads every row of the catalogue.
 constexpr int kStepsBetweenLooks = 100'000;
 constexpr int kLooks = 500;
+/// Places do not lie in the order of their ids: who reads them in that order would read every page again and
+/// again. Only what is read takes memory [KiB].
+constexpr const char* kHoldTheCatalogue = "PRAGMA cache_size = -8192";
 /// No name is as long as this [bytes]; longer patterns make the comparison slow.
 constexpr int kLongestPattern = 1'000;
 
@@ -28,7 +31,9 @@ int spendLook(void* budget) {
 } // namespace
 
 bool Statement::nextRow() {
-    return sqlite3_step(get()) == SQLITE_ROW;
+    const int result = sqlite3_step(get());
+    atEnd_ = result == SQLITE_DONE;
+    return result == SQLITE_ROW;
 }
 
 std::string Statement::text(int column) const {
@@ -71,6 +76,7 @@ std::optional<Database> Database::openUser(const std::string& path) {
 std::optional<Database> Database::openCatalogue(const std::string& path) {
     auto database = open(path, SQLITE_OPEN_READONLY);
     if (database) {
+        static_cast<void>(database->execute(kHoldTheCatalogue)); // without it all is slower, not other
         useCatalogueLike(database->connection_.get());
         allowCatalogueTables(database->connection_.get());
     }

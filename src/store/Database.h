@@ -20,6 +20,8 @@ public:
     [[nodiscard]] bool isPrepared() const { return statement_ != nullptr; }
     /// Moves to the next row; false after the last one and on failure.
     [[nodiscard]] bool nextRow();
+    /// After nextRow() answered false: whether there are no more rows, rather than trouble.
+    [[nodiscard]] bool isAtEnd() const { return atEnd_; }
     [[nodiscard]] sqlite3_stmt* get() const { return statement_.get(); }
     /// Text of a column of the current row as SQLite renders it; NULL is empty.
     [[nodiscard]] std::string text(int column) const;
@@ -27,6 +29,7 @@ public:
 private:
     static void finalize(sqlite3_stmt* statement);
     std::unique_ptr<sqlite3_stmt, void (*)(sqlite3_stmt*)> statement_;
+    bool atEnd_ = false;
 };
 
 /// A connection. What a statement may do on it is limited by SQLite's authorizer to what the program itself
@@ -38,7 +41,7 @@ public:
     /// statements may read and change its three tables and create them; nothing else. Nothing when the file
     /// is missing or cannot be opened.
     [[nodiscard]] static std::optional<Database> openUser(const std::string& path);
-    /// The city catalogue, read only: statements may select from its six tables and compare with LIKE.
+    /// The city catalogue, read only: statements may select from its tables and compare with LIKE.
     [[nodiscard]] static std::optional<Database> openCatalogue(const std::string& path);
 
     /// A new empty database in memory: statements may do everything.

@@ -28,7 +28,8 @@ struct Request {
 };
 
 constexpr std::array kUserTables = {"USER_CITY", "USER_ALARMS", "USER_SETTINGS"};
-constexpr std::array kCatalogueTables = {"CITY", "CITY_PARENT", "COUNTRY", "DST", "ZONE", "CREDITS"};
+constexpr std::array kCatalogueTables = {"CITY",    "CITY_PARENT", "COUNTRY",       "DST",         "ZONE",
+                                         "CREDITS", "SPELLING",    "SQUARE_DEGREE", "COUNTRY_NAME"};
 /// The table of contents, which SQLite itself writes when a table is created.
 constexpr std::array kSchemaTable = {"sqlite_master"};
 

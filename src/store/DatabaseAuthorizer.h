@@ -12,7 +12,7 @@ namespace zorel {
 /// DETACH, DROP, PRAGMA, transaction, index, view or trigger.
 void allowUserTables(sqlite3* connection);
 
-/// Select from the catalogue's six tables and compare with LIKE.
+/// Select from the catalogue's tables and compare with LIKE.
 void allowCatalogueTables(sqlite3* connection);
 
 } // namespace zorel

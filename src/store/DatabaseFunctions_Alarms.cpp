@@ -5,7 +5,7 @@
 
 #include "common/GlobalFuncs.h"
 #include "platform/eventkit/EKEventStore.h"
-#include "platform/eventkit/SafeFiles.h"
+#include "platform/foundation/FileLock.h"
 #include "platform/foundation/NumberText.h"
 #include "store/AlarmOwner.h"
 #include "store/City.h"

@@ -1,7 +1,7 @@
 // SPDX-License-Identifier: Apache-2.0
 #include "store/UserDatabaseFile.h"
 
-#include "platform/foundation/DurableFile.h"
+#include "platform/foundation/Files.h"
 #include "platform/foundation/Locations.h"
 #include "store/Database.h"
 
@@ -53,8 +53,9 @@ const UserSchema& userSchema() {
 }
 
 std::string createUserDatabase(const std::string& path) {
-    createDirectoryAtPath(std::filesystem::path(path).parent_path());
-    removeAbandonedTemporaries(path);
+    const std::string folder = std::filesystem::path(path).parent_path();
+    createDirectoryAtPath(folder);
+    sweepTemporaryFiles(folder);
     const auto database = Database::openNew();
     if (!database) {
         return {};
@@ -65,7 +66,7 @@ std::string createUserDatabase(const std::string& path) {
         }
     }
     if (const auto image = database->image()) {
-        createFileDurably(path, *image);
+        static_cast<void>(createFile(path, *image));
     }
     return {};
 }

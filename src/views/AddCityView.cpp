@@ -1,8 +1,12 @@
 // SPDX-License-Identifier: Apache-2.0
 #include "views/AddCityView.h"
 
+#include "platform/uikit/RunLoop.h"
 #include "store/CitySearch.h"
+#include "store/MatchedSpelling.h"
 #include "views/Texts.h"
+
+#include <span>
 
 namespace zorel {
 namespace {
@@ -17,6 +21,10 @@ constexpr std::int32_t kPlaceholderKey = 1020;
 constexpr std::int32_t kConfirmKey = 1025;
 constexpr std::int32_t kCancelKey = 1028;
 constexpr int kConfirmIndex = 0;
+/// How long nothing has to be typed before the table follows [s].
+constexpr double kPauseInTyping = 0.3;
+/// Stands behind a city that the user has already.
+constexpr const char* kListedMark = " ✓";
 constexpr const char* kCellIdentifier = "SearchList";
 
 } // namespace
@@ -61,9 +69,45 @@ void AddCityView::makeTable() {
 }
 
 void AddCityView::searchBarSearchButtonClicked(UISearchBar& searchBar) {
-    searchCityList_ = searchCities(glbFuncs_, searchBar.text());
-    searchTableView_->reloadData();
+    ++changes_;
+    showFound();
     searchBar.resignFirstResponder();
+}
+
+void AddCityView::searchBarTextDidChange(UISearchBar& /*searchBar*/) {
+    RunLoop::main().performAfterDelay(*this, kPauseInTyping, [this, change = ++changes_] {
+        if (change == changes_) {
+            showFound();
+        }
+    });
+}
+
+void AddCityView::showFound() {
+    searchedText_ = aSearchBar_->text();
+    searchCityList_ = searchCities(glbFuncs_, searchedText_);
+    rowTexts_.assign(searchCityList_.size(), std::nullopt);
+    searchTableView_->reloadData();
+}
+
+void AddCityView::setListedCities(std::set<std::string> ids) {
+    if (listedCities_ != ids) {
+        listedCities_ = std::move(ids);
+        rowTexts_.assign(searchCityList_.size(), std::nullopt);
+        searchTableView_->reloadData();
+    }
+}
+
+std::string AddCityView::rowText(std::size_t row) {
+    std::optional<std::string>& text = rowTexts_.at(row);
+    if (!text) {
+        const City& city = searchCityList_.at(row);
+        const auto details = detailsOfFound(glbFuncs_, std::span(&city, 1), searchedText_);
+        text = citySearchText(glbFuncs_, city, details.front().spelling);
+        if (listedCities_.contains(city.cityId)) {
+            *text += kListedMark;
+        }
+    }
+    return *text;
 }
 
 int AddCityView::numberOfRowsInSection(UITableView& /*table*/, int /*section*/) {
@@ -76,8 +120,7 @@ std::unique_ptr<UITableViewCell> AddCityView::cellForRowAtIndexPath(UITableView&
     if (!cell) {
         cell = std::make_unique<UITableViewCell>(kCellIdentifier);
     }
-    const City& city = searchCityList_.at(static_cast<std::size_t>(indexPath.row));
-    cell->textLabel().setText(citySearchText(glbFuncs_, city));
+    cell->textLabel().setText(rowText(static_cast<std::size_t>(indexPath.row)));
     cell->textLabel().setAdjustsFontSizeToFitWidth(true);
     return cell;
 }
@@ -87,14 +130,14 @@ bool AddCityView::canEditRowAtIndexPath(UITableView& /*table*/, NSIndexPath /*in
     return false;
 }
 
-void AddCityView::didSelectRowAtIndexPath(UITableView& table, NSIndexPath /*indexPath*/) {
+void AddCityView::didSelectRowAtIndexPath(UITableView& table, NSIndexPath indexPath) {
     aSearchBar_->resignFirstResponder();
     if (table.tag() != kTableTag) {
         return;
     }
-    confirmation_ =
-        std::make_unique<UIActionSheet>("", this, textForKey(glbFuncs_, kCancelKey),
-                                        std::vector<std::string>{textForKey(glbFuncs_, kConfirmKey)});
+    confirmation_ = std::make_unique<UIActionSheet>(
+        rowText(static_cast<std::size_t>(indexPath.row)), this, textForKey(glbFuncs_, kCancelKey),
+        std::vector<std::string>{textForKey(glbFuncs_, kConfirmKey)});
     confirmation_->showInView(*this);
 }
 

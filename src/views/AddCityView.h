@@ -10,6 +10,9 @@
 #include "store/City.h"
 
 #include <memory>
+#include <optional>
+#include <set>
+#include <string>
 #include <vector>
 
 namespace zorel {
@@ -21,7 +24,10 @@ public:
     virtual void delegateAddCityView_AddTapped(const City& city) = 0;
 };
 
-/// A search that finds nothing, or cannot be made, shows an empty table and no message.
+/// The table follows the text after a short pause in typing, and at once when the search key is pressed,
+/// which also puts the keyboard away. Fewer than three characters, a search that finds nothing, and one that
+/// cannot be made show an empty table. A row says by which spelling the city was found when it is not its
+/// name, and marks a city that the user has already.
 class AddCityView : public UIView,
                     public UISearchBarDelegate,
                     public UITableViewDataSource,
@@ -39,7 +45,11 @@ public:
     /// The sheet that asks for confirmation; nullptr before the first choice.
     [[nodiscard]] UIActionSheet* confirmation() const { return confirmation_.get(); }
 
+    /// The catalogue ids of the user's cities, which are marked in the table.
+    void setListedCities(std::set<std::string> ids);
+
     void searchBarSearchButtonClicked(UISearchBar& searchBar) override;
+    void searchBarTextDidChange(UISearchBar& searchBar) override;
     int numberOfRowsInSection(UITableView& table, int section) override;
     std::unique_ptr<UITableViewCell> cellForRowAtIndexPath(UITableView& table,
                                                            NSIndexPath indexPath) override;
@@ -51,10 +61,17 @@ private:
     void initializeControls();
     void makeSearchBar();
     void makeTable();
+    void showFound();
+    /// One row in words: the city, its spelling, its mark.
+    [[nodiscard]] std::string rowText(std::size_t row);
 
     GlobalFuncs glbFuncs_;
     AddCityViewDelegate* delegate_ = nullptr;
     std::vector<City> searchCityList_;
+    std::string searchedText_;
+    std::vector<std::optional<std::string>> rowTexts_; ///< of searchCityList_, as far as they were asked for
+    std::set<std::string> listedCities_;
+    int changes_ = 0; ///< of the text; a search waits until there are no more
     std::unique_ptr<UISearchBar> aSearchBar_;
     std::unique_ptr<UITableView> searchTableView_;
     std::unique_ptr<UIActionSheet> confirmation_;

@@ -13,8 +13,9 @@ inline const std::string kPlaceHeader = "geonameid\tname\tasciiname\talternates\
                                         "ongitude\televation\tzone\tpopulation\n";
 inline const std::string kZoneHeader =
     "zone\tgmt\tdst\tstartmonth\tstartday\tstopmonth\tstopday\thour\texact\tdays2026\tdays2027\tdays2028\t"
-    "days2029\tdays2030\tlawstartmonth\tlawstartday\tlawstopmonth\tlawstopday\tplaces\n";
-inline const std::string kZoneTail = "\tyes\t0\t0\t0\t0\t0\t\t\t\t\t1\n";
+    "days2029\tdays2030\tlawstartmonth\tlawstartday\tlawstopmonth\tlawstopday\tplaces\tdepartfirst\tdepartlas"
+    "t\tdepartgmt\n";
+inline const std::string kZoneTail = "\tyes\t0\t0\t0\t0\t0\t\t\t\t\t1\t\t\t\n";
 
 /// A small, correct source folder: two countries, three regions, two zones, four places, one credit.
 class SourceFolder {
@@ -28,6 +29,10 @@ public:
         write("places.tsv", kPlaceHeader + places());
         write("credits.tsv", "part\tsource\tedition\tlicence\tcredit\tlicence_file\n"
                              "places\tSurvey\t2026\tCC0\tBy the survey.\tNOTICE.txt\n");
+        write("country_names.tsv", "country\tnames\nCH\tSchweiz,Suisse\nTR\tTurkey\n");
+        write("region_codes.tsv", "country\tadmin1\tcode\nCH\tZH\tZH\n");
+        write("alternates_exact.tsv", "geonameid\tnames\n2657896\tTuricum\n");
+        write("alternates_more.tsv", "geonameid\tnames\n745044\t伊斯坦布尔,Стамбул\n2657896\t苏黎世\n");
         write("NOTICE.txt", "Keep this notice.\n");
     }
 
@@ -41,6 +46,12 @@ public:
 
     void write(const std::string& name, const std::string& text) const {
         writeFile(folder_.path(name), text);
+    }
+    /// Only these places, with no further spellings.
+    void setPlaces(const std::string& lines) const {
+        write("places.tsv", kPlaceHeader + lines);
+        write("alternates_exact.tsv", "geonameid\tnames\n");
+        write("alternates_more.tsv", "geonameid\tnames\n");
     }
     void addPlace(const std::string& line) const {
         write("places.tsv", kPlaceHeader + places() + line + "\n");

@@ -36,9 +36,9 @@ TEST(ExchangedAxes, LeavesRemotePlacesAlone) {
 
 TEST(ExchangedAxes, ThinksAcrossTheDateLine) {
     const test::SourceFolder folder;
-    folder.write("places.tsv", test::kPlaceHeader + "1\tA\t\t\tTR\t34\t-17\t179.9\t\tEurope/Istanbul\t0\n"
-                                                    "2\tB\t\t\tTR\t34\t-17\t-179.9\t\tEurope/Istanbul\t0\n"
-                                                    "3\tC\t\t\tTR\t34\t-17\t179.8\t\tEurope/Istanbul\t0\n");
+    folder.setPlaces("1\tA\t\t\tTR\t34\t-17\t179.9\t\tEurope/Istanbul\t0\n"
+                     "2\tB\t\t\tTR\t34\t-17\t-179.9\t\tEurope/Istanbul\t0\n"
+                     "3\tC\t\t\tTR\t34\t-17\t179.8\t\tEurope/Istanbul\t0\n");
     Problems problems;
     static_cast<void>(Sources::read(folder.path(), problems));
     EXPECT_THAT(problems.lines(), IsEmpty());

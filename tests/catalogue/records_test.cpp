@@ -106,7 +106,23 @@ std::vector<std::string_view> zoneFields() {
             "35",
             "9",
             "35",
-            "12"};
+            "12",
+            "",
+            "",
+            ""};
+}
+
+/// A zone that is not exact: 61 wrong days in 2026, 72 in 2027.
+std::optional<Zone> inexactZone(std::string_view first, std::string_view last, std::string_view gmt,
+                                Problems& problems) {
+    auto fields = zoneFields();
+    fields[8] = "no";
+    fields[9] = "61";
+    fields[10] = "72";
+    fields[19] = first;
+    fields[20] = last;
+    fields[21] = gmt;
+    return parse(fields, kZones, parseZone, problems);
 }
 
 bool isFaultyZone(std::size_t column, std::string_view value) {
@@ -139,6 +155,44 @@ TEST(Records, AZoneKeepsToItsRanges) {
 TEST(Records, ARuleIsThereOrNot) {
     EXPECT_TRUE(isFaultyZone(2, "0")) << "fields of a rule without a rule";
     EXPECT_TRUE(isFaultyZone(7, "0")) << "a rule that shifts nothing";
+}
+
+TEST(Records, AZoneIsExactWhenItsSourceSaysSo) {
+    Problems problems;
+    EXPECT_TRUE(parse(zoneFields(), kZones, parseZone, problems)->exact);
+    EXPECT_FALSE(inexactZone("", "", "", problems)->exact);
+    EXPECT_TRUE(isFaultyZone(8, ""));
+    EXPECT_TRUE(isFaultyZone(8, "perhaps"));
+}
+
+TEST(Records, ADepartureThatExplainsAllWrongDaysMakesAZoneExact) {
+    Problems problems;
+    const auto zone = inexactZone("2026-11-01", "2027-03-13", "-4", problems);
+    ASSERT_TRUE(zone && zone->departure);
+    EXPECT_TRUE(zone->exact);
+    EXPECT_EQ(zone->departure->first, std::chrono::sys_days(std::chrono::year(2026) / 11 / 1));
+    EXPECT_EQ(zone->departure->last, std::chrono::sys_days(std::chrono::year(2027) / 3 / 13));
+    EXPECT_EQ(zone->departure->gmt, -4.0);
+    EXPECT_FALSE(inexactZone("2026-11-02", "2027-03-13", "-4", problems)->exact);
+    EXPECT_FALSE(inexactZone("2026-11-01", "2027-03-14", "-4", problems)->exact);
+    EXPECT_FALSE(inexactZone("2026-11-01", "2030-01-01", "-4", problems)->exact);
+    EXPECT_TRUE(problems.empty());
+}
+
+TEST(Records, ADepartureIsWhole) {
+    Problems problems;
+    EXPECT_FALSE(inexactZone("2026-11-01", "", "-4", problems));
+    EXPECT_FALSE(inexactZone("2026-11-01", "2027-03-13", "", problems));
+    EXPECT_FALSE(inexactZone("2026-11-31", "2027-03-13", "-4", problems));
+    EXPECT_FALSE(inexactZone("2026-11-1", "2027-03-13", "-4", problems));
+    EXPECT_FALSE(inexactZone("2027-03-14", "2027-03-13", "-4", problems));
+    EXPECT_THAT(problems.lines(),
+                ElementsAre("zones.tsv:7: departlast \"\" is not a day such as 2026-11-01",
+                            "zones.tsv:7: departlast is before departfirst",
+                            "zones.tsv:7: departgmt \"\" is not a decimal number",
+                            "zones.tsv:7: departfirst \"2026-11-31\" is not a day such as 2026-11-01",
+                            "zones.tsv:7: departfirst \"2026-11-1\" is not a day such as 2026-11-01",
+                            "zones.tsv:7: departlast is before departfirst"));
 }
 
 TEST(Records, NamesOfCountriesAndRegionsAreNeeded) {

@@ -37,10 +37,9 @@ TEST_F(Search, NeedsThreeCharacters) {
 }
 
 TEST_F(Search, TwoCharactersRunNoQuery) {
-    // A missing catalogue and two characters look the same from outside; a text that would match tells them
-    // apart.
-    EXPECT_FALSE(search("%%%").empty());
-    EXPECT_EQ(found("%%"), 0U);
+    // Two characters that are in many names find nothing.
+    EXPECT_FALSE(search("an ").empty());
+    EXPECT_EQ(found("an"), 0U);
 }
 
 TEST_F(Search, AQuoteMakesTheStatementFail) {
@@ -48,9 +47,10 @@ TEST_F(Search, AQuoteMakesTheStatementFail) {
     EXPECT_EQ(found("'''"), 0U);
 }
 
-TEST_F(Search, WildcardsWork) {
-    EXPECT_EQ(search("Ist_nbul%Konst").at(0).name, "İstanbul");
-    EXPECT_EQ(found("%%%"), 146'487U);
+TEST_F(Search, WildcardsAreLetters) {
+    for (const char* text : {"%%%", "___", "a%b", "Ist_nbul", "Ist%bul", "***", "???"}) {
+        EXPECT_EQ(found(text), 0U) << text;
+    }
 }
 
 TEST_F(Search, TextIsNeitherTrimmedNorFolded) {
@@ -104,7 +104,7 @@ TEST_F(Search, AMissingOrForeignCatalogueFindsNothing) {
          {std::string(), std::string("not a database at all"), std::string(20'000, 'x')}) {
         test::writeFile(folder.path("database/cities.sqlite"), bytes);
         EXPECT_EQ(found("London"), 0U);
-        EXPECT_TRUE(matchPlaces(real_.glbFuncs, "London", 5).empty());
+        EXPECT_FALSE(searchPlaces(real_.glbFuncs, "London")) << "unreadable, which is not the same as none";
         EXPECT_EQ(test::readFile(folder.path("database/cities.sqlite")), bytes) << "left as it is";
     }
 }

@@ -72,13 +72,28 @@ TEST(Sources, ARegionNeedsItsCountry) {
 }
 
 TEST(Sources, EveryFileIsNeeded) {
-    for (const char* name : {"countries.tsv", "regions.tsv", "zones.tsv", "places.tsv", "credits.tsv"}) {
+    for (const char* name :
+         {"countries.tsv", "country_names.tsv", "regions.tsv", "region_codes.tsv", "zones.tsv", "places.tsv",
+          "alternates_exact.tsv", "alternates_more.tsv", "credits.tsv"}) {
         const SourceFolder folder;
         std::filesystem::remove(folder.path() + "/" + name);
         const auto faults = faultsOf(folder);
         ASSERT_FALSE(faults.empty()) << name;
-        EXPECT_THAT(faults[0], HasSubstr(std::string(name) + ": cannot be read"));
+        EXPECT_THAT(faults, testing::Contains(HasSubstr(std::string(name) + ": cannot be read")));
     }
+}
+
+TEST(Sources, FurtherNamesNeedTheirPlaceCountryAndRegion) {
+    const SourceFolder folder;
+    folder.write("alternates_more.tsv", "geonameid\tnames\n745044\tA\n11\tB\nx\tC\n7\t\n");
+    folder.write("country_names.tsv", "country\tnames\nXX\tA\n");
+    folder.write("region_codes.tsv", "country\tadmin1\tcode\nTR\t99\tA\nXX\t1\tB\n");
+    EXPECT_THAT(faultsOf(folder), ElementsAre("country_names.tsv:2: unknown country \"XX\"",
+                                              "region_codes.tsv:2: unknown region \"99\" of country \"TR\"",
+                                              "region_codes.tsv:3: unknown region \"1\" of country \"XX\"",
+                                              "alternates_more.tsv:3: unknown place 11",
+                                              "alternates_more.tsv:4: geonameid \"x\" is not a whole number",
+                                              "alternates_more.tsv:5: names is missing"));
 }
 
 TEST(Sources, AnAnnouncedNoticeIsNeeded) {

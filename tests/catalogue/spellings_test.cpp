@@ -1,7 +1,7 @@
 // SPDX-License-Identifier: Apache-2.0
 // Spellings that people type, and the place that each of them has to find.
-#include "store/CatalogueLookup.h"
 #include "store/CitySearch.h"
+#include "store/NameResolution.h"
 #include "tests/catalogue/Fixture.h"
 
 #include <gtest/gtest.h>
@@ -117,11 +117,12 @@ TEST_P(Spellings, FindsItsPlaceFirst) {
     EXPECT_EQ(cities[position].name, GetParam().name);
 }
 
-TEST_P(Spellings, IsTheBestMatch) {
-    const std::vector<City> cities = matchPlaces(real_.glbFuncs, GetParam().text, 1);
-    ASSERT_EQ(cities.size(), 1U);
-    EXPECT_EQ(cities[0].name, GetParam().name);
-    EXPECT_EQ(cities[0].cityId, std::to_string(GetParam().id));
+TEST_P(Spellings, ResolvesToItsPlace) {
+    const auto resolution = resolveName(real_.glbFuncs, GetParam().text);
+    ASSERT_TRUE(resolution);
+    ASSERT_FALSE(resolution->places.empty());
+    EXPECT_EQ(resolution->places[0].id, GetParam().id);
+    EXPECT_EQ(resolution->places[0].name, GetParam().name);
 }
 
 INSTANTIATE_TEST_SUITE_P(All, Spellings, testing::ValuesIn(kSpellings));

@@ -30,7 +30,8 @@ bool usePlace(const TsvRow& row, Problems& problems) {
     if (!place) {
         return false;
     }
-    const std::string search = searchableName({place->name, place->asciiName, place->alternates, true, true});
+    const std::string search =
+        searchableName({place->name, place->asciiName, {place->alternates}, true, true});
     if (!search.starts_with(place->name) || encipheredCoordinate(place->latitude).size() < 12 ||
         encipheredCoordinate(place->longitude).size() < 12) {
         std::abort();
@@ -47,6 +48,12 @@ extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size
               [](const auto& row, auto& problems) { return parseZone(row, problems).has_value(); });
     readLines(lines, kRegions,
               [](const auto& row, auto& problems) { return parseRegion(row, problems).has_value(); });
+    readLines(lines, kRegionCodes,
+              [](const auto& row, auto& problems) { return parseRegionCode(row, problems).has_value(); });
+    readLines(lines, kMoreSpellings,
+              [](const auto& row, auto& problems) { return parseSpellings(row, problems).has_value(); });
+    readLines(lines, kCountryNames,
+              [](const auto& row, auto& problems) { return parseCountryNames(row, problems).has_value(); });
     readLines(lines, kCountries,
               [](const auto& row, auto& problems) { return parseCountry(row, problems).has_value(); });
     return 0;

@@ -1,7 +1,7 @@
 // SPDX-License-Identifier: Apache-2.0
 // The alarm half of DatabaseFunctions against a calendar in memory.
 #include "tests/eventkit/MemoryCalendar.h"
-#include "tests/support/AlarmFixture.h"
+#include "tests/support/AlarmWorld.h"
 
 #include <gmock/gmock.h>
 #include <gtest/gtest.h>
@@ -46,19 +46,19 @@ protected:
 
 // Placing.
 
-TEST_F(Alarms, anAlarmTodayWhenMoreThanFiveMinutesAhead) {
+TEST_F(Alarms, AnAlarmTodayWhenMoreThanFiveMinutesAhead) {
     setNow(18, 10);
     place(204, 18.5, -15);
     EXPECT_EQ(start(5), "2026-11-20 18:15");
 }
 
-TEST_F(Alarms, anAlarmTomorrowWhenLessThanFiveMinutesAhead) {
+TEST_F(Alarms, AnAlarmTomorrowWhenLessThanFiveMinutesAhead) {
     setNow(18, 12);
     place(204, 18.5, -15);
     EXPECT_EQ(start(5), "2026-11-21 18:15");
 }
 
-TEST_F(Alarms, exactlyFiveMinutesAheadIsToday) {
+TEST_F(Alarms, ExactlyFiveMinutesAheadIsToday) {
     setNow(18, 10, 59); // the seconds do not count
     place(204, 18.5, -15);
     EXPECT_EQ(start(5), "2026-11-20 18:15");
@@ -67,7 +67,7 @@ TEST_F(Alarms, exactlyFiveMinutesAheadIsToday) {
     EXPECT_EQ(start(5), "2026-11-21 18:15");
 }
 
-TEST_F(Alarms, minutesCarryIntoTheNextDayBeforeTheComparison) {
+TEST_F(Alarms, MinutesCarryIntoTheNextDayBeforeTheComparison) {
     setNow(23, 50);
     place(205, 23.5, 45);
     EXPECT_EQ(start(6), "2026-11-21 00:15");
@@ -76,13 +76,13 @@ TEST_F(Alarms, minutesCarryIntoTheNextDayBeforeTheComparison) {
     EXPECT_EQ(start(6), "2026-11-21 00:15");
 }
 
-TEST_F(Alarms, minutesCarryIntoTheDayBefore) {
+TEST_F(Alarms, MinutesCarryIntoTheDayBefore) {
     setNow(12, 0);
     place(200, 0.25, -30); // 23:45 of yesterday, hence of today after one day is added
     EXPECT_EQ(start(1), "2026-11-20 23:45");
 }
 
-TEST_F(Alarms, theLastFiveMinutesOfADayLookAtTheNext) {
+TEST_F(Alarms, TheLastFiveMinutesOfADayLookAtTheNext) {
     setNow(23, 57);
     place(200, 0.0, 1442); // 0:02 of tomorrow: the margin reaches it exactly
     EXPECT_EQ(start(1), "2026-11-21 00:02");
@@ -90,7 +90,7 @@ TEST_F(Alarms, theLastFiveMinutesOfADayLookAtTheNext) {
     EXPECT_EQ(start(1), "2026-11-22 00:01");
 }
 
-TEST_F(Alarms, theEventHasExactlyTheFieldsOfAnAlarm) {
+TEST_F(Alarms, TheEventHasExactlyTheFieldsOfAnAlarm) {
     place(203, 15.75, 10);
     ASSERT_THAT(calendar->handedOver, SizeIs(1));
     const EKEvent& handed = calendar->handedOver.front();
@@ -105,7 +105,7 @@ TEST_F(Alarms, theEventHasExactlyTheFieldsOfAnAlarm) {
     EXPECT_EQ(handed.notes, std::nullopt);
 }
 
-TEST_F(Alarms, anAlarmAtTheLastMinuteIsHandedOverWithAnEndBeforeItsStart) {
+TEST_F(Alarms, AnAlarmAtTheLastMinuteIsHandedOverWithAnEndBeforeItsStart) {
     place(205, 23.0, 59);
     ASSERT_THAT(calendar->handedOver, SizeIs(1));
     EXPECT_EQ(localText(calendar->handedOver.front().startDate), "2026-11-20 23:59");
@@ -113,26 +113,26 @@ TEST_F(Alarms, anAlarmAtTheLastMinuteIsHandedOverWithAnEndBeforeItsStart) {
     EXPECT_EQ(localText(event(6).endDate), "2026-11-21 00:00") << "the calendar keeps one minute";
 }
 
-TEST_F(Alarms, aCalendarThatRefusesSuchAnEndLeavesNoEvent) {
+TEST_F(Alarms, ACalendarThatRefusesSuchAnEndLeavesNoEvent) {
     calendar->refusesSaving = true;
     place(205, 23.0, 59);
     EXPECT_EQ(world.row(6).eventId, "");
     EXPECT_TRUE(world.row(6).active);
 }
 
-TEST_F(Alarms, aPrayerTimeThatDoesNotOccurIsPlacedLikeAnyNumber) {
+TEST_F(Alarms, APrayerTimeThatDoesNotOccurIsPlacedLikeAnyNumber) {
     place(205, -1.0, 0); // 23:00 of yesterday, one day later
     EXPECT_EQ(start(6), "2026-11-20 23:00");
     place(205, -1.0, 15);
     EXPECT_EQ(start(6), "2026-11-20 23:15");
 }
 
-TEST_F(Alarms, partsOfAMinuteAreCutOff) {
+TEST_F(Alarms, PartsOfAMinuteAreCutOff) {
     place(203, 15.0 + 29.99 / 60.0, 0);
     EXPECT_EQ(start(4), "2026-11-20 15:29");
 }
 
-TEST_F(Alarms, manyMinutesOfTheDayAreHit) {
+TEST_F(Alarms, ManyMinutesOfTheDayAreHit) {
     setNow(0, 0);
     for (int minute = 5; minute < 1440; minute += 67) {
         place(200, 0.0, minute);
@@ -143,7 +143,7 @@ TEST_F(Alarms, manyMinutesOfTheDayAreHit) {
 
 /// The arithmetic on which the alarm moment stands: no minute of any day is lost on the way to a Julian day
 /// and back.
-TEST_F(Alarms, everyMinuteSurvivesTheJulianDay) {
+TEST_F(Alarms, EveryMinuteSurvivesTheJulianDay) {
     const GlobalFuncs& dates = world.glbFuncs;
     for (const int year : {2024, 2026, 2100}) {
         for (const int day : {1, 28, 31}) {
@@ -157,7 +157,7 @@ TEST_F(Alarms, everyMinuteSurvivesTheJulianDay) {
     }
 }
 
-TEST_F(Alarms, theSameEventIsMovedAtTheNextComputation) {
+TEST_F(Alarms, TheSameEventIsMovedAtTheNextComputation) {
     place(202, 13.0, 0);
     const std::string identifier = world.row(3).eventId;
     setNow(14, 0);
@@ -167,7 +167,7 @@ TEST_F(Alarms, theSameEventIsMovedAtTheNextComputation) {
     EXPECT_THAT(calendar->events, SizeIs(1));
 }
 
-TEST_F(Alarms, fieldsThatTheUserChangedAreOverwritten) {
+TEST_F(Alarms, FieldsThatTheUserChangedAreOverwritten) {
     place(202, 13.0, 0);
     EKEvent& changed = calendar->events.at(world.row(3).eventId);
     const EKEvent original = changed;
@@ -181,7 +181,7 @@ TEST_F(Alarms, fieldsThatTheUserChangedAreOverwritten) {
     EXPECT_TRUE(sameEvent(event(3), original));
 }
 
-TEST_F(Alarms, anEventThatTheUserDeletedIsMadeAnewWithANewIdentifier) {
+TEST_F(Alarms, AnEventThatTheUserDeletedIsMadeAnewWithANewIdentifier) {
     place(202, 13.0, 0);
     const std::string identifier = world.row(3).eventId;
     calendar->events.clear();
@@ -190,14 +190,14 @@ TEST_F(Alarms, anEventThatTheUserDeletedIsMadeAnewWithANewIdentifier) {
     EXPECT_EQ(start(3), "2026-11-20 13:00");
 }
 
-TEST_F(Alarms, recomputingSwitchesAnAlarmOn) {
+TEST_F(Alarms, RecomputingSwitchesAnAlarmOn) {
     EXPECT_FALSE(world.row(1).active);
     functions.reCalculateAlarm(200);
     EXPECT_TRUE(world.row(1).active);
     EXPECT_EQ(start(1), "2026-11-21 00:00") << "no time stored: midnight";
 }
 
-TEST_F(Alarms, storesDefinitionsAndTimes) {
+TEST_F(Alarms, StoresDefinitionsAndTimes) {
     functions.updateAlarmDefinitions(201, -20, 6.75, "Morning Call", 3);
     EXPECT_EQ(world.row(2).minute, -20);
     EXPECT_EQ(world.row(2).prayerTime, "6.75");
@@ -211,7 +211,7 @@ TEST_F(Alarms, storesDefinitionsAndTimes) {
     EXPECT_EQ(start(2), "2026-11-20 12:47");
 }
 
-TEST_F(Alarms, anUntouchedOrUnknownAlarmHasDefaults) {
+TEST_F(Alarms, AnUntouchedOrUnknownAlarmHasDefaults) {
     for (const std::int32_t prayerId : {200, 205, 206, 0, -5, std::numeric_limits<std::int32_t>::min()}) {
         const AlarmInfo info = functions.getAlarmInfo(prayerId);
         EXPECT_FALSE(info.active);
@@ -223,7 +223,7 @@ TEST_F(Alarms, anUntouchedOrUnknownAlarmHasDefaults) {
 
 // Removing.
 
-TEST_F(Alarms, deletingRemovesTheEventAndSwitchesOff) {
+TEST_F(Alarms, DeletingRemovesTheEventAndSwitchesOff) {
     place(202, 13.0, 0);
     place(203, 16.0, 0);
     functions.deleteAlarm(202);
@@ -234,7 +234,7 @@ TEST_F(Alarms, deletingRemovesTheEventAndSwitchesOff) {
     EXPECT_EQ(world.row(3).prayerTime, "13.0") << "the definition stays";
 }
 
-TEST_F(Alarms, deletingAnAlarmWhoseEventIsGoneSwitchesOff) {
+TEST_F(Alarms, DeletingAnAlarmWhoseEventIsGoneSwitchesOff) {
     place(202, 13.0, 0);
     calendar->events.clear();
     functions.deleteAlarm(202);
@@ -242,7 +242,7 @@ TEST_F(Alarms, deletingAnAlarmWhoseEventIsGoneSwitchesOff) {
     EXPECT_EQ(world.row(3).eventId, "");
 }
 
-TEST_F(Alarms, clearingWithoutSwitchingOffKeepsThemActive) {
+TEST_F(Alarms, ClearingWithoutSwitchingOffKeepsThemActive) {
     place(200, 5.0, 0);
     place(205, 20.0, 0);
     functions.clearAllAlarms(false);
@@ -253,7 +253,7 @@ TEST_F(Alarms, clearingWithoutSwitchingOffKeepsThemActive) {
     EXPECT_EQ(world.row(6).eventId, "");
 }
 
-TEST_F(Alarms, clearingWithSwitchingOff) {
+TEST_F(Alarms, ClearingWithSwitchingOff) {
     place(200, 5.0, 0);
     place(205, 20.0, 0);
     functions.clearAllAlarms(true);
@@ -264,7 +264,7 @@ TEST_F(Alarms, clearingWithSwitchingOff) {
     }
 }
 
-TEST_F(Alarms, aNewHomeCityMovesTheActiveAlarmsOnly) {
+TEST_F(Alarms, ANewHomeCityMovesTheActiveAlarmsOnly) {
     place(200, 5.0, 10);
     place(205, 20.0, -10);
     functions.clearAllAlarms(false);
@@ -275,7 +275,7 @@ TEST_F(Alarms, aNewHomeCityMovesTheActiveAlarmsOnly) {
     EXPECT_FALSE(world.row(2).active);
 }
 
-TEST_F(Alarms, everyAlarmTakesItsOwnPrayerTime) {
+TEST_F(Alarms, EveryAlarmTakesItsOwnPrayerTime) {
     for (std::int32_t prayerId = 200; prayerId <= 205; ++prayerId) {
         place(prayerId, 1.0, 0);
     }
@@ -286,7 +286,7 @@ TEST_F(Alarms, everyAlarmTakesItsOwnPrayerTime) {
     EXPECT_THAT(calendar->events, SizeIs(6));
 }
 
-TEST_F(Alarms, placingAgainChangesNothing) {
+TEST_F(Alarms, PlacingAgainChangesNothing) {
     place(202, 13.0, 0);
     const auto before = calendar->events;
     functions.reCalculateAlarm(202);
@@ -296,7 +296,7 @@ TEST_F(Alarms, placingAgainChangesNothing) {
 
 // Failures.
 
-TEST_F(Alarms, aCalendarThatRefusesEverythingLeavesTheRowsInStep) {
+TEST_F(Alarms, ACalendarThatRefusesEverythingLeavesTheRowsInStep) {
     place(200, 5.0, 0);
     const std::string identifier = world.row(1).eventId;
     calendar->refusesSaving = true;
@@ -315,7 +315,7 @@ TEST_F(Alarms, aCalendarThatRefusesEverythingLeavesTheRowsInStep) {
     EXPECT_EQ(world.row(1).eventId, "");
 }
 
-TEST_F(Alarms, anEventThatCouldNotBeRemovedGoesWithTheNextOperation) {
+TEST_F(Alarms, AnEventThatCouldNotBeRemovedGoesWithTheNextOperation) {
     place(200, 5.0, 0);
     place(201, 7.0, 0);
     calendar->refusesRemoving = true;
@@ -326,7 +326,7 @@ TEST_F(Alarms, anEventThatCouldNotBeRemovedGoesWithTheNextOperation) {
     EXPECT_THAT(calendar->events, SizeIs(1));
 }
 
-TEST_F(Alarms, withoutADatabaseNothingHappens) {
+TEST_F(Alarms, WithoutADatabaseNothingHappens) {
     std::filesystem::remove(functions.userDBPath());
     place(200, 5.0, 0);
     functions.reCalculateAlarm(200);
@@ -340,7 +340,7 @@ TEST_F(Alarms, withoutADatabaseNothingHappens) {
     EXPECT_THAT(world.log(), HasSubstr("Error in executeSQL : DB file not exists"));
 }
 
-TEST_F(Alarms, aDatabaseThatCannotBeReadPlacesAndRemovesNothing) {
+TEST_F(Alarms, ADatabaseThatCannotBeReadPlacesAndRemovesNothing) {
     place(200, 5.0, 0);
     test::writeFile(functions.userDBPath(), std::string(4096, 'x'));
     place(201, 6.0, 0);
@@ -350,7 +350,7 @@ TEST_F(Alarms, aDatabaseThatCannotBeReadPlacesAndRemovesNothing) {
     EXPECT_THAT(world.log(), HasSubstr("file is not a database"));
 }
 
-TEST_F(Alarms, anAlarmWithoutARowGetsNoEvent) {
+TEST_F(Alarms, AnAlarmWithoutARowGetsNoEvent) {
     for (const std::int32_t prayerId : {206, 208, 0, std::numeric_limits<std::int32_t>::min()}) {
         place(prayerId, 13.0, 0);
         functions.deleteAlarm(prayerId);
@@ -358,7 +358,7 @@ TEST_F(Alarms, anAlarmWithoutARowGetsNoEvent) {
     EXPECT_THAT(calendar->handedOver, IsEmpty());
 }
 
-TEST_F(Alarms, anApostropheBreaksTheStatementAndCannotReachOtherRows) {
+TEST_F(Alarms, AnApostropheBreaksTheStatementAndCannotReachOtherRows) {
     place(200, 5.0, 7);
     for (const char* name : {"Tom's", "x', MINUTE = 9 --", "x'; DELETE FROM USER_CITY; --", "a''b", "'"}) {
         functions.updateAlarmDefinitions(201, 3, 6.0, name, 1);
@@ -371,7 +371,7 @@ TEST_F(Alarms, anApostropheBreaksTheStatementAndCannotReachOtherRows) {
     EXPECT_THAT(world.log(), HasSubstr("unrecognized token"));
 }
 
-TEST_F(Alarms, numbersBeyondSenseDoNoHarm) {
+TEST_F(Alarms, NumbersBeyondSenseDoNoHarm) {
     constexpr double infinity = std::numeric_limits<double>::infinity();
     for (const double time : {std::nan(""), infinity, -infinity, 1e300, -1e300, 1e9, -1e9, 25.0, -30.0}) {
         for (const std::int32_t offset :
@@ -382,7 +382,7 @@ TEST_F(Alarms, numbersBeyondSenseDoNoHarm) {
     }
 }
 
-TEST_F(Alarms, aRowEditedByHandDoesNoHarm) {
+TEST_F(Alarms, ARowEditedByHandDoesNoHarm) {
     for (const char* values :
          {"PRAYTIME = 'noon', MINUTE = 'many', EVENTID = 7", "PRAYTIME = NULL, EVENTID = NULL",
           "EVENTID = '../../secret'", "TIMEID = 2147483647, PRAYTIME = 1e999"}) {
@@ -395,7 +395,7 @@ TEST_F(Alarms, aRowEditedByHandDoesNoHarm) {
 
 // Orphans.
 
-TEST_F(Alarms, anEventWhoseIdentifierWasNeverNotedIsRemoved) {
+TEST_F(Alarms, AnEventWhoseIdentifierWasNeverNotedIsRemoved) {
     place(202, 13.0, 0);
     functions.executeSQL("UPDATE USER_ALARMS SET EVENTID = '' WHERE TIMEID = 3");
     functions.reCalculateAlarm(202);
@@ -403,14 +403,14 @@ TEST_F(Alarms, anEventWhoseIdentifierWasNeverNotedIsRemoved) {
     EXPECT_TRUE(calendar->events.contains(world.row(3).eventId));
 }
 
-TEST_F(Alarms, switchingOffRemovesSuchAnEventToo) {
+TEST_F(Alarms, SwitchingOffRemovesSuchAnEventToo) {
     place(202, 13.0, 0);
     functions.executeSQL("UPDATE USER_ALARMS SET EVENTID = '' WHERE TIMEID = 3");
     functions.deleteAlarm(202);
     EXPECT_THAT(calendar->events, IsEmpty());
 }
 
-TEST_F(Alarms, eventsOfAnotherDatabaseStay) {
+TEST_F(Alarms, EventsOfAnotherDatabaseStay) {
     test::TemporaryFolder other;
     place(202, 13.0, 0);
     DatabaseFunctions second(world.glbFuncs);

@@ -134,7 +134,7 @@ TEST_F(DatabaseCreation, IsWholeOrMissingWhenTheProcessIsKilled) {
 }
 
 TEST_F(DatabaseCreation, SweepsWhatAKilledProcessLeft) {
-    test::writeFile(path() + ".new-0", "half");
+    test::writeFile(std::filesystem::path(path()).parent_path() / ".zorel-0-0.tmp", "half");
     database_.generateUserDatabaseFile();
     EXPECT_EQ(files(), 1U);
 }

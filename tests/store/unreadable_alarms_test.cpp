@@ -1,7 +1,7 @@
 // SPDX-License-Identifier: Apache-2.0
 // The alarms while the user database cannot be opened: nothing is promised, and no event is lost.
 #include "tests/eventkit/MemoryCalendar.h"
-#include "tests/support/AlarmFixture.h"
+#include "tests/support/AlarmWorld.h"
 
 #include <filesystem>
 #include <gtest/gtest.h>

@@ -37,18 +37,11 @@ private:
 /// The place must have been set, with the zone 0.
 [[nodiscard]] std::optional<double> engineRiseSet(FastAstro& engine, const RiseSetEvent& event);
 
-/// Prayer times of the engine, without what is added on purpose.
+/// Prayer times of the bare engine, without what is added on purpose.
 class PrayerEvents {
 public:
-    /// Why the time of this event is what it is.
-    [[nodiscard]] PrayTimeExplanation explain(const SunEvent& event);
     /// Its instant without additions [JD UT]; nothing when it is of another day or does not occur.
     [[nodiscard]] std::optional<double> instant(const SunEvent& event);
-    /// The same from the event's explanation.
-    [[nodiscard]] static std::optional<double> ownInstant(const SunEvent& event,
-                                                          const PrayTimeExplanation& why);
-    /// The instant of an explanation, whatever day its Sun is of.
-    [[nodiscard]] static double anyInstant(const SunEvent& event, const PrayTimeExplanation& why);
 
 private:
     void compute(const SunEvent& event);
@@ -66,7 +59,8 @@ private:
 
 void compareRiseSets(const std::string& folder, std::ostream& out);
 void comparePhases(const std::string& folder, std::ostream& out);
-void comparePrayerEvents(const std::string& folder, std::ostream& out);
+/// The times that people are told (almanac::Day) at the places of sun_days.tsv.
+void compareToldDays(const std::string& folder, std::ostream& out);
 /// Ours beside libnova and libitl, over the events that each of them has.
 void comparePeers(const std::string& folder, std::ostream& out);
 

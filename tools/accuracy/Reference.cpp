@@ -5,6 +5,7 @@
 
 #include <fmt/format.h>
 
+#include <array>
 #include <charconv>
 #include <fstream>
 #include <functional>
@@ -99,6 +100,21 @@ std::vector<SunEvent> readSunEvents(const std::string& file) {
             event.julianDay = julianDayOf(fields[5]);
         }
         return event;
+    });
+}
+
+std::vector<SunDay> readSunDays(const std::string& file) {
+    constexpr std::array names{"transit", "dawn_-19", "limb_rise", "rise_0",   "morning_+5", "afternoon_+5",
+                               "set_0",   "limb_set", "dusk_-17",  "dusk_-19", "shadow_1",   "shadow_2"};
+    constexpr std::size_t before = 5; // columns that say where and when
+    return readTable<SunDay>(file, before + names.size(), [&](const Fields& fields) {
+        SunDay day{fields[0], number<double>(fields[1]), number<double>(fields[2]),
+                   fields[3], dateOf(fields[4]),         {}};
+        for (std::size_t i = 0; i < names.size(); ++i) {
+            const std::string& text = fields[before + i];
+            day.events[names[i]] = text == "none" ? std::nullopt : std::optional(number<double>(text));
+        }
+        return day;
     });
 }
 

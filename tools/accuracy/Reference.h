@@ -5,6 +5,7 @@
 
 #include "engine/Records.h"
 
+#include <map>
 #include <optional>
 #include <string>
 #include <vector>
@@ -38,9 +39,20 @@ struct SunEvent {
     std::optional<double> julianDay; ///< UT
 };
 
+/// The events of the Sun in the solar day of a place whose noon falls on a civil day.
+struct SunDay {
+    std::string place;
+    double latitude = 0.0;  ///< [deg]
+    double longitude = 0.0; ///< [deg] east
+    std::string zone;       ///< IANA name
+    DateTimeRecord day;
+    std::map<std::string, std::optional<double>> events; ///< [s] UT after 0:00 of the day; nothing: none
+};
+
 /// @throws std::runtime_error naming file and line when a file is missing or a line cannot be read
 [[nodiscard]] std::vector<RiseSetEvent> readRiseSets(const std::string& file);
 [[nodiscard]] std::vector<PhaseEvent> readPhases(const std::string& file);
+[[nodiscard]] std::vector<SunDay> readSunDays(const std::string& file);
 [[nodiscard]] std::vector<SunEvent> readSunEvents(const std::string& file);
 
 } // namespace zorel::accuracy

@@ -1,5 +1,6 @@
 // SPDX-License-Identifier: Apache-2.0
-// accuracy FOLDER: compares the engine with the reference events of a folder and prints tables in Markdown.
+// accuracy FOLDER: compares the engine and the times that people are told with the reference events of a
+// folder and prints tables in Markdown.
 #include "Comparisons.h"
 
 #include <exception>
@@ -14,7 +15,7 @@ int main(int argc, char** argv) {
     try {
         compareRiseSets(argv[1], std::cout);
         comparePhases(argv[1], std::cout);
-        comparePrayerEvents(argv[1], std::cout);
+        compareToldDays(argv[1], std::cout);
 #ifdef ZOREL_PEERS
         comparePeers(argv[1], std::cout);
 #else

@@ -1,11 +1,9 @@
 // SPDX-License-Identifier: Apache-2.0
 #include "tools/build-catalogue/Output.h"
 
-#include <cerrno>
+#include "platform/foundation/Files.h"
+
 #include <cmath>
-#include <cstdio>
-#include <cstring>
-#include <fcntl.h>
 #include <filesystem>
 #include <fmt/format.h>
 #include <sqlite3.h>
@@ -17,25 +15,6 @@ namespace {
 
 [[noreturn]] void fail(const std::string& path, std::string_view reason) {
     throw OutputError(fmt::format("{}: {}", path, reason));
-}
-
-/// Brings a file, or a folder's entries, to the disk.
-void synchronize(const std::string& path, int flags) {
-    const int descriptor = ::open(path.c_str(), flags | O_CLOEXEC);
-    if (descriptor < 0) {
-        fail(path, std::strerror(errno));
-    }
-    const int result = ::fsync(descriptor);
-    const int error = errno;
-    ::close(descriptor);
-    if (result != 0) {
-        fail(path, std::strerror(error));
-    }
-}
-
-std::string folderOf(const std::string& path) {
-    const auto folder = std::filesystem::path(path).parent_path();
-    return folder.empty() ? "." : folder.string();
 }
 
 } // namespace
@@ -73,12 +52,10 @@ void Output::execute(const std::string& statements) {
 
 void Output::commit() {
     close();
-    synchronize(temporary_, O_RDONLY);
-    if (std::rename(temporary_.c_str(), path_.c_str()) != 0) {
-        fail(path_, std::strerror(errno));
+    if (const std::error_code error = replaceFileWith(path_, temporary_)) {
+        fail(path_, error.message());
     }
     temporary_.clear();
-    synchronize(folderOf(path_), O_RDONLY | O_DIRECTORY);
 }
 
 Insertion::Insertion(Output& output, const std::string& statement) : output_(output) {

@@ -20,6 +20,22 @@ std::optional<Number> wholeNumber(std::string_view text, Format... format) {
     return value;
 }
 
+/// "2026-11-01", or nothing.
+std::optional<std::chrono::sys_days> dayOf(std::string_view text) {
+    if (text.size() != 10 || text[4] != '-' || text[7] != '-') {
+        return std::nullopt;
+    }
+    const auto year = wholeNumber<int>(text.substr(0, 4));
+    const auto month = wholeNumber<unsigned>(text.substr(5, 2));
+    const auto day = wholeNumber<unsigned>(text.substr(8, 2));
+    if (!year || !month || !day) {
+        return std::nullopt;
+    }
+    const std::chrono::year_month_day date{std::chrono::year(*year), std::chrono::month(*month),
+                                           std::chrono::day(*day)};
+    return date.ok() ? std::optional<std::chrono::sys_days>(date) : std::nullopt;
+}
+
 } // namespace
 
 void RowReader::fault(std::string_view text) {
@@ -62,6 +78,14 @@ double RowReader::decimal(std::size_t column, std::string_view what, double leas
         return least;
     }
     return *value;
+}
+
+std::chrono::sys_days RowReader::day(std::size_t column, std::string_view what) {
+    const auto day = dayOf(row_.fields[column]);
+    if (!day) {
+        fault(fmt::format("{} \"{}\" is not a day such as 2026-11-01", what, row_.fields[column]));
+    }
+    return day.value_or(std::chrono::sys_days{});
 }
 
 } // namespace zorel::catalogue

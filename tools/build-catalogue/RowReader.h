@@ -5,6 +5,7 @@
 
 #include "tools/build-catalogue/TsvFile.h"
 
+#include <chrono>
 #include <cstdint>
 
 namespace zorel::catalogue {
@@ -25,6 +26,8 @@ public:
     /// A decimal number (digits and one point) from `least` to `most`; `least` when it is faulty.
     [[nodiscard]] double decimal(std::size_t column, std::string_view what, double least, double most,
                                  std::string_view hint = "");
+    /// A day of the form 2026-11-01.
+    [[nodiscard]] std::chrono::sys_days day(std::size_t column, std::string_view what);
     void fault(std::string_view text);
 
 private:

@@ -2,6 +2,7 @@
 #include "tools/build-catalogue/SearchName.h"
 
 #include "platform/foundation/Locale.h"
+#include "tools/build-catalogue/TsvFile.h"
 #include "tools/build-catalogue/Utf8.h"
 
 #include <algorithm>
@@ -133,11 +134,11 @@ private:
 std::vector<std::string> baseNames(const PlaceNames& names) {
     std::vector<std::string> bases{std::string(names.name), std::string(names.asciiName),
                                    withoutLatinAccents(names.name)};
-    for (std::string_view rest = names.alternates; !rest.empty();) {
-        const std::size_t end = rest.find(',');
-        bases.emplace_back(rest.substr(0, end));
-        bases.push_back(withoutLatinAccents(bases.back()));
-        rest.remove_prefix(end == std::string_view::npos ? rest.size() : end + 1);
+    for (const std::string_view list : names.alternates) {
+        forEachName(list, [&](std::string_view name) {
+            bases.emplace_back(name);
+            bases.push_back(withoutLatinAccents(name));
+        });
     }
     return bases;
 }

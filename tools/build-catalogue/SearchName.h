@@ -5,14 +5,15 @@
 
 #include <string>
 #include <string_view>
+#include <vector>
 
 namespace zorel::catalogue {
 
 /// What a place is called, and how far Turkish spelling matters for it.
 struct PlaceNames {
     std::string_view name;
-    std::string_view asciiName;    ///< empty when it is the name
-    std::string_view alternates;   ///< separated by commas
+    std::string_view asciiName;               ///< empty when it is the name
+    std::vector<std::string_view> alternates; ///< lists, each separated by commas
     bool turkishUpperCase = false; ///< add the Turkish upper-case form (i to dotted I) of Latin names
     bool turkishLowerCase = false; ///< add the Turkish lower-case form (I to dotless i) too
 };

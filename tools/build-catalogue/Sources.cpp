@@ -4,7 +4,6 @@
 #include <algorithm>
 #include <fmt/format.h>
 #include <map>
-#include <unordered_set>
 
 namespace zorel::catalogue {
 
@@ -22,13 +21,26 @@ public:
         read<Country>(kCountries, parseCountry, [this](const TsvRow& row, const Country& country) {
             keep(row, countries_, country.code, sources_.countries, country);
         });
+        read<CountryNames>(kCountryNames, parseCountryNames,
+                           [this](const TsvRow& row, const CountryNames& names) {
+                               if (const auto country = findCountry(row, names.country)) {
+                                   sources_.countries[*country].names = names.names;
+                               }
+                           });
         read<Region>(kRegions, parseRegion,
                      [this](const TsvRow& row, const Region& region) { takeRegion(row, region); });
+        read<RegionCode>(kRegionCodes, parseRegionCode, [this](const TsvRow& row, const RegionCode& code) {
+            if (const auto region = findRegion(row, code.country, code.admin1)) {
+                sources_.regions[*region].code = code.code;
+            }
+        });
         read<Zone>(kZones, parseZone, [this](const TsvRow& row, const Zone& zone) {
             keep(row, zones_, zone.name, sources_.zones, zone);
         });
         read<Place>(kPlaces, parsePlace,
                     [this](const TsvRow& row, const Place& place) { takePlace(row, place); });
+        readSpellings(kExactSpellings, &PlacedPlace::exactSpellings);
+        readSpellings(kMoreSpellings, &PlacedPlace::moreSpellings);
         read<Credit>(kCredits, parseCredit,
                      [this](const TsvRow& row, const Credit& credit) { takeCredit(row, credit); });
         std::stable_sort(sources_.places.begin(), sources_.places.end(), [](const auto& a, const auto& b) {
@@ -81,19 +93,38 @@ private:
         return found->second;
     }
 
+    std::optional<std::size_t> findCountry(const TsvRow& row, std::string_view code) {
+        return find(row, countries_, code, fmt::format("country \"{}\"", code));
+    }
+
+    std::optional<std::size_t> findRegion(const TsvRow& row, std::string_view country,
+                                          std::string_view admin1) {
+        return find(row, regions_, RegionKey(country, admin1),
+                    fmt::format("region \"{}\" of country \"{}\"", admin1, country));
+    }
+
     void takePlace(const TsvRow& row, const Place& place) {
-        if (!ids_.insert(place.id).second) {
+        if (!ids_.emplace(place.id, sources_.places.size()).second) {
             problems_.add(row.file, row.line, fmt::format("id {} is there twice", place.id));
             return;
         }
-        const auto country =
-            find(row, countries_, place.country, fmt::format("country \"{}\"", place.country));
-        const auto region = find(row, regions_, RegionKey(place.country, place.admin1),
-                                 fmt::format("region \"{}\" of country \"{}\"", place.admin1, place.country));
+        const auto country = findCountry(row, place.country);
+        const auto region = findRegion(row, place.country, place.admin1);
         const auto zone = find(row, zones_, place.zone, fmt::format("time zone \"{}\"", place.zone));
         if (country && region && zone) {
-            sources_.places.push_back({place, *country, *region, *zone});
+            sources_.places.push_back({place, *country, *region, *zone, {}, {}});
+        } else {
+            ids_.erase(place.id);
         }
+    }
+
+    /// One of the two files of further spellings, whose names go into `member`.
+    void readSpellings(const TsvLayout& layout, std::string_view PlacedPlace::*member) {
+        read<Spellings>(layout, parseSpellings, [&](const TsvRow& row, const Spellings& spellings) {
+            if (const auto place = find(row, ids_, spellings.id, fmt::format("place {}", spellings.id))) {
+                sources_.places[*place].*member = spellings.names;
+            }
+        });
     }
 
     void takeCredit(const TsvRow& row, const Credit& credit) {
@@ -115,7 +146,7 @@ private:
     Positions<std::string_view> countries_;
     Positions<std::string_view> zones_;
     Positions<RegionKey> regions_;
-    std::unordered_set<std::int32_t> ids_;
+    Positions<std::int32_t> ids_; ///< of places
 };
 
 } // namespace

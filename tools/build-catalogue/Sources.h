@@ -11,12 +11,14 @@
 
 namespace zorel::catalogue {
 
-/// A place with the positions of what it refers to in the lists of Sources.
+/// A place with its further spellings and the positions of what it refers to in the lists of Sources.
 struct PlacedPlace {
     Place place;
     std::size_t country = 0;
     std::size_t region = 0;
     std::size_t zone = 0;
+    std::string_view exactSpellings; ///< names within longer ones of its other names; separated by commas
+    std::string_view moreSpellings;  ///< other scripts, accented forms; separated by commas
 };
 
 /// A credit with the text of its licence file (empty without one).

@@ -5,6 +5,7 @@
 
 #include "tools/build-catalogue/Problems.h"
 
+#include <algorithm>
 #include <filesystem>
 #include <functional>
 #include <optional>
@@ -27,6 +28,17 @@ struct TsvRow {
     std::size_t line = 0; ///< from 1
     std::span<const std::string_view> fields;
 };
+
+/// Hands over the names of a list that is separated by commas; empty ones are none.
+template <typename Take> void forEachName(std::string_view list, Take take) {
+    while (!list.empty()) {
+        const std::size_t end = std::min(list.find(','), list.size());
+        if (end > 0) {
+            take(list.substr(0, end));
+        }
+        list.remove_prefix(std::min(end + 1, list.size()));
+    }
+}
 
 /// The bytes of a file; nothing when it is no readable file.
 [[nodiscard]] std::optional<std::vector<char>> readBytes(const std::filesystem::path& path);

@@ -38,6 +38,24 @@ FocusScope {
         interactive: false
         focus: true
         spacing: 8
+        // What the sheet is about.
+        header: Rectangle {
+            width: ListView.view.width
+            height: sheet.host.sheetTitle === "" ? 0 : about.implicitHeight + 32
+            visible: height > 0
+            radius: 13
+            color: sheet.theme.row
+            Text {
+                id: about
+                anchors { verticalCenter: parent.verticalCenter; left: parent.left; right: parent.right; margins: 12 }
+                horizontalAlignment: Text.AlignHCenter
+                wrapMode: Text.Wrap
+                text: sheet.host.sheetTitle
+                textFormat: Text.PlainText
+                color: sheet.theme.text
+                font.pixelSize: sheet.theme.textSize
+            }
+        }
         model: sheet.host.sheetButtons
         Keys.onReturnPressed: sheet.host.tapSheet(currentIndex)
         Keys.onEnterPressed: sheet.host.tapSheet(currentIndex)

@@ -83,10 +83,16 @@ FocusScope {
                 focus: true
             }
         }
+        Connections {
+            target: screen.search !== null && list.item ? list.item.model : null
+            function onModelReset() { screen.search.settle() }
+        }
         Text {
+            readonly property bool tooShort: screen.search !== null && screen.search.letters > 0 && screen.search.letters < 3
+            readonly property bool without: screen.search !== null && screen.search.searched && screen.search.letters >= 3
             anchors { top: searchField.bottom; topMargin: 24; horizontalCenter: parent.horizontalCenter }
-            visible: screen.search !== null && screen.search.searched && list.item !== null && list.item.count === 0
-            text: screen.host.nothingWord
+            visible: list.item !== null && list.item.count === 0 && (tooShort || without)
+            text: tooShort ? screen.host.threeLettersWord : screen.host.nothingWord
             textFormat: Text.PlainText
             color: screen.theme.quiet
             font.pixelSize: screen.theme.textSize

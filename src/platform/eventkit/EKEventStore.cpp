@@ -2,8 +2,8 @@
 #include "platform/eventkit/EKEventStore.h"
 
 #include "platform/eventkit/FolderCalendar.h"
-#include "platform/eventkit/SafeFiles.h"
 #include "platform/foundation/Locations.h"
+#include "platform/foundation/RandomText.h"
 
 #include <algorithm>
 #include <exception>

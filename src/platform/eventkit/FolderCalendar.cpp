@@ -2,9 +2,9 @@
 #include "platform/eventkit/FolderCalendar.h"
 
 #include "platform/eventkit/IcsEvent.h"
-#include "platform/eventkit/SafeFiles.h"
+#include "platform/foundation/FileLock.h"
+#include "platform/foundation/Files.h"
 #include "platform/foundation/Locations.h"
-#include "platform/foundation/SmallFile.h"
 
 #include <algorithm>
 #include <filesystem>
@@ -16,6 +16,7 @@ namespace zorel {
 namespace {
 
 constexpr std::string_view kSuffix = ".ics";
+constexpr std::string_view kLockName = ".zorel.lock";
 /// Larger files are not looked into: an event of the pane has half a kilobyte.
 constexpr std::size_t kFileLimit = 256UL * 1024;
 constexpr std::size_t kIdentifierLimit = 200;
@@ -32,19 +33,31 @@ std::string fileName(const std::string& identifier) {
     return identifier + std::string(kSuffix);
 }
 
+/// Whether a change to a file was done; `error`: out, what was not done and why.
+bool done(std::error_code result, std::string_view what, const std::string& path, std::string& error) {
+    if (result) {
+        error = std::string(what) + " " + path + ": " + result.message();
+    }
+    return !result;
+}
+
 } // namespace
 
 FolderCalendar::FolderCalendar(std::string folder) : folder_(std::move(folder)) {
     if (std::error_code ignored; std::filesystem::is_directory(folder_, ignored)) {
-        const FileLock lock(lockPath());
-        if (lock.held()) {
-            removeStaleTemporaryFiles(folder_);
+        const FileLock lock(pathOf(kLockName));
+        if (lock.state() == LockState::acquired) {
+            sweepTemporaryFiles(folder_);
         }
     }
 }
 
+std::string FolderCalendar::pathOf(std::string_view name) const {
+    return folder_ + "/" + std::string(name);
+}
+
 EKCalendar FolderCalendar::description() const {
-    const auto name = readSmallFile(folder_ + "/displayname", kIdentifierLimit);
+    const auto name = readSmallFile(pathOf("displayname"), kIdentifierLimit);
     return {folder_, name && !name->empty() ? *name : std::string(kCalendarName)};
 }
 
@@ -64,7 +77,7 @@ std::vector<std::string> FolderCalendar::fileNames() const {
 
 std::optional<FolderCalendar::Entry> FolderCalendar::entryInFile(const std::string& name,
                                                                  const std::string& identifier) const {
-    auto text = readSmallFile(folder_ + "/" + name, kFileLimit);
+    auto text = readSmallFile(pathOf(name), kFileLimit);
     if (!text) {
         return std::nullopt;
     }
@@ -106,9 +119,8 @@ bool FolderCalendar::makeFolder(std::string& error) const {
         return false;
     }
     // A folder without a name or colour still works, so that a failure here does no harm.
-    std::string unimportant;
-    replaceFile(folder_, "displayname", kCalendarName, unimportant);
-    replaceFile(folder_, "color", kCalendarColor, unimportant);
+    static_cast<void>(replaceFile(pathOf("displayname"), kCalendarName));
+    static_cast<void>(replaceFile(pathOf("color"), kCalendarColor));
     return true;
 }
 
@@ -116,7 +128,7 @@ bool FolderCalendar::saveEvent(const EKEvent& event, std::string& error) {
     if (!makeFolder(error)) {
         return false;
     }
-    const FileLock lock(lockPath());
+    const FileLock lock(pathOf(kLockName));
     const EKEvent wanted = withEndAfterStart(event);
     const auto present = find(wanted.eventIdentifier);
     if (present && sameEvent(present->event, wanted)) {
@@ -131,7 +143,8 @@ bool FolderCalendar::saveEvent(const EKEvent& event, std::string& error) {
         error = "the event cannot be written as iCalendar text";
         return false;
     }
-    return replaceFile(folder_, present ? present->name : fileName(wanted.eventIdentifier), *text, error);
+    const std::string path = pathOf(present ? present->name : fileName(wanted.eventIdentifier));
+    return done(replaceFile(path, *text), "cannot write", path, error);
 }
 
 bool FolderCalendar::removeEvent(const std::string& identifier, std::string& error) {
@@ -140,13 +153,14 @@ bool FolderCalendar::removeEvent(const std::string& identifier, std::string& err
         error = "there is no folder " + folder_;
         return false;
     }
-    const FileLock lock(lockPath());
+    const FileLock lock(pathOf(kLockName));
     const auto present = find(identifier);
     if (!present) {
         error = "there is no event " + identifier;
         return false;
     }
-    return removeFile(folder_, present->name, error);
+    const std::string path = pathOf(present->name);
+    return done(removeFile(path), "cannot remove", path, error);
 }
 
 std::vector<std::string> FolderCalendar::identifiersWithPrefix(const std::string& prefix) {

@@ -7,6 +7,7 @@
 
 #include <optional>
 #include <string>
+#include <string_view>
 #include <vector>
 
 namespace zorel {
@@ -39,7 +40,7 @@ private:
         EKEvent event;
     };
 
-    [[nodiscard]] std::string lockPath() const { return folder_ + "/.zorel.lock"; }
+    [[nodiscard]] std::string pathOf(std::string_view name) const;
     [[nodiscard]] std::vector<std::string> fileNames() const;
     [[nodiscard]] std::optional<Entry> entryInFile(const std::string& name,
                                                    const std::string& identifier) const;

@@ -50,8 +50,12 @@ void UISearchBar::setFirstResponder(bool first) {
 }
 
 void UISearchBar::userTypes(std::string text) {
+    const RunLoop::Event event;
     setFirstResponder(true);
     text_ = std::move(text);
+    if (delegate_ != nullptr) {
+        delegate_->searchBarTextDidChange(*this);
+    }
 }
 
 void UISearchBar::userTapsSearch() {

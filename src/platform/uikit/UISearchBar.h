@@ -13,6 +13,8 @@ class UISearchBarDelegate {
 public:
     virtual ~UISearchBarDelegate() = default;
     virtual void searchBarSearchButtonClicked(UISearchBar& searchBar) = 0;
+    /// The user has typed, pasted or wiped; the bar has the new text.
+    virtual void searchBarTextDidChange(UISearchBar& /*searchBar*/) {}
 };
 
 class UISearchBar : public UIView {
@@ -31,8 +33,8 @@ public:
     /// Puts the keyboard away.
     void resignFirstResponder() { setFirstResponder(false); }
 
-    /// The user has changed the text to this, so that the field has the keyboard. The host is not told what
-    /// it has just said.
+    /// The user has changed the text to this, so that the field has the keyboard, and the delegate hears of
+    /// it. The host is not told what it has just said.
     void userTypes(std::string text);
     /// The user has pressed the search key.
     void userTapsSearch();

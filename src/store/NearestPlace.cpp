@@ -1,0 +1,128 @@
+// SPDX-License-Identifier: Apache-2.0
+#include "store/NearestPlace.h"
+
+#include "common/GlobalFuncs.h"
+#include "platform/foundation/NumberText.h"
+#include "platform/foundation/SquareDegree.h"
+#include "store/CatalogueRow.h"
+
+#include <algorithm>
+#include <cmath>
+#include <sqlite3.h>
+
+namespace zorel {
+
+namespace {
+
+constexpr double kEarthRadius = 6371.0088; // [km]
+constexpr double kRadian = 3.14159265358979323846 / 180.0;
+
+constexpr const char* kPlacesOfSquares = "SELECT C.ID, C.LAT, C.LON FROM SQUARE_DEGREE S, CITY C "
+                                         "WHERE S.SQUARE BETWEEN ?1 AND ?2 AND C.ROWID = S.CITY";
+
+struct Point {
+    double latitude;  ///< [deg]
+    double longitude; ///< [deg]
+};
+
+/// By the haversine, which is exact for small distances [km].
+double distanceBetween(const Point& one, const Point& other) {
+    const double north = std::sin((other.latitude - one.latitude) * kRadian / 2.0);
+    const double east = std::sin((other.longitude - one.longitude) * kRadian / 2.0);
+    const double part =
+        north * north + std::cos(one.latitude * kRadian) * std::cos(other.latitude * kRadian) * east * east;
+    return 2.0 * kEarthRadius * std::asin(std::sqrt(std::min(part, 1.0)));
+}
+
+/// Looks at the places of the square degrees around a point.
+class Search {
+public:
+    Search(const GlobalFuncs& glbFuncs, const Database& catalogue, const Point& point, double within)
+        : glbFuncs_(glbFuncs), rows_(catalogue.prepare(kPlacesOfSquares)), point_(point), distance_(within) {}
+
+    /// @return whether the catalogue could be read.
+    bool run() {
+        // Coordinates are rounded in the catalogue: a place may stand beyond the edge of its square.
+        constexpr double kMargin = 0.01; // [deg]
+        const double reach = distance_ / kEarthRadius / kRadian + kMargin;
+        for (std::int32_t band = latitudeBand(point_.latitude - reach);
+             band <= latitudeBand(point_.latitude + reach); ++band) {
+            lookAt(band, longitudeReach(reach));
+        }
+        return sound_;
+    }
+    [[nodiscard]] std::int32_t id() const { return id_; }
+    [[nodiscard]] double distance() const { return distance_; }
+
+private:
+    /// How far east and west the points within a reach lie [deg].
+    [[nodiscard]] double longitudeReach(double reach) const {
+        if (std::fabs(point_.latitude) + reach >= 89.0) {
+            return 180.0;
+        }
+        return std::asin(std::sin(reach * kRadian) / std::cos(point_.latitude * kRadian)) / kRadian;
+    }
+    void lookAt(std::int32_t band, double reach) {
+        const std::int32_t first = band * kSquareDegreesOfBand;
+        const std::int32_t last = first + kSquareDegreesOfBand - 1;
+        const std::int32_t from = first + positionInBand(point_.longitude - reach);
+        const std::int32_t to = first + positionInBand(point_.longitude + reach);
+        if (reach >= 179.0) {
+            lookAt(first, last);
+        } else if (from <= to) {
+            lookAt(from, to);
+        } else { // across 180 degrees
+            lookAt(from, last);
+            lookAt(first, to);
+        }
+    }
+    void lookAt(std::int32_t first, std::int32_t last) {
+        if (rows_.isPrepared()) {
+            sqlite3_reset(rows_.get());
+            sqlite3_bind_int(rows_.get(), 1, first);
+            sqlite3_bind_int(rows_.get(), 2, last);
+        }
+        while (rows_.nextRow()) {
+            consider({coordinate(1), coordinate(2)});
+        }
+        sound_ = sound_ && rows_.isAtEnd();
+    }
+    void consider(const Point& place) {
+        const double distance = distanceBetween(point_, place);
+        if (distance <= distance_) {
+            distance_ = distance;
+            id_ = sqlite3_column_int(rows_.get(), 0);
+        }
+    }
+    [[nodiscard]] double coordinate(int column) const {
+        return doubleValue(coordinateText(rows_, column, glbFuncs_));
+    }
+
+    const GlobalFuncs& glbFuncs_;
+    Statement rows_;
+    Point point_;
+    double distance_;
+    std::int32_t id_ = 0;
+    bool sound_ = true;
+};
+
+} // namespace
+
+std::optional<NearestPlace> nearestPlace(const GlobalFuncs& glbFuncs, double latitude, double longitude,
+                                         double within) {
+    const auto catalogue = Database::openCatalogue(cataloguePath(glbFuncs));
+    if (!catalogue) {
+        return std::nullopt;
+    }
+    Search search(glbFuncs, *catalogue, {latitude, longitude}, within);
+    if (!search.run()) {
+        return std::nullopt;
+    }
+    if (search.id() == 0) {
+        return NearestPlace{};
+    }
+    auto place = placeById(glbFuncs, search.id());
+    return place ? std::optional(NearestPlace{std::move(place), search.distance()}) : std::nullopt;
+}
+
+} // namespace zorel
