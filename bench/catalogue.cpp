@@ -7,6 +7,7 @@
 #include "platform/foundation/NumberText.h"
 #include "store/CatalogueLookup.h"
 #include "store/CitySearch.h"
+#include "store/NameResolution.h"
 #include "tools/build-catalogue/Sources.h"
 
 #include <algorithm>
@@ -91,6 +92,7 @@ void search(benchmark::State& state, const char* text) {
     }
     state.counters["found"] = static_cast<double>(found);
 }
+BENCHMARK_CAPTURE(search, most_hits_ing, "ing")->Unit(benchmark::kMillisecond);
 BENCHMARK_CAPTURE(search, common_San, "San")->Unit(benchmark::kMillisecond);
 BENCHMARK_CAPTURE(search, common_London, "London")->Unit(benchmark::kMillisecond);
 BENCHMARK_CAPTURE(search, rare_Reykjavik, "Reykjavik")->Unit(benchmark::kMillisecond);
@@ -99,12 +101,29 @@ BENCHMARK_CAPTURE(search, turkish_Sanliurfa, "Şanlıurfa")->Unit(benchmark::kMi
 BENCHMARK_CAPTURE(search, cyrillic_Moskva, "Москва")->Unit(benchmark::kMillisecond);
 BENCHMARK_CAPTURE(search, arabic_alQahira, "القاهرة")->Unit(benchmark::kMillisecond);
 
-void bestMatches(benchmark::State& state) {
+void searchForPeople(benchmark::State& state) {
     for (auto _ : state) {
-        benchmark::DoNotOptimize(matchPlaces(services(), "London", 5));
+        benchmark::DoNotOptimize(searchPlaces(services(), "London"));
     }
 }
-BENCHMARK(bestMatches)->Unit(benchmark::kMillisecond);
+BENCHMARK(searchForPeople)->Unit(benchmark::kMillisecond);
+
+void resolve(benchmark::State& state, const char* text) {
+    for (auto _ : state) {
+        benchmark::DoNotOptimize(resolveName(services(), text));
+    }
+}
+BENCHMARK_CAPTURE(resolve, name_Istanbul, "Istanbul")->Unit(benchmark::kMicrosecond);
+BENCHMARK_CAPTURE(resolve, accents_Sanliurfa, "Şanlıurfa")->Unit(benchmark::kMicrosecond);
+BENCHMARK_CAPTURE(resolve, region_Paris_Texas, "Paris, Texas")->Unit(benchmark::kMicrosecond);
+
+void suggest(benchmark::State& state, const char* text) {
+    for (auto _ : state) {
+        benchmark::DoNotOptimize(similarPlaces(services(), text, 3));
+    }
+}
+BENCHMARK_CAPTURE(suggest, slip_Berln, "Berln")->Unit(benchmark::kMillisecond);
+BENCHMARK_CAPTURE(suggest, nothing_xqzzy, "xqzzy")->Unit(benchmark::kMillisecond);
 
 void cityDetails(benchmark::State& state) {
     City city(services());

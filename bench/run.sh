@@ -4,7 +4,7 @@
 set -euo pipefail
 cd "$(dirname "$0")/.."
 . tools/setup.sh
-install_packages "${base_packages[@]}" "${test_packages[@]}" time
+install_packages "${base_packages[@]}" "${bench_packages[@]}"
 say "Building the benchmarks"
 configure release -B build/bench -DZOREL_BENCH=ON -DBUILD_TESTING=OFF
 cmake --build build/bench

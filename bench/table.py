@@ -51,7 +51,9 @@ def engine():
 
     def median(name):
         return times[name]["cpu_time"] / 1000.0
-    for group, figure, target in [("random_days", "16 prayer times, random days", "ratio 1.0"),
+    for group, figure, target in [("day_told_random", "a whole told day, random days", "ratio 0.75"),
+                                  ("day_told_consecutive", "a whole told day, consecutive days", "ratio 1.2"),
+                                  ("random_days", "16 prayer times, random days", "ratio 1.0"),
                                   ("consecutive_days", "16 prayer times, consecutive days", "ratio 1.0"),
                                   ("many_places", "16 prayer times, many places on one day", "report")]:
         names = {name: name.split("/", 1)[1] for name in times if group in name.split("/", 1)[0]}

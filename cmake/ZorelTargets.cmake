@@ -1,22 +1,23 @@
 # How every target of the project is built: language level, warnings, floating-point rules, tests.
 
-set(CMAKE_CXX_STANDARD 20)
-set(CMAKE_CXX_STANDARD_REQUIRED ON)
-set(CMAKE_CXX_EXTENSIONS OFF)
-set(CMAKE_POSITION_INDEPENDENT_CODE ON)
-set(CMAKE_EXPORT_COMPILE_COMMANDS ON)
-set(CMAKE_RUNTIME_OUTPUT_DIRECTORY ${PROJECT_BINARY_DIR}/bin)
-if(NOT CMAKE_BUILD_TYPE)
-    set(CMAKE_BUILD_TYPE Release)
+if(PROJECT_IS_TOP_LEVEL)
+    set(CMAKE_CXX_EXTENSIONS OFF)
+    set(CMAKE_EXPORT_COMPILE_COMMANDS ON)
+    set(CMAKE_RUNTIME_OUTPUT_DIRECTORY ${PROJECT_BINARY_DIR}/bin)
+    if(NOT CMAKE_BUILD_TYPE)
+        set(CMAKE_BUILD_TYPE Release)
+    endif()
 endif()
 
 find_package(PkgConfig REQUIRED)
 set(THREADS_PREFER_PTHREAD_FLAG ON)
 find_package(Threads REQUIRED)
 
+option(ZOREL_WERROR "Let every warning be an error (our own presets do)" OFF)
 add_library(zorel_options INTERFACE)
+target_compile_features(zorel_options INTERFACE cxx_std_20)
 target_compile_options(zorel_options INTERFACE
-    -Wall -Wextra -Wpedantic -Wshadow -Wconversion -Wno-sign-conversion -Werror
+    -Wall -Wextra -Wpedantic -Wshadow -Wconversion -Wno-sign-conversion $<$<BOOL:${ZOREL_WERROR}>:-Werror>
     # The same bits from every compiler and at every optimisation level.
     -ffp-contract=off)
 target_include_directories(zorel_options INTERFACE ${PROJECT_SOURCE_DIR}/src)
@@ -27,12 +28,35 @@ function(zorel_add_folders)
     endforeach()
 endfunction()
 
-# zorel_library(name SOURCES a.cpp ... [PUBLIC libs ...] [PRIVATE libs ...]) makes the static library zorel_<name>.
+# zorel_public_headers(folder header ...) hands headers of src/<folder> to other programs: copies that include one another
+# as <zorel/folder/Header.h>, in the build folder for those that take the project in and in the installation.
+function(zorel_public_headers folder)
+    foreach(header IN LISTS ARGN)
+        set(source ${PROJECT_SOURCE_DIR}/src/${folder}/${header})
+        set(copy ${PROJECT_BINARY_DIR}/include/zorel/${folder}/${header})
+        file(READ ${source} text)
+        string(REGEX REPLACE "#include \"([a-z]+/[A-Za-z0-9]+\\.h)\"" "#include <zorel/\\1>" text "${text}")
+        file(CONFIGURE OUTPUT ${copy} CONTENT "${text}" @ONLY NEWLINE_STYLE UNIX)
+        set_property(DIRECTORY APPEND PROPERTY CMAKE_CONFIGURE_DEPENDS ${source})
+        install(FILES ${copy} DESTINATION ${CMAKE_INSTALL_INCLUDEDIR}/zorel/${folder} COMPONENT dev)
+    endforeach()
+endfunction()
+
+# zorel_library(name SOURCES a.cpp ... [HEADERS a.h ...] [PUBLIC libs ...] [PRIVATE libs ...]) makes the static library
+# zorel_<name>, which other programs know as Zorel::<name>; HEADERS are those that they may include.
 function(zorel_library name)
-    cmake_parse_arguments(ARG "" "" "SOURCES;PUBLIC;PRIVATE" ${ARGN})
+    cmake_parse_arguments(ARG "" "" "SOURCES;HEADERS;PUBLIC;PRIVATE" ${ARGN})
     add_library(zorel_${name} STATIC ${ARG_SOURCES})
-    target_include_directories(zorel_${name} PUBLIC ${PROJECT_SOURCE_DIR}/src)
+    add_library(Zorel::${name} ALIAS zorel_${name})
+    set_target_properties(zorel_${name} PROPERTIES
+        POSITION_INDEPENDENT_CODE ON CXX_EXTENSIONS OFF EXPORT_NAME ${name})
+    target_compile_features(zorel_${name} PUBLIC cxx_std_20)
+    target_include_directories(zorel_${name} PUBLIC
+        $<BUILD_INTERFACE:${PROJECT_SOURCE_DIR}/src> $<BUILD_INTERFACE:${PROJECT_BINARY_DIR}/include>
+        $<INSTALL_INTERFACE:${CMAKE_INSTALL_INCLUDEDIR}>)
     target_link_libraries(zorel_${name} PUBLIC ${ARG_PUBLIC} PRIVATE ${ARG_PRIVATE} $<BUILD_INTERFACE:zorel_options>)
+    file(RELATIVE_PATH folder ${PROJECT_SOURCE_DIR}/src ${CMAKE_CURRENT_SOURCE_DIR})
+    zorel_public_headers(${folder} ${ARG_HEADERS})
 endfunction()
 
 # zorel_test(name SOURCES a.cpp ... LIBS libs ... [LABELS quick ...]) makes <name>_test and registers it with ctest,

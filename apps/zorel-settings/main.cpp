@@ -1,9 +1,9 @@
 // SPDX-License-Identifier: Apache-2.0
 // zorel-settings: the settings pane in a window.
-#include "Arguments.h"
 #include "DisplayTrouble.h"
-#include "Pane.h"
+#include "PaneWindow.h"
 #include "SingleInstance.h"
+#include "WindowOptions.h"
 
 #include "common/GlobalFuncs.h"
 #include "platform/eventkit/EKEventStore.h"
@@ -34,14 +34,13 @@ using namespace zorel;
 
 constexpr int kDataTrouble = 3;
 
-void setLocations(const Arguments& arguments) {
+void setLocations(const WindowOptions& options) {
     Locations& places = Locations::current();
-    places.bundle = arguments.bundle.empty() ? bundleBesideProgram() : arguments.bundle;
-    places.ringtones =
-        arguments.ringtones.empty() ? ringtonesBesideBundle(places.bundle) : arguments.ringtones;
-    places.data = arguments.dataDir.empty() ? userDataDirectory().value_or("") : arguments.dataDir;
-    if (!arguments.calendar.empty()) {
-        EKEventStore::setCalendar(std::make_shared<FolderCalendar>(arguments.calendar));
+    places.bundle = options.bundle.empty() ? bundleBesideProgram() : options.bundle;
+    places.ringtones = options.ringtones.empty() ? ringtonesBesideBundle(places.bundle) : options.ringtones;
+    places.data = options.dataDir.empty() ? userDataDirectory().value_or("") : options.dataDir;
+    if (!options.calendar.empty()) {
+        EKEventStore::setCalendar(std::make_shared<FolderCalendar>(options.calendar));
     }
 }
 
@@ -77,23 +76,23 @@ void chooseRenderer() {
     setenv("QT_QUICK_BACKEND", "software", 1);
 }
 
-int drawPicture(Pane& pane, const Arguments& arguments) {
+int drawPicture(PaneWindow& pane, const WindowOptions& options) {
     pane.window().show();
-    pane.openScreen(arguments.screen, arguments.searchText);
+    pane.openScreen(options.screen, options.searchText);
     int code = kDataTrouble;
     QTimer timer;
     timer.setSingleShot(true);
     QObject::connect(&timer, &QTimer::timeout, &timer, [&] {
-        if (pane.picture().save(QString::fromStdString(arguments.screenshot))) {
+        if (pane.picture().save(QString::fromStdString(options.screenshot))) {
             code = 0;
         } else {
-            std::cerr << "zorel-settings: the picture could not be written to " << arguments.screenshot
+            std::cerr << "zorel-settings: the picture could not be written to " << options.screenshot
                       << ". Does the folder exist, may you write there, does the name end in .png?\n";
         }
         QGuiApplication::quit();
     });
     // Long enough for the new screen to have slid in.
-    timer.start(arguments.screen == "cities" ? 50 : 500);
+    timer.start(options.screen == "cities" ? 50 : 500);
     QGuiApplication::exec();
     return code;
 }
@@ -123,7 +122,7 @@ double residentMemory() {
     return resident * static_cast<double>(sysconf(_SC_PAGESIZE)) / 1e6;
 }
 
-int timeStart(Pane& pane) {
+int timeStart(PaneWindow& pane) {
     QObject::connect(
         &pane.window(), &QQuickWindow::frameSwapped, &pane.window(),
         [] {
@@ -136,7 +135,7 @@ int timeStart(Pane& pane) {
     return QGuiApplication::exec();
 }
 
-int openWindow(Pane& pane, SingleInstance& instance) {
+int openWindow(PaneWindow& pane, SingleInstance& instance) {
     instance.listen();
     QObject::connect(&instance, &SingleInstance::raiseRequested, &pane.window(), [&pane] {
         pane.window().show();
@@ -147,47 +146,47 @@ int openWindow(Pane& pane, SingleInstance& instance) {
     return QGuiApplication::exec();
 }
 
-int runProgram(int argc, char** argv, const Arguments& arguments) {
+int runProgram(int argc, char** argv, const WindowOptions& options) {
     auto guard = std::make_optional<DisplayGuard>();
     const QGuiApplication application(argc, argv);
     guard.reset();
     std::setlocale(LC_NUMERIC, "C");
     QGuiApplication::setDesktopFileName(QStringLiteral("org.zorel.Settings"));
     QGuiApplication::setWindowIcon(QIcon::fromTheme(QStringLiteral("org.zorel.Settings")));
-    setLocations(arguments);
+    setLocations(options);
     const std::string trouble = troubleAtStart();
     if (!trouble.empty()) {
         std::cerr << "zorel-settings: " << trouble << '\n';
     }
     SingleInstance instance(QString::fromStdString(Locations::current().data));
-    const bool forUse = arguments.screenshot.empty() && !arguments.timeStart;
+    const bool forUse = options.screenshot.empty() && !options.timeStart;
     if (forUse && instance.askOther()) {
         std::cout << "zorel-settings: the window is open already; it has been asked to come forward.\n";
         return 0;
     }
-    Pane pane(arguments, QString::fromStdString(trouble));
+    PaneWindow pane(options, QString::fromStdString(trouble));
     if (pane.window().status() == QQuickView::Error) {
         std::cerr
             << "zorel-settings: a part of Qt that draws the window is missing (its own message is above). On "
                "Debian: sudo apt install qml6-module-qtqml-workerscript\n";
         return kDataTrouble;
     }
-    if (arguments.timeStart) {
+    if (options.timeStart) {
         return timeStart(pane);
     }
-    return forUse ? openWindow(pane, instance) : drawPicture(pane, arguments);
+    return forUse ? openWindow(pane, instance) : drawPicture(pane, options);
 }
 
 } // namespace
 
 int main(int argc, char** argv) {
-    Arguments arguments;
+    WindowOptions options;
     int exitCode = 0;
-    if (!readArguments(argc, argv, arguments, exitCode)) {
+    if (!readWindowOptions(argc, argv, options, exitCode)) {
         return exitCode;
     }
-    if (!arguments.screenshot.empty()) {
+    if (!options.screenshot.empty()) {
         chooseRenderer();
     }
-    return runProgram(argc, argv, arguments);
+    return runProgram(argc, argv, options);
 }

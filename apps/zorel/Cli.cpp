@@ -1,12 +1,13 @@
 // SPDX-License-Identifier: Apache-2.0
 #include "Cli.h"
 
-#include "Arguments.h"
-#include "Commands.h"
-#include "UserData.h"
-#include "ZoneClock.h"
 #include "ZorelVersion.h"
+#include "commands/Commands.h"
+#include "commands/UserData.h"
+#include "grammar/Arguments.h"
+#include "grammar/DateArgument.h"
 
+#include "almanac/PlaceClock.h"
 #include "platform/eventkit/EKEventStore.h"
 #include "platform/eventkit/FolderCalendar.h"
 #include "platform/foundation/Clock.h"
@@ -50,8 +51,9 @@ const std::map<std::string, Command>& commands() {
 }
 
 std::string defaultDataDir() {
-    if (auto folder = userDataDirectory())
+    if (auto folder = userDataDirectory()) {
         return *std::move(folder);
+    }
     throw CliError(Exit::dataTrouble, "neither HOME nor XDG_DATA_HOME is set",
                    "name the folder of your cities and alarms with --data-dir DIR");
 }
@@ -68,14 +70,13 @@ void setLocations(const Options& options) {
 
 /// The instant that --now names, read in the system's time zone when it has no offset of its own.
 Instant pretendedNow(const std::string& text) {
-    const auto moment = parseMoment(text);
-    if (!moment || !moment->date)
+    const auto moment = almanac::parseMoment(text);
+    if (!moment || !moment->date) {
         throw CliError(Exit::badUse, fmt::format("--now: {} is not a moment", quote(text)),
                        "write it as 2026-11-21T15:04 or 2026-11-21T15:04:00+03:00");
-    const UtcSeconds wall = std::chrono::sys_days(*moment->date) + moment->timeOfDay;
-    const ZoneClock system(NamedClock{});
-    const auto offset = moment->offset ? *moment->offset : system.offsetAt(wall - system.offsetAt(wall));
-    return Instant(std::chrono::duration_cast<Instant::duration>((wall - offset).time_since_epoch()));
+    }
+    const almanac::Instant instant = instantOf(*moment, almanac::PlaceClock::ofMachine(), *moment->date);
+    return Instant(std::chrono::duration_cast<Instant::duration>(instant.time_since_epoch()));
 }
 
 bool usesPane(const std::string& command) {
@@ -83,20 +84,23 @@ bool usesPane(const std::string& command) {
 }
 
 Exit printDescription(const Options& options, Streams& streams) {
-    if (options.command == "completion")
+    if (options.command == "completion") {
         streams.out << completionScript(options.shell);
-    else
+    } else {
         streams.out << (options.markdown ? manualMarkdown() : manualPage());
+    }
     return Exit::ok;
 }
 
 Exit runCommand(const Options& options, Streams& streams) {
-    if (options.command == "completion" || options.command == "manual")
+    if (options.command == "completion" || options.command == "manual") {
         return printDescription(options, streams);
+    }
     setLocations(options);
     std::optional<ClockOverride> clock;
-    if (!options.now.empty())
+    if (!options.now.empty()) {
         clock.emplace(pretendedNow(options.now));
+    }
     if (usesPane(options.command)) {
         // The services write to the log; without its folder they would try and fail for every line.
         makeDataDir();
@@ -109,8 +113,9 @@ Exit runCommand(const Options& options, Streams& streams) {
 int failed(Streams& streams, Exit code, std::string_view what, std::string_view hint) {
     streams.out.flush();
     streams.err << "zorel: " << what << '\n';
-    if (!hint.empty())
+    if (!hint.empty()) {
         streams.err << "  " << hint << '\n';
+    }
     return static_cast<int>(code);
 }
 } // namespace
@@ -119,13 +124,15 @@ int runZorel(std::span<const std::string> words, Streams& streams) {
     Options options;
     try {
         const ParseResult parsed = parseArguments(words, options);
-        if (parsed.code != Exit::ok)
+        if (parsed.code != Exit::ok) {
             return failed(streams, parsed.code, parsed.text, parsed.hint);
+        }
         streams.out << parsed.text;
         const Exit code = parsed.run ? runCommand(options, streams) : Exit::ok;
         streams.out.flush();
-        if (!streams.out.good())
+        if (!streams.out.good()) {
             return failed(streams, Exit::dataTrouble, "the output could not be written", "is the disk full?");
+        }
         return static_cast<int>(code);
     } catch (const CliError& error) {
         return failed(streams, error.code(), error.what(), error.hint());

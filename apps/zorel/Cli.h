@@ -3,7 +3,7 @@
 /// The program "zorel" as a function, so that tests can run it.
 #pragma once
 
-#include "Context.h"
+#include "grammar/Context.h"
 
 #include <span>
 #include <string>

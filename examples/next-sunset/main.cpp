@@ -1,50 +1,31 @@
 // SPDX-License-Identifier: Apache-2.0
-// Prints the sunset prayer of today for a place of the catalogue:  next-sunset BUNDLE-FOLDER NAME YEAR MONTH
-// DAY
-#include "common/GlobalFuncs.h"
-#include "engine/FastAstro.h"
-#include "platform/foundation/Locations.h"
-#include "platform/foundation/NumberText.h"
-#include "store/CatalogueLookup.h"
+// Prints the next sunset prayer of a city:  next-sunset BUNDLE-FOLDER CITY
+#include <zorel/almanac/Almanac.h>
+#include <zorel/catalogue/Catalogue.h>
 
-#include <cstdio>
-#include <optional>
-#include <string>
+#include <iostream>
 
-namespace {
-
-double sunsetOf(const zorel::City& city, const zorel::DateTimeRecord& date) {
-    using zorel::doubleValue;
-    using zorel::integerValue;
-    zorel::FastAstro engine;
-    engine.SetCurrentDateTime(date);
-    engine.SetPlace(doubleValue(city.latitude), doubleValue(city.longitude), doubleValue(city.GMT),
-                    integerValue(city.DST), integerValue(city.startMonth), integerValue(city.startDay),
-                    integerValue(city.stopMonth), integerValue(city.stopDay), integerValue(city.hour),
-                    integerValue(city.temkin));
-    return engine.CalculatePrayTimes().today.times[zorel::PrayerTimes::sunset];
-}
-
-} // namespace
+using namespace zorel::almanac;
 
 int main(int argc, char** argv) {
-    if (argc != 6) {
-        std::fputs("usage: next-sunset BUNDLE-FOLDER NAME YEAR MONTH DAY\n", stderr);
-        return 2;
-    }
-    zorel::Locations::current().bundle = argv[1];
-    const zorel::GlobalFuncs services;
-    const auto matches = zorel::matchPlaces(services, argv[2], 1);
-    const auto place = matches.empty()
-                           ? std::nullopt
-                           : zorel::placeById(services, zorel::integerValue(matches.front().cityId));
-    if (!place) {
-        std::fprintf(stderr, "next-sunset: no place \"%s\" in the catalogue of %s\n", argv[2], argv[1]);
+    const auto cities =
+        zorel::catalogue::Catalogue::open(argc > 1 ? argv[1] : "/usr/share/zorel/Zorel.bundle");
+    const auto city = cities ? cities->find(argc > 2 ? argv[2] : "Istanbul") : std::nullopt;
+    if (!city) {
+        std::cerr << "next-sunset: no such city, or no catalogue\n";
         return 1;
     }
-    const auto date = zorel::DateRecordMake(zorel::integerValue(argv[5]), zorel::integerValue(argv[4]),
-                                            zorel::integerValue(argv[3]), 0, 0, 0);
-    const int minutes = static_cast<int>(sunsetOf(place->city, date) * 60.0 + 1.0);
-    std::printf("%s %02d:%02d\n", place->city.name.c_str(), minutes / 60 % 24, minutes % 60);
-    return 0;
+    const Almanac almanac(city->place);
+    const Instant now = std::chrono::floor<std::chrono::seconds>(std::chrono::system_clock::now());
+    const Date today = city->place.clock.dateAt(now);
+    for (int days = 0; days < 366; ++days) { // near the poles there is none for months
+        const Day day = almanac.day(addDays(today, days));
+        const DayTime& sunset = day[Prayer::maghrib];
+        if (sunset.exists() && sunset.shown > now) {
+            std::cout << city->place.name << ' ' << isoDateTime(sunset.local) << '\n';
+            return 0;
+        }
+    }
+    std::cerr << "next-sunset: no sunset within a year\n";
+    return 1;
 }

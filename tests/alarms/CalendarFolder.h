@@ -5,7 +5,7 @@
 
 #include "platform/eventkit/FolderCalendar.h"
 #include "platform/eventkit/IcsEvent.h"
-#include "tests/support/AlarmFixture.h"
+#include "tests/support/AlarmWorld.h"
 
 #include <gtest/gtest.h>
 

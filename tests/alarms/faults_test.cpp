@@ -172,19 +172,19 @@ void report(const char* what, int count) {
     EXPECT_GT(count, 100);
 }
 
-TEST(AlarmFaults, aProcessThatDiesBeforeAnyChange) {
+TEST(AlarmFaults, AProcessThatDiesBeforeAnyChange) {
     report("process killed", tryDeaths(faults::Effect::die));
 }
 
-TEST(AlarmFaults, aProcessThatDiesInTheMiddleOfAnyWrite) {
+TEST(AlarmFaults, AProcessThatDiesInTheMiddleOfAnyWrite) {
     report("process killed within a write", tryDeaths(faults::Effect::tear));
 }
 
-TEST(AlarmFaults, aDiskThatFillsUp) {
+TEST(AlarmFaults, ADiskThatFillsUp) {
     report("disk full from there on", tryFailures(ENOSPC, true));
 }
 
-TEST(AlarmFaults, aCallThatFailsOnce) {
+TEST(AlarmFaults, ACallThatFailsOnce) {
     report("input/output error", tryFailures(EIO, false));
 }
 

@@ -25,14 +25,14 @@ protected:
     std::string folder = world.path("calendar");
 };
 
-TEST_F(AlarmFolder, theFolderIsMadeWithTheFirstAlarm) {
+TEST_F(AlarmFolder, TheFolderIsMadeWithTheFirstAlarm) {
     world.functions.clearAllAlarms(true);
     EXPECT_FALSE(fs::exists(folder));
     place();
     test::expectInStep(world, "first alarm");
 }
 
-TEST_F(AlarmFolder, aFolderThatTheUserDeletedIsMadeAgain) {
+TEST_F(AlarmFolder, AFolderThatTheUserDeletedIsMadeAgain) {
     place();
     const std::string identifier = world.row(3).eventId;
     fs::remove_all(folder);
@@ -41,7 +41,7 @@ TEST_F(AlarmFolder, aFolderThatTheUserDeletedIsMadeAgain) {
     EXPECT_NE(world.row(3).eventId, identifier);
 }
 
-TEST_F(AlarmFolder, recomputingTwiceDoesNotTouchTheFile) {
+TEST_F(AlarmFolder, RecomputingTwiceDoesNotTouchTheFile) {
     place();
     const std::string text = test::readFile(eventPath());
     const auto written = fs::last_write_time(eventPath());
@@ -51,14 +51,14 @@ TEST_F(AlarmFolder, recomputingTwiceDoesNotTouchTheFile) {
     EXPECT_EQ(fs::last_write_time(eventPath()), written);
 }
 
-TEST_F(AlarmFolder, aMovedAlarmRaisesTheSequence) {
+TEST_F(AlarmFolder, AMovedAlarmRaisesTheSequence) {
     place();
     place(14.0);
     EXPECT_THAT(test::readFile(eventPath()), HasSubstr("SEQUENCE:1\r\n"));
     test::expectInStep(world, "moved");
 }
 
-TEST_F(AlarmFolder, theLastMinuteOfTheDayIsNotLost) {
+TEST_F(AlarmFolder, TheLastMinuteOfTheDayIsNotLost) {
     place(23.0 + 59.5 / 60.0);
     const std::string text = test::readFile(eventPath());
     const auto event = eventFromIcs(text);
@@ -67,7 +67,7 @@ TEST_F(AlarmFolder, theLastMinuteOfTheDayIsNotLost) {
     EXPECT_EQ(test::localText(event->endDate), "2026-11-21 00:00");
 }
 
-TEST_F(AlarmFolder, aBrokenEventFileIsLeftAloneAndTheAlarmGetsAnotherOne) {
+TEST_F(AlarmFolder, ABrokenEventFileIsLeftAloneAndTheAlarmGetsAnotherOne) {
     place();
     const std::string path = eventPath();
     test::writeFile(path, "BEGIN:VCALENDAR\r\nBEGIN:VEV");
@@ -78,7 +78,7 @@ TEST_F(AlarmFolder, aBrokenEventFileIsLeftAloneAndTheAlarmGetsAnotherOne) {
     EXPECT_EQ(test::readFile(folder + "/other.ics"), "BEGIN:VCALENDAR\r\nBEGIN:VEV");
 }
 
-TEST_F(AlarmFolder, aFolderInThePlaceOfAnEventDoesNotStopTheAlarm) {
+TEST_F(AlarmFolder, AFolderInThePlaceOfAnEventDoesNotStopTheAlarm) {
     place();
     const std::string path = eventPath();
     fs::remove(path);
@@ -89,7 +89,7 @@ TEST_F(AlarmFolder, aFolderInThePlaceOfAnEventDoesNotStopTheAlarm) {
     EXPECT_TRUE(fs::is_directory(path));
 }
 
-TEST_F(AlarmFolder, aFileInThePlaceOfTheFolderLeavesTheRowsAsWithARefusingCalendar) {
+TEST_F(AlarmFolder, AFileInThePlaceOfTheFolderLeavesTheRowsAsWithARefusingCalendar) {
     test::writeFile(folder, "not a folder");
     place();
     EXPECT_TRUE(world.row(3).active);
@@ -99,7 +99,7 @@ TEST_F(AlarmFolder, aFileInThePlaceOfTheFolderLeavesTheRowsAsWithARefusingCalend
     test::expectInStep(world, "folder possible again");
 }
 
-TEST_F(AlarmFolder, aUserWhoMayNotWriteInTheFolderGetsNoEvent) {
+TEST_F(AlarmFolder, AUserWhoMayNotWriteInTheFolderGetsNoEvent) {
     if (geteuid() == 0) {
         // Root may write anywhere; a folder on a file system that refuses everyone stands in for the
         // forbidden one.

@@ -42,13 +42,13 @@ protected:
     test::AlarmWorld world;
 };
 
-TEST_F(AlarmProcesses, placingTheSameAlarmMakesOneEvent) {
+TEST_F(AlarmProcesses, PlacingTheSameAlarmMakesOneEvent) {
     EXPECT_EQ(runAtOnce(4, [this](int) { place(2); }), 4);
     test::expectInStep(world, "four processes, one alarm");
     EXPECT_EQ(world.log(), "") << "no statement met a locked database";
 }
 
-TEST_F(AlarmProcesses, placingDifferentAlarmsKeepsAll) {
+TEST_F(AlarmProcesses, PlacingDifferentAlarmsKeepsAll) {
     EXPECT_EQ(runAtOnce(3,
                         [this](int number) {
                             for (int round = 0; round < kRounds; ++round) {
@@ -60,7 +60,7 @@ TEST_F(AlarmProcesses, placingDifferentAlarmsKeepsAll) {
     EXPECT_EQ(test::CalendarFolder(world.path("calendar")).events.size(), 6U);
 }
 
-TEST_F(AlarmProcesses, placingAndRemovingStayInStep) {
+TEST_F(AlarmProcesses, PlacingAndRemovingStayInStep) {
     EXPECT_EQ(runAtOnce(3,
                         [this](int number) {
                             for (int round = 0; round < kRounds; ++round) {

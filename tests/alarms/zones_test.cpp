@@ -2,7 +2,7 @@
 // The alarm moment is a time on the local clock: it must stay so on the eve, the day and the morrow of a
 // clock change.
 #include "tests/eventkit/MemoryCalendar.h"
-#include "tests/support/AlarmFixture.h"
+#include "tests/support/AlarmWorld.h"
 
 #include <gtest/gtest.h>
 
@@ -35,7 +35,7 @@ protected:
     test::AlarmWorld world;
 };
 
-TEST_P(Zones, theAlarmRingsAtTheLocalTime) {
+TEST_P(Zones, TheAlarmRingsAtTheLocalTime) {
     const ZoneCase& one = GetParam();
     const TimeZoneOverride zone(one.zone);
     const ClockOverride clock(localInstant(one.year, one.month, one.day, one.hour, one.minute));
@@ -113,7 +113,7 @@ INSTANTIATE_TEST_SUITE_P(
                     ZoneCase{"Asia/Kathmandu", 2026, 3, 29, 20, 0, 5.0, "2026-03-29 23:15"},
                     ZoneCase{"Pacific/Marquesas", 2026, 12, 31, 20, 0, 5.0, "2027-01-01 14:30"}));
 
-TEST(ZonesUnset, theSystemsZoneHolds) {
+TEST(ZonesUnset, TheSystemsZoneHolds) {
     const auto calendar = std::make_shared<MemoryCalendar>();
     EKEventStore::setCalendar(calendar);
     test::AlarmWorld world;

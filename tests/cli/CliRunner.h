@@ -35,8 +35,9 @@ inline std::vector<std::string> splitWords(const std::string& line) {
             inQuotes = !inQuotes;
             inWord = true;
         } else if (character == ' ' && !inQuotes) {
-            if (inWord)
+            if (inWord) {
                 words.push_back(word);
+            }
             word.clear();
             inWord = false;
         } else {
@@ -44,8 +45,9 @@ inline std::vector<std::string> splitWords(const std::string& line) {
             inWord = true;
         }
     }
-    if (inWord)
+    if (inWord) {
         words.push_back(word);
+    }
     return words;
 }
 
@@ -62,8 +64,9 @@ public:
 
     CliResult operator()(const std::string& line) {
         std::vector<std::string> words{"--bundle", builtBundle(), "--data-dir", folder.path("data")};
-        for (const std::string& word : splitWords(common + ' ' + line))
+        for (const std::string& word : splitWords(common + ' ' + line)) {
             words.push_back(word);
+        }
         return plain(words);
     }
 

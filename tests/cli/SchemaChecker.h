@@ -35,14 +35,17 @@ public:
                                                  "minimum", "maximum",    "$ref"};
         std::set<std::string> unknown;
         for (const auto& [key, value] : schema.items()) {
-            if (!known.contains(key))
+            if (!known.contains(key)) {
                 unknown.insert(key);
-            if (key == "properties") {
-                for (const auto& [name, inner] : value.items())
-                    unknown.merge(unknownKeywords(inner));
             }
-            if (key == "items")
+            if (key == "properties") {
+                for (const auto& [name, inner] : value.items()) {
+                    unknown.merge(unknownKeywords(inner));
+                }
+            }
+            if (key == "items") {
                 unknown.merge(unknownKeywords(value));
+            }
         }
         return unknown;
     }
@@ -51,53 +54,66 @@ private:
     void report(const std::string& path, const std::string& what) { problems_.push_back(path + ": " + what); }
 
     static bool hasType(const Json& value, const std::string& type) {
-        if (type == "null")
+        if (type == "null") {
             return value.is_null();
-        if (type == "boolean")
+        }
+        if (type == "boolean") {
             return value.is_boolean();
-        if (type == "integer")
+        }
+        if (type == "integer") {
             return value.is_number_integer();
-        if (type == "number")
+        }
+        if (type == "number") {
             return value.is_number();
-        if (type == "string")
+        }
+        if (type == "string") {
             return value.is_string();
+        }
         return type == "array" ? value.is_array() : value.is_object();
     }
 
     void checkType(const Json& value, const Json& type, const std::string& path) {
         const std::vector<std::string> types =
             type.is_array() ? type.get<std::vector<std::string>>() : std::vector{type.get<std::string>()};
-        if (std::none_of(types.begin(), types.end(), [&](const auto& one) { return hasType(value, one); }))
+        if (std::none_of(types.begin(), types.end(), [&](const auto& one) { return hasType(value, one); })) {
             report(path, "wrong type " + value.dump());
+        }
     }
 
     void checkValue(const Json& value, const Json& schema, const std::string& path) {
-        if (schema.contains("const") && schema["const"] != value)
+        if (schema.contains("const") && schema["const"] != value) {
             report(path, "is not " + schema["const"].dump());
+        }
         if (schema.contains("enum") &&
-            std::find(schema["enum"].begin(), schema["enum"].end(), value) == schema["enum"].end())
+            std::find(schema["enum"].begin(), schema["enum"].end(), value) == schema["enum"].end()) {
             report(path, "is none of the choices: " + value.dump());
-        if (value.is_number() && schema.contains("minimum") && value < schema["minimum"])
+        }
+        if (value.is_number() && schema.contains("minimum") && value < schema["minimum"]) {
             report(path, "too small");
-        if (value.is_number() && schema.contains("maximum") && value > schema["maximum"])
+        }
+        if (value.is_number() && schema.contains("maximum") && value > schema["maximum"]) {
             report(path, "too large");
+        }
         if (value.is_string() && schema.contains("pattern") &&
-            !std::regex_search(value.get<std::string>(), std::regex(schema["pattern"].get<std::string>())))
+            !std::regex_search(value.get<std::string>(), std::regex(schema["pattern"].get<std::string>()))) {
             report(path, "does not match: " + value.dump());
+        }
     }
 
     void checkObject(const Json& value, const Json& schema, const std::string& path) {
         const Json properties = schema.value("properties", Json::object());
         const Json required = schema.value("required", Json::array());
         for (const auto& name : required) {
-            if (!value.contains(name.get<std::string>()))
+            if (!value.contains(name.get<std::string>())) {
                 report(path, "lacks " + name.get<std::string>());
+            }
         }
         for (const auto& [name, inner] : value.items()) {
-            if (properties.contains(name))
+            if (properties.contains(name)) {
                 walk(inner, properties[name], fmt::format("{}.{}", path, name));
-            else if (!schema.value("additionalProperties", true))
+            } else if (!schema.value("additionalProperties", true)) {
                 report(path, "has an unknown member " + name);
+            }
         }
     }
 
@@ -107,14 +123,17 @@ private:
             walk(value, root_.at("$defs").at(target), path);
             return;
         }
-        if (schema.contains("type"))
+        if (schema.contains("type")) {
             checkType(value, schema["type"], path);
+        }
         checkValue(value, schema, path);
-        if (value.is_object())
+        if (value.is_object()) {
             checkObject(value, schema, path);
+        }
         if (value.is_array() && schema.contains("items")) {
-            for (std::size_t i = 0; i < value.size(); ++i)
+            for (std::size_t i = 0; i < value.size(); ++i) {
                 walk(value[i], schema["items"], path + '[' + std::to_string(i) + ']');
+            }
         }
     }
 

@@ -31,12 +31,21 @@ TEST(CliErrors, EachSaysWhatIsWrongAndWhatToDo) {
         {"today --date", 2, "--date: its value is missing"},
         {"today Ankara --date \"\"", 2, "--date: its value is empty"},
         {"today Ankara --date +1 --date +2", 2, "--date is given more than once"},
-        {"today Xyzzyxyzzy", 1, "no place \"Xyzzyxyzzy\""},
-        {"today \"Paris, Nowhere\"", 1, "no place"},
-        {"today \"Istanbul, Turkey\"", 1, "there are: İstanbul / Türkiye (745044)"},
+        {"today Xyzzyxyzzy", 1, "no place is called Xyzzyxyzzy\n"},
+        {"today \"Paris, Nowhere\"", 1, "no place called Paris lies in Nowhere\n"},
+        {"today \"Paris, Nowhere\"", 1, "there are: Paris / Île-de-France / France (2988507); Paris / Texas"},
+        {"today \"Istanbul, Greece\"", 1, "there are: İstanbul / Türkiye (745044)"},
+        {"today Ankra", 1, "no place is called Ankra; did you mean Ankara,"},
+        {"today Ank", 1, "did you mean Ankara,"},
+        {"tomorrow Berln", 1, "no place is called Berln; did you mean Berlin,"},
+        {"sky Istanb", 1, "did you mean İstanbul"},
+        {"cities add Islamabadd", 1, "no place is called Islamabadd; did you mean Islamabad,"},
+        {"table a%b", 1, "no place is called a%b"},
+        {"today %%%", 1, "no place is called %%%\n"},
+        {"today ,", 2, "the place is empty"},
         {"today 1", 1, "catalogue id 1"},
         {"today 99999999999", 2, "too large"},
-        {"today ab", 2, "too short"},
+        {"today ab", 1, "no place is called ab"},
         {"today 91,0", 2, "latitude"},
         {"today 41.01 28.97", 2, "write a point as 41.01,28.97"},
         {"today -1", 2, "neither a name nor a point"},
@@ -127,9 +136,28 @@ void expectDataTrouble(CliRunner& run, const std::string& line, const char* says
 TEST(CliErrors, AUserDatabaseThatCannotBeReadIsNotTakenForAnEmptyOne) {
     CliRunner run;
     writeFile(run.folder.path("data/user.sqlite"), "this is no database, it is a text of some length");
-    for (const char* line : {"cities", "cities add Oslo", "alarms", "alarms refresh", "today", "widget"})
+    for (const char* line : {"cities", "cities add Oslo", "alarms", "alarms refresh", "today", "widget"}) {
         expectDataTrouble(run, line, "cannot read your cities");
+    }
     EXPECT_EQ(run("today Oslo").code, 0);
+}
+
+TEST(CliErrors, AListOfCitiesThatBreaksOffIsNotTakenForAShorterOne) {
+    CliRunner run;
+    ASSERT_EQ(run("cities add Oslo").code, 0);
+    const std::string path = run.folder.path("data/user.sqlite");
+    sqlite3* database = nullptr;
+    ASSERT_EQ(sqlite3_open(path.c_str(), &database), SQLITE_OK);
+    ASSERT_EQ(sqlite3_exec(database,
+                           "WITH RECURSIVE N(I) AS (SELECT 1 UNION ALL SELECT I + 1 FROM N WHERE I < 2000) "
+                           "INSERT INTO USER_CITY SELECT I, 0 FROM N; UPDATE USER_CITY SET SETASHOME = 0",
+                           nullptr, nullptr, nullptr),
+              SQLITE_OK);
+    sqlite3_close(database);
+    std::string bytes = readFile(path);
+    bytes.replace(bytes.size() - 4096, 4096, 4096, '\xff');
+    writeFile(path, bytes);
+    expectDataTrouble(run, "today", "cannot read your cities");
 }
 
 TEST(CliErrors, ChangesThatAreNotStoredAreNotReportedAsDone) {

@@ -42,8 +42,9 @@ GoldenCase readCase(const std::string& path) {
 std::string marked(const std::string& text, const std::string& mark) {
     std::istringstream lines(text);
     std::string result;
-    for (std::string line; std::getline(lines, line);)
+    for (std::string line; std::getline(lines, line);) {
         result += mark + line + '\n';
+    }
     return result;
 }
 
@@ -55,8 +56,9 @@ std::vector<std::string> casePaths() {
     std::vector<std::string> paths;
     for (const auto& entry :
          std::filesystem::directory_iterator(std::string(ZOREL_SOURCE_DIR) + "/tests/data/cli")) {
-        if (entry.path().extension() == ".case")
+        if (entry.path().extension() == ".case") {
             paths.push_back(entry.path().string());
+        }
     }
     std::sort(paths.begin(), paths.end());
     return paths;
@@ -72,10 +74,11 @@ TEST(CliGolden, EveryCaseGivesItsOutput) {
         CliRunner run(golden.zone);
         run.common.clear();
         const std::string actual = outcome(run(golden.line));
-        if (std::getenv("ZOREL_WRITE_GOLDEN") != nullptr)
+        if (std::getenv("ZOREL_WRITE_GOLDEN") != nullptr) {
             std::ofstream(path) << "# zone " << golden.zone << "\n$ zorel " << golden.line << '\n' << actual;
-        else
+        } else {
             EXPECT_EQ(actual, golden.expected) << path;
+        }
     }
 }
 

@@ -23,16 +23,25 @@ expect "$("$prefix/bin/zorel" today 745044 --short --lang en)" "Maghrib"
 [ -s "$prefix/share/doc/zorel/NOTICE" ] || fail "no credits"
 if grep -rIl "$source" "$prefix" | grep -q .; then fail "installed files name the source folder"; fi
 
-arguments=("$prefix/share/zorel/Zorel.bundle" Istanbul 2026 11 21)
-cmake -S "$source/examples/next-sunset" -B "$work/example" -DCMAKE_PREFIX_PATH="$prefix" > "$work/example.log"
-cmake --build "$work/example" >> "$work/example.log"
-expect "$("$work/example/next-sunset" "${arguments[@]}")" "17:49"
-
-pkgconfig=$(dirname "$(find "$prefix" -name zorel.pc)")
+# Programs of others, against what was installed: they see two folders of headers and need no more than they use.
+[ "$(cd "$prefix/include/zorel" && echo *)" = "almanac catalogue engine" ] || fail "headers of internals are installed"
+for example in next-sunset month-table; do
+    cmake -S "$source/examples/$example" -B "$work/$example" -DCMAKE_PREFIX_PATH="$prefix" > "$work/$example.log"
+    cmake --build "$work/$example" >> "$work/$example.log"
+done
+expect "$("$work/next-sunset/next-sunset" "$prefix/share/zorel/Zorel.bundle" Istanbul)" "İstanbul 20"
+expect "$("$work/month-table/month-table")" "2026-12-21  06:"
+PKG_CONFIG_PATH=$(dirname "$(find "$prefix" -name zorel-almanac.pc)")
+export PKG_CONFIG_PATH
+for needed in sqlite3 icu plist ical fmt; do
+    if pkg-config --libs zorel-almanac | grep -q "$needed"; then fail "the almanac asks for $needed"; fi
+done
 # shellcheck disable=SC2046
-c++ -std=c++20 "$source/examples/next-sunset/main.cpp" -o "$work/next-sunset" \
-    $(PKG_CONFIG_PATH=$pkgconfig pkg-config --cflags --libs zorel)
-expect "$("$work/next-sunset" "${arguments[@]}")" "17:49"
+c++ -std=c++20 "$source/examples/month-table/main.cpp" -o "$work/month" $(pkg-config --cflags --libs zorel-almanac)
+[ "$("$work/month")" = "$("$work/month-table/month-table")" ] || fail "two ways of linking, two tables"
+# shellcheck disable=SC2046
+c++ -std=c++20 "$source/examples/next-sunset/main.cpp" -o "$work/sunset" $(pkg-config --cflags --libs zorel-catalogue)
+expect "$("$work/sunset" "$prefix/share/zorel/Zorel.bundle" Ankara)" "Ankara 20"
 
 cpack --config "$build/CPackConfig.cmake" -B "$work/packages" > "$work/cpack.log"
 package=$(ls "$work"/packages/zorel_*.deb)

@@ -24,8 +24,9 @@ void expectValid(const std::string& definition, const std::string& text) {
 
 TEST(CliJson, TheCheckerKnowsEveryKeywordOfTheSchema) {
     const Json definitions = schema()["$defs"];
-    for (const auto& [name, definition] : definitions.items())
+    for (const auto& [name, definition] : definitions.items()) {
         EXPECT_TRUE(SchemaChecker::unknownKeywords(definition).empty()) << name;
+    }
     EXPECT_FALSE(SchemaChecker::unknownKeywords(Json{{"maxItems", 3}}).empty());
 }
 
@@ -86,8 +87,9 @@ TEST(CliJson, AWholeCatalogueStreamIsOneDocumentPerLine) {
     ASSERT_EQ(result.code, 0) << result.err;
     std::istringstream lines(result.out);
     int count = 0;
-    for (std::string line; std::getline(lines, line); ++count)
+    for (std::string line; std::getline(lines, line); ++count) {
         expectValid("place-day", line);
+    }
     EXPECT_EQ(count, 20);
 }
 
@@ -96,8 +98,9 @@ TEST(CliJson, TimesAreTheSameInstantsInTextAndJson) {
     const Json day = Json::parse(run("today Istanbul --json").out);
     const std::string text = run("today Istanbul --short").out;
     const Json& times = day["times"];
-    for (const auto& [name, time] : times.items())
+    for (const auto& [name, time] : times.items()) {
         EXPECT_NE(text.find(time.get<std::string>().substr(11, 5)), std::string::npos) << name;
+    }
     EXPECT_EQ(day["next"]["at"], day["times"]["dhuhr"]);
 }
 

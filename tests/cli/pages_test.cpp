@@ -1,13 +1,12 @@
 // SPDX-License-Identifier: Apache-2.0
 // Help, manual page, markdown page, completions and README say the same, and their examples run.
-#include "Arguments.h"
 #include "CliRunner.h"
-#include "Examples.h"
+#include "grammar/Arguments.h"
+#include "grammar/Examples.h"
+#include "tests/support/Programs.h"
 
 #include <gtest/gtest.h>
 
-#include <array>
-#include <cstdio>
 #include <fstream>
 #include <regex>
 #include <set>
@@ -26,8 +25,9 @@ std::string fromSource(const std::string& path) {
 std::string withoutEscapes(std::string text) {
     std::string result;
     for (std::size_t i = 0; i < text.size(); ++i) {
-        if (text[i] != '\\')
+        if (text[i] != '\\') {
             result += text[i];
+        }
     }
     return result;
 }
@@ -63,8 +63,9 @@ TEST(CliPages, TheCommittedPageIsThePrintedOne) {
 
 TEST(CliPages, CommandsNamedInTheReadmeExist) {
     std::set<std::string> names;
-    for (const CommandHelp& command : describeCommands())
+    for (const CommandHelp& command : describeCommands()) {
         names.insert(command.name);
+    }
     for (const char* page : {"README.md", "docs/widgets.md", "docs/json.md"}) {
         const std::string text = fromSource(page);
         ASSERT_FALSE(text.empty()) << page;
@@ -88,8 +89,9 @@ TEST(CliPages, ExamplesThatOnlyReadRun) {
             const bool runs = line.find_first_of("|>") == std::string::npos && !line.starts_with("alarms ") &&
                               !line.starts_with("cities ") && line.find("--follow") == std::string::npos &&
                               line.find("--all") == std::string::npos;
-            if (!runs)
+            if (!runs) {
                 continue;
+            }
             CliRunner run;
             const CliResult result = run(line);
             EXPECT_EQ(result.code, 0) << example << '\n' << result.err;
@@ -116,20 +118,10 @@ TEST(CliPages, HelpTextsFitIntoATerminal) {
     CliRunner run;
     for (const CommandHelp& command : describeCommands()) {
         std::istringstream lines(run.plain(splitWords(command.name + " --help")).out);
-        for (std::string line; std::getline(lines, line);)
+        for (std::string line; std::getline(lines, line);) {
             EXPECT_LE(cli::displayWidth(line), 80U) << command.name << '\n' << line;
+        }
     }
-}
-
-std::string outputOf(const std::string& command) {
-    std::string text;
-    if (FILE* pipe = popen(command.c_str(), "r")) {
-        std::array<char, 4096> buffer{};
-        for (std::size_t size = 0; (size = fread(buffer.data(), 1, buffer.size(), pipe)) > 0;)
-            text.append(buffer.data(), size);
-        text += pclose(pipe) == 0 ? "" : "(failed)";
-    }
-    return text;
 }
 
 /// What bash offers behind some words.
@@ -159,8 +151,9 @@ std::string fishOffers(const std::string& line) {
 }
 
 TEST(CliPages, FishCompletes) {
-    if (outputOf("command -v fish").empty())
+    if (!hasProgram("fish")) {
         GTEST_SKIP() << "fish is not installed";
+    }
     EXPECT_EQ(fishOffers("zorel to"), "today tomorrow ");
     EXPECT_EQ(fishOffers("zorel --lang tr cities "), "add home remove ");
     EXPECT_EQ(fishOffers("zorel alarms on "), "asr dhuhr fajr isha maghrib sunrise ");
@@ -169,6 +162,9 @@ TEST(CliPages, FishCompletes) {
 }
 
 TEST(CliPages, TheManualPageIsGoodRoff) {
+    if (!hasProgram("groff")) {
+        GTEST_SKIP() << "groff is not installed";
+    }
     const TemporaryFolder folder;
     writeFile(folder.path("zorel.1"), cli::manualPage());
     const std::string warnings =

@@ -27,11 +27,13 @@ protected:
     std::map<std::string, std::string> calendarFiles() {
         std::map<std::string, std::string> files;
         const std::string folder = run.folder.path("data/calendar");
-        if (!std::filesystem::exists(folder))
+        if (!std::filesystem::exists(folder)) {
             return files;
+        }
         for (const auto& entry : std::filesystem::directory_iterator(folder)) {
-            if (entry.path().extension() == ".ics")
+            if (entry.path().extension() == ".ics") {
                 files[entry.path().filename().string()] = readFile(entry.path().string());
+            }
         }
         return files;
     }
@@ -131,8 +133,9 @@ TEST_F(CliPane, RingtoneAndDuration) {
 
 TEST_F(CliPane, RefreshMovesToTheNextDayAndChangesNothingTheSecondTime) {
     ok("cities add Istanbul");
-    for (const char* prayer : {"fajr", "dhuhr", "isha"})
+    for (const char* prayer : {"fajr", "dhuhr", "isha"}) {
         ok("alarms on " + std::string(prayer));
+    }
     const auto first = calendarFiles();
     ASSERT_EQ(first.size(), 3U);
     run.common = "--lang en --now 2026-11-22T00:05:00+03:00";

@@ -23,15 +23,17 @@ class Program {
 public:
     explicit Program(const std::vector<std::string>& words) {
         std::array<int, 2> ends{};
-        if (pipe2(ends.data(), O_CLOEXEC) != 0)
+        if (pipe2(ends.data(), O_CLOEXEC) != 0) {
             return;
+        }
         output_ = ends[0];
         pid_ = fork();
         if (pid_ == 0) {
             dup2(ends[1], STDOUT_FILENO);
             std::vector<char*> arguments{const_cast<char*>(ZOREL_PROGRAM)};
-            for (const std::string& word : words)
+            for (const std::string& word : words) {
                 arguments.push_back(const_cast<char*>(word.c_str()));
+            }
             arguments.push_back(nullptr);
             execv(ZOREL_PROGRAM, arguments.data());
             _exit(127);
@@ -52,13 +54,15 @@ public:
         std::string line;
         char character = 0;
         pollfd ready{output_, POLLIN, 0};
-        while (poll(&ready, 1, 20'000) > 0 && read(output_, &character, 1) == 1 && character != '\n')
+        while (poll(&ready, 1, 20'000) > 0 && read(output_, &character, 1) == 1 && character != '\n') {
             line += character;
+        }
         return line;
     }
     void closeOutput() {
-        if (output_ >= 0)
+        if (output_ >= 0) {
             close(output_);
+        }
         output_ = -1;
     }
     [[nodiscard]] pid_t pid() const { return pid_; }

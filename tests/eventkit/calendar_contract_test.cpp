@@ -38,7 +38,7 @@ protected:
     std::string error;
 };
 
-TEST_P(CalendarContract, holdsNothingAtFirst) {
+TEST_P(CalendarContract, HoldsNothingAtFirst) {
     EXPECT_FALSE(calendar->eventWithIdentifier("zorel-a-1"));
     EXPECT_FALSE(calendar->eventWithIdentifier(""));
     EXPECT_THAT(calendar->identifiersWithPrefix(""), IsEmpty());
@@ -46,12 +46,12 @@ TEST_P(CalendarContract, holdsNothingAtFirst) {
     EXPECT_NE(error, "");
 }
 
-TEST_P(CalendarContract, hasAName) {
+TEST_P(CalendarContract, HasAName) {
     EXPECT_NE(calendar->description().calendarIdentifier, "");
     EXPECT_NE(calendar->description().title, "");
 }
 
-TEST_P(CalendarContract, givesBackEveryFieldOfASavedEvent) {
+TEST_P(CalendarContract, GivesBackEveryFieldOfASavedEvent) {
     EKEvent event = sampleEvent("zorel-a-1");
     event.title = "Öğle; namazı, \\ \"vakti\"\nikinci satır";
     event.location = std::string(300, 'x') + "ığüşöç";
@@ -63,19 +63,19 @@ TEST_P(CalendarContract, givesBackEveryFieldOfASavedEvent) {
     EXPECT_EQ(saved("zorel-a-1").calendar, calendar->description());
 }
 
-TEST_P(CalendarContract, distinguishesNoNotesFromNotes) {
+TEST_P(CalendarContract, DistinguishesNoNotesFromNotes) {
     ASSERT_TRUE(save(sampleEvent("zorel-a-1"))) << error;
     EXPECT_EQ(saved("zorel-a-1").notes, std::nullopt);
 }
 
-TEST_P(CalendarContract, keepsAnEventWithoutAlarms) {
+TEST_P(CalendarContract, KeepsAnEventWithoutAlarms) {
     EKEvent event = sampleEvent("zorel-a-1");
     event.alarms.clear();
     ASSERT_TRUE(save(event)) << error;
     EXPECT_THAT(saved("zorel-a-1").alarms, IsEmpty());
 }
 
-TEST_P(CalendarContract, overwritesTheEventOfTheSameIdentifier) {
+TEST_P(CalendarContract, OverwritesTheEventOfTheSameIdentifier) {
     EKEvent event = sampleEvent("zorel-a-1");
     event.notes = "gone afterwards";
     event.recurrenceRules = {"FREQ=DAILY"};
@@ -88,13 +88,13 @@ TEST_P(CalendarContract, overwritesTheEventOfTheSameIdentifier) {
     EXPECT_THAT(calendar->identifiersWithPrefix(""), ElementsAre("zorel-a-1"));
 }
 
-TEST_P(CalendarContract, savingTheSameTwiceIsFine) {
+TEST_P(CalendarContract, SavingTheSameTwiceIsFine) {
     ASSERT_TRUE(save(sampleEvent("zorel-a-1"))) << error;
     ASSERT_TRUE(save(sampleEvent("zorel-a-1"))) << error;
     EXPECT_TRUE(sameEvent(saved("zorel-a-1"), sampleEvent("zorel-a-1")));
 }
 
-TEST_P(CalendarContract, endsOneMinuteAfterTheStartWhenTheEndLiesBefore) {
+TEST_P(CalendarContract, EndsOneMinuteAfterTheStartWhenTheEndLiesBefore) {
     EKEvent event = sampleEvent("zorel-a-1");
     event.endDate = event.startDate - std::chrono::hours{24} + std::chrono::minutes{1};
     ASSERT_TRUE(save(event)) << error;
@@ -103,14 +103,14 @@ TEST_P(CalendarContract, endsOneMinuteAfterTheStartWhenTheEndLiesBefore) {
     EXPECT_TRUE(save(event));
 }
 
-TEST_P(CalendarContract, endsOneMinuteAfterTheStartWhenTheyAreEqual) {
+TEST_P(CalendarContract, EndsOneMinuteAfterTheStartWhenTheyAreEqual) {
     EKEvent event = sampleEvent("zorel-a-1");
     event.endDate = event.startDate;
     ASSERT_TRUE(save(event)) << error;
     EXPECT_EQ(saved("zorel-a-1").endDate, event.startDate + std::chrono::minutes{1});
 }
 
-TEST_P(CalendarContract, listsIdentifiersByTheirBeginning) {
+TEST_P(CalendarContract, ListsIdentifiersByTheirBeginning) {
     ASSERT_TRUE(save(sampleEvent("zorel-a-1")));
     ASSERT_TRUE(save(sampleEvent("zorel-a-2")));
     ASSERT_TRUE(save(sampleEvent("zorel-b-1")));
@@ -118,7 +118,7 @@ TEST_P(CalendarContract, listsIdentifiersByTheirBeginning) {
     EXPECT_THAT(calendar->identifiersWithPrefix("zorel-c-"), IsEmpty());
 }
 
-TEST_P(CalendarContract, removesOneEventOnly) {
+TEST_P(CalendarContract, RemovesOneEventOnly) {
     ASSERT_TRUE(save(sampleEvent("zorel-a-1")));
     ASSERT_TRUE(save(sampleEvent("zorel-a-2")));
     EXPECT_TRUE(calendar->removeEvent("zorel-a-1", error));
@@ -127,13 +127,13 @@ TEST_P(CalendarContract, removesOneEventOnly) {
     EXPECT_FALSE(calendar->removeEvent("zorel-a-1", error));
 }
 
-TEST_P(CalendarContract, doesNotConfuseIdentifiersThatContainEachOther) {
+TEST_P(CalendarContract, DoesNotConfuseIdentifiersThatContainEachOther) {
     ASSERT_TRUE(save(sampleEvent("zorel-a-11")));
     EXPECT_FALSE(calendar->eventWithIdentifier("zorel-a-1"));
     EXPECT_FALSE(calendar->removeEvent("zorel-a-1", error));
 }
 
-TEST_P(CalendarContract, refusesAnEventWithoutIdentifier) {
+TEST_P(CalendarContract, RefusesAnEventWithoutIdentifier) {
     EXPECT_FALSE(save(sampleEvent("")));
     EXPECT_NE(error, "");
     EXPECT_THAT(calendar->identifiersWithPrefix(""), IsEmpty());

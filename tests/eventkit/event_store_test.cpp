@@ -31,7 +31,7 @@ protected:
     std::shared_ptr<MemoryCalendar> memory = std::make_shared<MemoryCalendar>();
 };
 
-TEST_F(EventStore, aNewEventIsEmptyAndHasNoIdentifier) {
+TEST_F(EventStore, ANewEventIsEmptyAndHasNoIdentifier) {
     const EKEvent event = EKEvent::eventWithEventStore(EKEventStore());
     EXPECT_EQ(event.eventIdentifier, "");
     EXPECT_EQ(event.title, "");
@@ -40,7 +40,7 @@ TEST_F(EventStore, aNewEventIsEmptyAndHasNoIdentifier) {
     EXPECT_TRUE(event.alarms.empty());
 }
 
-TEST_F(EventStore, savingGivesAnIdentifierThatStays) {
+TEST_F(EventStore, SavingGivesAnIdentifierThatStays) {
     const EKEventStore store("0123");
     EKEvent event = newEvent(store);
     ASSERT_TRUE(store.saveEvent(event, EKSpan::thisEvent, nullptr));
@@ -53,7 +53,7 @@ TEST_F(EventStore, savingGivesAnIdentifierThatStays) {
     EXPECT_EQ(EKEventStore().eventWithIdentifier(identifier)->startDate, event.startDate);
 }
 
-TEST_F(EventStore, identifiersDiffer) {
+TEST_F(EventStore, IdentifiersDiffer) {
     const EKEventStore store;
     for (int count = 0; count < 100; ++count) {
         EKEvent event = newEvent(store);
@@ -62,7 +62,7 @@ TEST_F(EventStore, identifiersDiffer) {
     EXPECT_EQ(memory->events.size(), 100U);
 }
 
-TEST_F(EventStore, aRefusedNewEventStaysWithoutIdentifier) {
+TEST_F(EventStore, ARefusedNewEventStaysWithoutIdentifier) {
     memory->refusesSaving = true;
     const EKEventStore store;
     EKEvent event = newEvent(store);
@@ -72,7 +72,7 @@ TEST_F(EventStore, aRefusedNewEventStaysWithoutIdentifier) {
     EXPECT_EQ(event.eventIdentifier, "");
 }
 
-TEST_F(EventStore, aRefusedChangeKeepsTheIdentifier) {
+TEST_F(EventStore, ARefusedChangeKeepsTheIdentifier) {
     const EKEventStore store;
     EKEvent event = newEvent(store);
     ASSERT_TRUE(store.saveEvent(event, EKSpan::thisEvent, nullptr));
@@ -82,7 +82,7 @@ TEST_F(EventStore, aRefusedChangeKeepsTheIdentifier) {
     EXPECT_EQ(event.eventIdentifier, identifier);
 }
 
-TEST_F(EventStore, anEventWithoutCalendarIsRefused) {
+TEST_F(EventStore, AnEventWithoutCalendarIsRefused) {
     const EKEventStore store;
     EKEvent event = newEvent(store);
     event.calendar.reset();
@@ -92,7 +92,7 @@ TEST_F(EventStore, anEventWithoutCalendarIsRefused) {
     EXPECT_TRUE(memory->handedOver.empty());
 }
 
-TEST_F(EventStore, removesAnEvent) {
+TEST_F(EventStore, RemovesAnEvent) {
     const EKEventStore store;
     EKEvent event = newEvent(store);
     ASSERT_TRUE(store.saveEvent(event, EKSpan::thisEvent, nullptr));
@@ -103,7 +103,7 @@ TEST_F(EventStore, removesAnEvent) {
     EXPECT_NE(error, "");
 }
 
-TEST_F(EventStore, sweepsOnlyEventsOfItsOwner) {
+TEST_F(EventStore, SweepsOnlyEventsOfItsOwner) {
     const EKEventStore mine("aaaa");
     EKEvent kept = newEvent(mine);
     EKEvent lost = newEvent(mine);
@@ -134,7 +134,7 @@ private:
     static std::runtime_error failure() { return std::runtime_error("out of order"); }
 };
 
-TEST_F(EventStore, anExceptionOfTheCalendarIsAFailure) {
+TEST_F(EventStore, AnExceptionOfTheCalendarIsAFailure) {
     EKEventStore::setCalendar(std::make_shared<ThrowingCalendar>());
     const EKEventStore store;
     EKEvent event = newEvent(store);
@@ -148,7 +148,7 @@ TEST_F(EventStore, anExceptionOfTheCalendarIsAFailure) {
     EXPECT_EQ(store.removeEventsExcept({}), 0);
 }
 
-TEST_F(EventStore, withoutASetCalendarUsesTheFolderInTheDataDirectory) {
+TEST_F(EventStore, WithoutASetCalendarUsesTheFolderInTheDataDirectory) {
     EKEventStore::setCalendar(nullptr);
     const test::TemporaryLocations locations;
     const EKEventStore store;

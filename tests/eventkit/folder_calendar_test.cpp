@@ -59,7 +59,7 @@ protected:
     std::string error;
 };
 
-TEST_F(FolderCalendarTest, makesTheFolderAtTheFirstSaveWithNameAndColour) {
+TEST_F(FolderCalendarTest, MakesTheFolderAtTheFirstSaveWithNameAndColour) {
     FolderCalendar calendar(folder);
     EXPECT_FALSE(fs::exists(folder));
     EXPECT_FALSE(calendar.eventWithIdentifier(kUid));
@@ -71,7 +71,7 @@ TEST_F(FolderCalendarTest, makesTheFolderAtTheFirstSaveWithNameAndColour) {
     EXPECT_EQ(calendar.description(), (EKCalendar{folder, "Prayer alarms"}));
 }
 
-TEST_F(FolderCalendarTest, doesNotNameAFolderOfTheUser) {
+TEST_F(FolderCalendarTest, DoesNotNameAFolderOfTheUser) {
     fs::create_directory(folder);
     ASSERT_TRUE(save(sampleEvent(kUid)));
     EXPECT_FALSE(fs::exists(path("displayname")));
@@ -80,7 +80,7 @@ TEST_F(FolderCalendarTest, doesNotNameAFolderOfTheUser) {
     EXPECT_EQ(FolderCalendar(folder).description().title, "Mine");
 }
 
-TEST_F(FolderCalendarTest, namesTheFileAfterTheUidAndKeepsIt) {
+TEST_F(FolderCalendarTest, NamesTheFileAfterTheUidAndKeepsIt) {
     ASSERT_TRUE(save(sampleEvent(kUid)));
     EXPECT_THAT(text(), HasSubstr("UID:zorel-a-1\r\n"));
     EXPECT_THAT(text(), HasSubstr("SEQUENCE:0\r\n"));
@@ -90,7 +90,7 @@ TEST_F(FolderCalendarTest, namesTheFileAfterTheUidAndKeepsIt) {
     EXPECT_EQ(FolderCalendar(folder).identifiersWithPrefix("").size(), 1U);
 }
 
-TEST_F(FolderCalendarTest, doesNotWriteWhatDidNotChange) {
+TEST_F(FolderCalendarTest, DoesNotWriteWhatDidNotChange) {
     EKEvent backwards = sampleEvent(kUid);
     backwards.endDate = backwards.startDate - std::chrono::hours{23};
     ASSERT_TRUE(save(backwards));
@@ -107,7 +107,7 @@ TEST_F(FolderCalendarTest, doesNotWriteWhatDidNotChange) {
     EXPECT_EQ(first.st_ino, second.st_ino);
 }
 
-TEST_F(FolderCalendarTest, findsAndMovesAnEventInAFileOfAnotherName) {
+TEST_F(FolderCalendarTest, FindsAndMovesAnEventInAFileOfAnotherName) {
     ASSERT_TRUE(save(sampleEvent(kUid)));
     fs::rename(path("zorel-a-1.ics"), path("renamed by a server.ics"));
     EXPECT_TRUE(FolderCalendar(folder).eventWithIdentifier(kUid));
@@ -118,13 +118,13 @@ TEST_F(FolderCalendarTest, findsAndMovesAnEventInAFileOfAnotherName) {
     EXPECT_FALSE(fs::exists(path("renamed by a server.ics")));
 }
 
-TEST_F(FolderCalendarTest, sweepsTemporaryFilesWhenItStarts) {
+TEST_F(FolderCalendarTest, SweepsTemporaryFilesWhenItStarts) {
     test::writeFile(path(".zorel-00112233445566ff.tmp"), "half an eve");
     const FolderCalendar calendar(folder);
     EXPECT_FALSE(fs::exists(path(".zorel-00112233445566ff.tmp")));
 }
 
-TEST_F(FolderCalendarTest, doesNotSweepWhileAnotherProcessWrites) {
+TEST_F(FolderCalendarTest, DoesNotSweepWhileAnotherProcessWrites) {
     // The other process holds the folder's lock; this start waits for it and then sweeps.
     test::writeFile(path(".zorel.lock"), "");
     int ready[2];
@@ -149,7 +149,7 @@ TEST_F(FolderCalendarTest, doesNotSweepWhileAnotherProcessWrites) {
     EXPECT_EQ(text("zorel-a-9.ics"), "event");
 }
 
-TEST_F(FolderCalendarTest, leavesForeignAndBrokenFilesAlone) {
+TEST_F(FolderCalendarTest, LeavesForeignAndBrokenFilesAlone) {
     const std::string foreign =
         "BEGIN:VCALENDAR\r\nVERSION:2.0\r\nBEGIN:VEVENT\r\nUID:dentist\r\nDTSTART:20260401T080000Z\r\n"
         "END:VEVENT\r\nEND:VCALENDAR\r\n";
@@ -181,7 +181,7 @@ TEST_F(FolderCalendarTest, leavesForeignAndBrokenFilesAlone) {
     EXPECT_TRUE(fs::exists(path("pipe.ics")));
 }
 
-TEST_F(FolderCalendarTest, anEventReplacedByAFolderIsGoneAndCannotBeOverwritten) {
+TEST_F(FolderCalendarTest, AnEventReplacedByAFolderIsGoneAndCannotBeOverwritten) {
     ASSERT_TRUE(save(sampleEvent(kUid)));
     fs::remove(path("zorel-a-1.ics"));
     fs::create_directory(path("zorel-a-1.ics"));
@@ -192,7 +192,7 @@ TEST_F(FolderCalendarTest, anEventReplacedByAFolderIsGoneAndCannotBeOverwritten)
     EXPECT_TRUE(calendar.saveEvent(sampleEvent("zorel-a-2"), error)) << error;
 }
 
-TEST_F(FolderCalendarTest, aFileInThePlaceOfTheFolderRefusesEverything) {
+TEST_F(FolderCalendarTest, AFileInThePlaceOfTheFolderRefusesEverything) {
     test::writeFile(folder, "not a folder");
     FolderCalendar calendar(folder);
     EXPECT_FALSE(calendar.saveEvent(sampleEvent(kUid), error));
@@ -203,7 +203,7 @@ TEST_F(FolderCalendarTest, aFileInThePlaceOfTheFolderRefusesEverything) {
     EXPECT_EQ(test::readFile(folder), "not a folder");
 }
 
-TEST_F(FolderCalendarTest, aReadOnlyFolderCanBeReadButNotChanged) {
+TEST_F(FolderCalendarTest, AReadOnlyFolderCanBeReadButNotChanged) {
     ASSERT_TRUE(save(sampleEvent(kUid)));
     fs::permissions(path("zorel-a-1.ics"), fs::perms(0644));
     fs::permissions(temporary.path(), fs::perms(0755));
@@ -222,7 +222,7 @@ TEST_F(FolderCalendarTest, aReadOnlyFolderCanBeReadButNotChanged) {
     fs::permissions(folder, fs::perms(0755));
 }
 
-TEST_F(FolderCalendarTest, aFullDiskLeavesEverythingAsItWas) {
+TEST_F(FolderCalendarTest, AFullDiskLeavesEverythingAsItWas) {
     ASSERT_TRUE(save(sampleEvent(kUid)));
     const std::string before = text();
     FolderCalendar calendar(folder);
@@ -236,7 +236,7 @@ TEST_F(FolderCalendarTest, aFullDiskLeavesEverythingAsItWas) {
     EXPECT_TRUE(calendar.saveEvent(later(sampleEvent(kUid)), error)) << error;
 }
 
-TEST_F(FolderCalendarTest, anIdentifierCannotLeaveTheFolder) {
+TEST_F(FolderCalendarTest, AnIdentifierCannotLeaveTheFolder) {
     test::writeFile(temporary.path("secret.ics"), "secret");
     FolderCalendar calendar(folder);
     for (const char* identifier : {"../secret", "/etc/passwd", ".hidden", "a/b", "a b", "ü"}) {
@@ -248,7 +248,7 @@ TEST_F(FolderCalendarTest, anIdentifierCannotLeaveTheFolder) {
     EXPECT_EQ(test::readFile(temporary.path("secret.ics")), "secret");
 }
 
-TEST_F(FolderCalendarTest, refusesATimeThatCannotBeWritten) {
+TEST_F(FolderCalendarTest, RefusesATimeThatCannotBeWritten) {
     EKEvent event = sampleEvent(kUid);
     event.startDate = Instant::max();
     event.endDate = Instant::max();
@@ -256,7 +256,7 @@ TEST_F(FolderCalendarTest, refusesATimeThatCannotBeWritten) {
     EXPECT_THAT(error, HasSubstr("iCalendar"));
 }
 
-TEST_F(FolderCalendarTest, aLinkedFolderWorks) {
+TEST_F(FolderCalendarTest, ALinkedFolderWorks) {
     fs::create_directory(temporary.path("real"));
     fs::create_directory_symlink(temporary.path("real"), folder);
     ASSERT_TRUE(save(sampleEvent(kUid))) << error;

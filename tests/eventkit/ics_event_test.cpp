@@ -36,7 +36,7 @@ long long utcSeconds(Instant instant) {
     return std::chrono::floor<std::chrono::seconds>(instant).time_since_epoch().count();
 }
 
-TEST(IcsEvent, writesThePanesEventInFull) {
+TEST(IcsEvent, WritesThePanesEventInFull) {
     EXPECT_EQ(written(sampleEvent("zorel-a-1")), "BEGIN:VCALENDAR\r\n"
                                                  "VERSION:2.0\r\n"
                                                  "PRODID:-//Zorel//Prayer alarms//EN\r\n"
@@ -62,7 +62,7 @@ TEST(IcsEvent, writesThePanesEventInFull) {
                                                  "END:VCALENDAR\r\n");
 }
 
-TEST(IcsEvent, foldsLinesAtSeventyFiveOctetsWithoutCuttingCharacters) {
+TEST(IcsEvent, FoldsLinesAtSeventyFiveOctetsWithoutCuttingCharacters) {
     EKEvent event = sampleEvent("zorel-a-1");
     for (int count = 0; count < 100; ++count) {
         event.location += "ğ€𝄞";
@@ -79,13 +79,13 @@ TEST(IcsEvent, foldsLinesAtSeventyFiveOctetsWithoutCuttingCharacters) {
     EXPECT_EQ(eventFromIcs(text)->location, event.location);
 }
 
-TEST(IcsEvent, escapesTexts) {
+TEST(IcsEvent, EscapesTexts) {
     EKEvent event = sampleEvent("zorel-a-1");
     event.title = "a,b;c\\d\ne";
     EXPECT_THAT(written(event), HasSubstr("SUMMARY:a\\,b\\;c\\\\d\\ne\r\n"));
 }
 
-TEST(IcsEvent, aTextCannotBringALineOfItsOwn) {
+TEST(IcsEvent, ATextCannotBringALineOfItsOwn) {
     EKEvent event = sampleEvent("zorel-a-1");
     event.title = "x\r\nATTENDEE:mailto:a@b\r\n";
     event.location = std::string("y\0\x07z", 4);
@@ -94,7 +94,7 @@ TEST(IcsEvent, aTextCannotBringALineOfItsOwn) {
     EXPECT_THAT(text, HasSubstr("LOCATION:yz\r\n"));
 }
 
-TEST(IcsEvent, raisesTheSequenceAndKeepsWhatItDoesNotKnow) {
+TEST(IcsEvent, RaisesTheSequenceAndKeepsWhatItDoesNotKnow) {
     const std::string previous = calendarOf(
         eventOf("CREATED:20200101T000000Z\r\nSEQUENCE:6\r\nSUMMARY:old\r\nDESCRIPTION:old notes\r\n"
                 "DTSTART:20260301T100000Z\r\nDTEND:20260301T100100Z\r\nRRULE:FREQ=DAILY\r\n"
@@ -111,7 +111,7 @@ TEST(IcsEvent, raisesTheSequenceAndKeepsWhatItDoesNotKnow) {
     EXPECT_TRUE(sameEvent(*eventFromIcs(text), sampleEvent("one")));
 }
 
-TEST(IcsEvent, writesAllDayEventsAsDates) {
+TEST(IcsEvent, WritesAllDayEventsAsDates) {
     const TimeZoneOverride zone("Europe/Berlin");
     EKEvent event = sampleEvent("one");
     event.allDay = true;
@@ -123,7 +123,7 @@ TEST(IcsEvent, writesAllDayEventsAsDates) {
     EXPECT_TRUE(sameEvent(*eventFromIcs(text), event));
 }
 
-TEST(IcsEvent, anAllDayEventEndsOnALaterDate) {
+TEST(IcsEvent, AnAllDayEventEndsOnALaterDate) {
     const TimeZoneOverride zone("Europe/Berlin");
     EKEvent event = sampleEvent("one");
     event.allDay = true;
@@ -134,7 +134,7 @@ TEST(IcsEvent, anAllDayEventEndsOnALaterDate) {
     EXPECT_THAT(text, HasSubstr("DTEND;VALUE=DATE:20270101\r\n"));
 }
 
-TEST(IcsEvent, refusesWhatCannotBeWritten) {
+TEST(IcsEvent, RefusesWhatCannotBeWritten) {
     EKEvent event = sampleEvent("one");
     event.recurrenceRules = {"NONSENSE"};
     EXPECT_EQ(icsFromEvent(event, "", kStamp), std::nullopt);
@@ -145,7 +145,7 @@ TEST(IcsEvent, refusesWhatCannotBeWritten) {
     EXPECT_EQ(icsFromEvent(event, "", kStamp), std::nullopt);
 }
 
-TEST(IcsEvent, readsBackTimesOfFiveCenturies) {
+TEST(IcsEvent, ReadsBackTimesOfFiveCenturies) {
     for (const int year : {1701, 1869, 1901, 1902, 1969, 2038, 2199}) {
         EKEvent event = sampleEvent("one");
         event.startDate = instantFromLocal({year, 12, 30, 18, 38, 50, 0.0});
@@ -156,7 +156,7 @@ TEST(IcsEvent, readsBackTimesOfFiveCenturies) {
     }
 }
 
-TEST(IcsEvent, anAlarmMayLieCenturiesBeforeItsEvent) {
+TEST(IcsEvent, AnAlarmMayLieCenturiesBeforeItsEvent) {
     const EKEvent event =
         readLines("DTSTART:21990328T033000Z\r\nBEGIN:VALARM\r\nACTION:DISPLAY\r\nDESCRIPTION:x\r\n"
                   "TRIGGER;VALUE=DATE-TIME:17200328T030000Z\r\nEND:VALARM\r\n");
@@ -164,29 +164,29 @@ TEST(IcsEvent, anAlarmMayLieCenturiesBeforeItsEvent) {
     EXPECT_EQ(event.alarms[0].relativeOffset, -(1 << 30)); // the longest that an alarm holds
 }
 
-TEST(IcsEvent, anIdentifierOfControlCharactersIsNone) {
+TEST(IcsEvent, AnIdentifierOfControlCharactersIsNone) {
     const std::string start = "DTSTART:20260328T033000Z\r\nEND:VEVENT\r\n";
     EXPECT_FALSE(eventFromIcs(calendarOf("BEGIN:VEVENT\r\nUID:\x7f\x7f\r\n" + start)));
     EXPECT_TRUE(eventFromIcs(calendarOf("BEGIN:VEVENT\r\nUID:\x7fx\r\n" + start)));
 }
 
-TEST(IcsEvent, refusesTimesThatImpossibleMonthsLeadFarAway) {
+TEST(IcsEvent, RefusesTimesThatImpossibleMonthsLeadFarAway) {
     for (const std::string start : {"20268328T033000Z", "20269999T999999Z"}) {
         EXPECT_FALSE(eventFromIcs(calendarOf(eventOf("DTSTART:" + start + "\r\n")))) << start;
     }
 }
 
-TEST(IcsEvent, readsTimesInUtc) {
+TEST(IcsEvent, ReadsTimesInUtc) {
     EXPECT_EQ(utcSeconds(readLines("DTSTART:20260328T033000Z\r\n").startDate), 1774668600);
 }
 
-TEST(IcsEvent, readsTimesInAZoneOfTheSystem) {
+TEST(IcsEvent, ReadsTimesInAZoneOfTheSystem) {
     // 4:30 in Berlin is 3:30 UTC in winter and 2:30 in summer, whatever the zone of the process.
     EXPECT_EQ(utcSeconds(readLines("DTSTART;TZID=Europe/Berlin:20260328T043000\r\n").startDate), 1774668600);
     EXPECT_EQ(utcSeconds(readLines("DTSTART;TZID=Europe/Berlin:20260330T043000\r\n").startDate), 1774837800);
 }
 
-TEST(IcsEvent, readsTimesInAZoneOfTheFile) {
+TEST(IcsEvent, ReadsTimesInAZoneOfTheFile) {
     const std::string zone =
         "BEGIN:VTIMEZONE\r\nTZID:Plus Four\r\nBEGIN:STANDARD\r\nDTSTART:19700101T000000\r\n"
         "TZOFFSETFROM:+0400\r\nTZOFFSETTO:+0400\r\nEND:STANDARD\r\nEND:VTIMEZONE\r\n";
@@ -195,24 +195,24 @@ TEST(IcsEvent, readsTimesInAZoneOfTheFile) {
     EXPECT_EQ(utcSeconds(event->startDate), 1774668600);
 }
 
-TEST(IcsEvent, doesNotReadATimeInAZoneOfNonsense) {
+TEST(IcsEvent, DoesNotReadATimeInAZoneOfNonsense) {
     const std::string zone =
         "BEGIN:VTIMEZONE\r\nTZID:X\r\nBEGIN:STANDARD\r\nDTSTART:19700101T000000\r\n"
         "TZOFFSETFROM:+0000\r\nTZOFFSETTO:+99999999999999\r\nEND:STANDARD\r\nEND:VTIMEZONE\r\n";
     EXPECT_FALSE(eventFromIcs(calendarOf(zone + eventOf("DTSTART;TZID=X:20260328T073000\r\n"))));
 }
 
-TEST(IcsEvent, readsFloatingTimesOnTheLocalClock) {
+TEST(IcsEvent, ReadsFloatingTimesOnTheLocalClock) {
     const TimeZoneOverride zone("Pacific/Kiritimati");
     EXPECT_EQ(utcSeconds(readLines("DTSTART:20260328T173000\r\n").startDate), 1774668600);
 }
 
-TEST(IcsEvent, takesTheEndFromADuration) {
+TEST(IcsEvent, TakesTheEndFromADuration) {
     const EKEvent event = readLines("DTSTART:20260328T033000Z\r\nDURATION:PT1M\r\n");
     EXPECT_EQ(event.endDate - event.startDate, std::chrono::minutes{1});
 }
 
-TEST(IcsEvent, countsDisplayAlarmsWithAnyTrigger) {
+TEST(IcsEvent, CountsDisplayAlarmsWithAnyTrigger) {
     const EKEvent event =
         readLines("DTSTART:20260328T033000Z\r\n"
                   "BEGIN:VALARM\r\nACTION:DISPLAY\r\nDESCRIPTION:a\r\nTRIGGER:-PT15M\r\nEND:VALARM\r\n"
@@ -223,7 +223,7 @@ TEST(IcsEvent, countsDisplayAlarmsWithAnyTrigger) {
     EXPECT_THAT(event.alarms, testing::ElementsAre(EKAlarm{-900}, EKAlarm{600}));
 }
 
-TEST(IcsEvent, ofARepeatedEventWithExceptionsReadsTheEventItself) {
+TEST(IcsEvent, OfARepeatedEventWithExceptionsReadsTheEventItself) {
     const std::string exception =
         eventOf("RECURRENCE-ID:20260329T033000Z\r\nDTSTART:20260329T050000Z\r\nSUMMARY:exception\r\n");
     const std::string event = eventOf("DTSTART:20260328T033000Z\r\nRRULE:FREQ=DAILY\r\nSUMMARY:itself\r\n");
@@ -234,7 +234,7 @@ TEST(IcsEvent, ofARepeatedEventWithExceptionsReadsTheEventItself) {
 /// Texts that are no event of ours; none may be read, or crash.
 class BrokenIcs : public testing::TestWithParam<std::string> {};
 
-TEST_P(BrokenIcs, isNotRead) {
+TEST_P(BrokenIcs, IsNotRead) {
     EXPECT_EQ(eventFromIcs(GetParam()).has_value(), false);
     const auto replacement = eventFromIcs(written(sampleEvent("one"), GetParam()));
     ASSERT_TRUE(replacement) << "but it can be overwritten";
@@ -261,7 +261,7 @@ INSTANTIATE_TEST_SUITE_P(
                     calendarOf("BEGIN:VTODO\r\nUID:one\r\nEND:VTODO\r\n"), deepText(100'000),
                     calendarOf("END:VEVENT\r\n"), "END:VCALENDAR\r\nBEGIN:VCALENDAR\r\n"));
 
-TEST(IcsEvent, doesNotReadAFileWithSeveralEvents) {
+TEST(IcsEvent, DoesNotReadAFileWithSeveralEvents) {
     const std::string one = "BEGIN:VEVENT\r\nUID:one\r\nDTSTART:20260328T033000Z\r\nEND:VEVENT\r\n";
     const std::string two = "BEGIN:VEVENT\r\nUID:two\r\nDTSTART:20260328T033000Z\r\nEND:VEVENT\r\n";
     EXPECT_TRUE(eventFromIcs(calendarOf(one)));
@@ -269,7 +269,7 @@ TEST(IcsEvent, doesNotReadAFileWithSeveralEvents) {
     EXPECT_FALSE(eventFromIcs(calendarOf(one + "BEGIN:VTODO\r\nUID:one\r\nEND:VTODO\r\n")));
 }
 
-TEST(IcsEvent, noTextThatIsCutOffIsRead) {
+TEST(IcsEvent, NoTextThatIsCutOffIsRead) {
     EKEvent event = sampleEvent("zorel-a-1");
     event.recurrenceRules = {"FREQ=WEEKLY;BYDAY=MO,TU"};
     const std::string whole = written(event);

@@ -24,17 +24,15 @@ protected:
 
     QTemporaryDir folder;
     QString path = folder.filePath("file");
-    TimeZoneOverride zone{"Europe/Istanbul"};
-    Instant moment = instantFromLocal({.year = 2026, .month = 3, .day = 4, .hour = 23, .minute = 59});
-    ClockOverride clock{[this] { return moment; }};
+    almanac::Date today{std::chrono::year{2026}, std::chrono::March, std::chrono::day{4}};
     int renewed = 0;
-    Freshness freshness{path, [this] { ++renewed; }};
+    Freshness freshness{path, [this] { return today; }, [this] { ++renewed; }};
 };
 
 TEST_F(FreshnessTest, ANewDayIsSaidOnce) {
     freshness.look(false);
     EXPECT_EQ(renewed, 0);
-    moment += std::chrono::minutes(1);
+    today = almanac::addDays(today, 1);
     freshness.look(false);
     freshness.look(false);
     EXPECT_EQ(renewed, 1);

@@ -170,8 +170,11 @@ TEST_F(Story, ASearchWithoutResultsSaysSoAndTheKeyboardReachesTheResults) {
     see("City Search");
     screen->key(Qt::Key_Return);
     EXPECT_EQ(screen->text("Nothing found"), nullptr) << "nothing was searched for";
-    screen->type("Qqzzxx");
+    screen->type("Qq");
+    see("three letters, please");
+    screen->type("zzxx");
     EXPECT_EQ(screen->text("Nothing found"), nullptr);
+    EXPECT_EQ(screen->text("three letters, please"), nullptr);
     screen->key(Qt::Key_Return);
     see("Nothing found");
     screen->key(Qt::Key_Backspace);
@@ -190,6 +193,22 @@ TEST_F(Story, ASearchWithoutResultsSaysSoAndTheKeyboardReachesTheResults) {
     screen->key(Qt::Key_Down);
     screen->key(Qt::Key_Return);
     screen->key(Qt::Key_Return);
+    ASSERT_EQ(pane->userCities().size(), 1U);
+    close();
+}
+
+TEST_F(Story, TheSearchFollowsTheTypingAndMarksWhatIsThere) {
+    open();
+    tapAdd();
+    see("City Search");
+    QTest::qWait(300);
+    screen->type("colog");
+    see("Köln — Cologne / North Rhine-Westphalia / Germany");
+    tapText("Köln — Cologne / North Rhine-Westphalia / Germany");
+    QTest::qWait(300);
+    EXPECT_EQ(host->sheetTitle(), "Köln — Cologne / North Rhine-Westphalia / Germany");
+    tapText("Add city");
+    see("Köln — Cologne / North Rhine-Westphalia / Germany ✓");
     ASSERT_EQ(pane->userCities().size(), 1U);
     close();
 }

@@ -1,8 +1,10 @@
 // SPDX-License-Identifier: Apache-2.0
 // What the pane's table shows and which of its rows react.
+#include "almanac/Almanac.h"
 #include "tests/settings/PaneFixture.h"
 
 #include <cmath>
+#include <fmt/format.h>
 
 namespace zorel {
 namespace {
@@ -178,6 +180,65 @@ TEST_F(PaneTable, SummarySaysPrayerAndAlarmTime) {
               text(prayerMinute(4) + 1) + " · Alarm " + text(prayerMinute(4) - 10));
     EXPECT_EQ(minuteOfDay(*eventOfAlarm(4)), prayerMinute(4) - 10);
     EXPECT_FALSE(pane->noticeForAlarm(203));
+}
+
+/// A home city far from this device, on a day of its own.
+class HomeElsewhere : public PaneTable {
+protected:
+    /// @param moment in universal time.
+    void live(const std::string& search, const std::string& name, LocalDateTime moment) {
+        const TimeZoneOverride universal("UTC");
+        clock.reset();
+        clock.emplace(instantFromLocal(moment));
+        pane->delegateAddCityView_AddTapped(cityNamed(search, name));
+    }
+    [[nodiscard]] std::string ringsAt(int timeId) {
+        const TimeZoneOverride home("Europe/Kirov");
+        const LocalDateTime start = localDateTime(eventOfAlarm(timeId)->startDate);
+        return fmt::format("{:02}-{:02} {:02}:{:02}", start.month, start.day, start.hour, start.minute);
+    }
+};
+
+/// In June the dawn of Kirov lies before midnight.
+TEST_F(HomeElsewhere, ShowsATimeOfTheEveAndRingsThen) {
+    live("kirov", "Kirov", {2026, 6, 10, 9, 0, 0, 0.0});
+    const almanac::DayTime& fajr = (*pane->homeDay())[almanac::Prayer::fajr];
+    ASSERT_EQ(fajr.local.date, almanac::addDays(pane->homeDay()->date, -1));
+    const std::string shown = almanac::clockText(fajr.local.timeOfDay, almanac::Precision::minutes);
+    EXPECT_EQ(shown.substr(0, 3), "23:");
+    EXPECT_EQ(pane->summaryOfAlarm(200), shown + " · the evening before");
+    const TimeZoneOverride device("Europe/Kirov");
+    toggleAlarm(0);
+    EXPECT_EQ(ringsAt(1).substr(0, 9), "06-10 23:");
+}
+
+/// On 21 November at 23:30 in London it is the 22nd in Tokyo.
+TEST_F(HomeElsewhere, LivesOnItsOwnDate) {
+    live("tokyo", "Tokyo", {2026, 11, 21, 23, 30, 0, 0.0});
+    const TimeZoneOverride device("Europe/London");
+    pane->loadAllUserCities();
+    EXPECT_EQ(almanac::isoDate(pane->currentDate()), "2026-11-22");
+    EXPECT_EQ(almanac::isoDate(pane->homeDay()->date), "2026-11-22");
+}
+
+TEST_F(HomeElsewhere, StoresTheTimesOfTheAlmanac) {
+    live("helsinki", "Helsinki", {2027, 3, 28, 9, 0, 0, 0.0});
+    const almanac::Day& day = *pane->homeDay();
+    ASSERT_TRUE(day.corrections().has(almanac::Correction::clockChange));
+    for (const almanac::Prayer prayer : almanac::kSixPrayers) {
+        const auto& [same, position, id, row, key, rounding] = almanac::identityOf(prayer);
+        EXPECT_EQ(pane->homeCity()->getRelevantPrayerTime(id), day.record.times.at(position)) << key;
+    }
+    EXPECT_EQ(pane->summaryOfAlarm(200), "02:53");
+}
+
+/// The clock of Havana in the winter of 2026: the system's time zone data is older than the catalogue.
+TEST_F(HomeElsewhere, FooterTellsWhereTheClockComesFrom) {
+    live("havana", "Havana", {2026, 11, 22, 9, 0, 0, 0.0});
+    const bool isOlder = almanac::systemZoneEdition() < "2026f";
+    const std::string footer = pane->table().titleForFooter(2);
+    EXPECT_EQ(footer.find("older than the city list") != std::string::npos, isOlder) << footer;
+    EXPECT_EQ(pane->homeDay()->offset, std::chrono::hours(-4));
 }
 
 class FarNorth : public PaneTable {

@@ -11,7 +11,7 @@
 namespace zorel {
 namespace {
 
-struct Pane : PSListController {
+struct SampleList : PSListController {
     std::string name;
     std::vector<PSSpecifier> list;
 
@@ -36,7 +36,7 @@ protected:
     }
 
     test::TemporaryFolder folder;
-    Pane pane;
+    SampleList pane;
 
 private:
     std::string bundle_;
@@ -44,7 +44,7 @@ private:
 
 TEST(PSListController, ItsViewIsAGroupedTableOfTheScreensSize) {
     UIScreen::mainScreen().setBounds({0, 0, 320, 568});
-    Pane pane;
+    SampleList pane;
     UIScreen::mainScreen().setBounds({});
     EXPECT_EQ(pane.view(), &pane.table());
     EXPECT_EQ(pane.table().style(), UITableViewStyle::grouped);

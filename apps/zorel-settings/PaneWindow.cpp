@@ -1,0 +1,97 @@
+// SPDX-License-Identifier: Apache-2.0
+#include "PaneWindow.h"
+
+#include "platform/foundation/Locale.h"
+#include "platform/uikit/UISearchBar.h"
+#include "store/DatabaseFunctions.h"
+
+#include <QFontInfo>
+#include <QGuiApplication>
+#include <QScreen>
+
+#include <algorithm>
+
+namespace zorel {
+
+namespace {
+
+/// The desktop's text size in proportion to 10 points at 96 dots per inch, within reason.
+double desktopTextScale() {
+    constexpr double usualPixels = 40.0 / 3.0;
+    const double pixels = QFontInfo(QGuiApplication::font()).pixelSize();
+    return std::clamp(pixels / usualPixels, 0.8, 2.5);
+}
+
+/// A picture has the usual size unless it is asked for otherwise.
+double textScale(const WindowOptions& options) {
+    if (options.textScale > 0.0) {
+        return options.textScale;
+    }
+    return options.screenshot.empty() ? desktopTextScale() : 1.0;
+}
+
+/// As many points as asked for; a window is no larger than the screen.
+QSize windowSize(const WindowOptions& options, double scale) {
+    const QSize size = (QSizeF(options.width, options.height) * scale).toSize();
+    const QScreen* screen = QGuiApplication::primaryScreen();
+    return options.screenshot.empty() && screen != nullptr ? size.boundedTo(screen->availableSize()) : size;
+}
+
+UISearchBar* searchBarIn(UIView& view) {
+    for (UIView* subview : view.subviews()) {
+        if (subview->kind() == UIViewKind::searchBar) {
+            return static_cast<UISearchBar*>(subview);
+        }
+    }
+    return nullptr;
+}
+
+} // namespace
+
+PaneWindow::PaneWindow(const WindowOptions& options, const QString& problem)
+    : host_(currentLocale().starts_with("tr")) {
+    host_.setProblem(problem);
+    host_.setTextScale(textScale(options));
+    if (!options.appearance.empty()) {
+        host_.setDark(options.appearance == "dark");
+    }
+    const double scale = host_.textScale();
+    const QSize size = windowSize(options, scale);
+    host_.setScreenSize(std::min(size.width() / scale, kColumnWidth), size.height() / scale);
+    controller_ = std::make_unique<ZorelSettingsController>();
+    navigation_ = std::make_unique<UINavigationController>(*controller_);
+    if (controller_->navigationItem().title().empty()) {
+        controller_->navigationItem().setTitle("Zorel");
+    }
+    host_.show(*navigation_);
+    window_ = std::make_unique<Window>(host_, size);
+    window_->setTitle(QStringLiteral("Zorel"));
+    // Midnight, or the command line, while the window is open.
+    freshness_ = std::make_unique<Freshness>(
+        QString::fromStdString(controller_->dbFuncs().userDBPath()),
+        [this] { return controller_->currentDate(); },
+        [this] {
+            controller_->loadAllUserCities();
+            controller_->table().reloadData();
+        });
+}
+
+void PaneWindow::openScreen(const std::string& screen, const std::string& searchText) {
+    if (screen == "alarm") {
+        constexpr int alarms = 1;
+        controller_->table().userSelectsRow({alarms, 0});
+    } else if (screen == "search") {
+        controller_->delegateUICityHeaderView_AddTapped(controller_->cityHeaderView().buttonAdd());
+        UIView* view = navigation_->topViewController()->view();
+        if (UISearchBar* bar = searchBarIn(*view); bar != nullptr && !searchText.empty()) {
+            bar->setText(searchText);
+            bar->userTapsSearch();
+        }
+    }
+}
+
+QImage PaneWindow::picture() {
+    return window_->grabWindow();
+}
+
+} // namespace zorel

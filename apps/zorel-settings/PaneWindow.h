@@ -1,0 +1,40 @@
+// SPDX-License-Identifier: Apache-2.0
+/// @file
+/// The pane in its window.
+#pragma once
+
+#include "WindowOptions.h"
+#include "host/Freshness.h"
+#include "host/Host.h"
+#include "host/Window.h"
+#include "platform/uikit/UIViewController.h"
+#include "settings/ZorelSettingsController.h"
+
+#include <QImage>
+
+#include <memory>
+
+namespace zorel {
+
+/// Makes the pane on the folders in force and shows it.
+class PaneWindow {
+public:
+    /// @param problem what stands in the way, with the remedy; "" for nothing. Shown at the top of the
+    /// window.
+    PaneWindow(const WindowOptions& options, const QString& problem);
+
+    [[nodiscard]] QQuickView& window() { return *window_; }
+    /// Goes to one of the screens "cities", "search" and "alarm", at once.
+    void openScreen(const std::string& screen, const std::string& searchText);
+    /// The window's picture once it has been drawn.
+    [[nodiscard]] QImage picture();
+
+private:
+    Host host_;
+    std::unique_ptr<ZorelSettingsController> controller_;
+    std::unique_ptr<UINavigationController> navigation_;
+    std::unique_ptr<Window> window_;
+    std::unique_ptr<Freshness> freshness_;
+};
+
+} // namespace zorel

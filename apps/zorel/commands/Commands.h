@@ -1,0 +1,33 @@
+// SPDX-License-Identifier: Apache-2.0
+/// @file
+/// The commands. Each prints to the context's streams and answers how it ended; trouble is thrown as
+/// CliError.
+#pragma once
+
+#include "grammar/Context.h"
+#include "terminal/CliError.h"
+
+namespace zorel::cli {
+
+Exit runToday(const Context& context);
+Exit runTomorrow(const Context& context);
+Exit runTable(const Context& context);
+Exit runTableAll(const Context& context);
+Exit runSky(const Context& context);
+Exit runHijri(const Context& context);
+Exit runCompass(const Context& context);
+Exit runSearch(const Context& context);
+Exit runCities(const Context& context);
+Exit runCitiesAdd(const Context& context);
+Exit runCitiesHome(const Context& context);
+Exit runCitiesRemove(const Context& context);
+Exit runAlarms(const Context& context);
+Exit runAlarmsOn(const Context& context);
+Exit runAlarmsOff(const Context& context);
+Exit runAlarmsOffset(const Context& context);
+Exit runAlarmsRingtone(const Context& context);
+Exit runAlarmsDuration(const Context& context);
+Exit runAlarmsRefresh(const Context& context);
+Exit runWidget(const Context& context);
+
+} // namespace zorel::cli

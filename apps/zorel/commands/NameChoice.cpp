@@ -1,0 +1,101 @@
+// SPDX-License-Identifier: Apache-2.0
+#include "commands/NameChoice.h"
+
+#include "commands/CataloguePlaces.h"
+#include "commands/ToldOnce.h"
+#include "print/PlaceText.h"
+
+#include <fmt/format.h>
+
+#include <algorithm>
+
+namespace zorel::cli {
+
+namespace {
+constexpr std::size_t kMostSuggested = 3;
+
+std::string textOf(const NamedPlace& named, Language language) {
+    ShownPlace place;
+    place.id = named.id;
+    place.place.name = named.name;
+    place.region = named.region;
+    place.countryEn = named.countryEn;
+    place.countryTr = named.countryTr;
+    return placeText(place, language);
+}
+
+/// "there are: Paris / Texas / United States (4717560); ...".
+std::string thereAre(const Context& context, const std::vector<NamedPlace>& places) {
+    std::vector<std::string> texts;
+    for (std::size_t at = 0; at < std::min(places.size(), kMostSuggested); ++at) {
+        texts.push_back(fmt::format("{} ({})", textOf(places[at], context.language), places[at].id));
+    }
+    return fmt::format("there are: {}", fmt::join(texts, "; "));
+}
+
+[[noreturn]] void failToResolve(const Context& context, const NameResolution& found) {
+    if (!found.elsewhere.empty()) {
+        throw CliError(
+            Exit::noResult,
+            fmt::format("no place called {} lies in {}", printable(found.name), printable(found.unmatched)),
+            thereAre(context, found.elsewhere));
+    }
+    throw CliError(Exit::noResult, nothingCalled(context, found.name),
+                   "a part of the name is enough for: zorel search TEXT; or give LAT,LON,ZONE");
+}
+
+/// One short line for a name that several places have, and for one that leads elsewhere than on maps.
+std::string choiceText(const Context& context, const NameResolution& found) {
+    const std::string name = printable(found.name);
+    const std::string chosen = textOf(found.places.front(), context.language);
+    const auto called = std::ranges::count(found.places, false, &NamedPlace::otherSpelling);
+    if (found.largerFirst) {
+        return fmt::format("{} is taken for {}; zorel search {} lists smaller places of that name", name,
+                           chosen, name);
+    }
+    if (called > 1 && !found.places.front().otherSpelling) {
+        return fmt::format("this is {}, the largest of {}; zorel search {} lists them", chosen, called, name);
+    }
+    return "";
+}
+
+void tellChoice(const Context& context, const NameResolution& found, Telling telling) {
+    const std::string text = context.options.json ? "" : choiceText(context, found);
+    if (text.empty()) {
+        return;
+    }
+    const bool first = isToldFirst(fmt::format("{} {}", found.places.front().id, printable(found.name)));
+    if (first || telling == Telling::always) {
+        context.note(text);
+    }
+}
+} // namespace
+
+NameResolution resolveNameOrFail(const Context& context, const std::string& text) {
+    requireCatalogue(context.services);
+    auto found = resolveName(context.services, text);
+    if (!found) {
+        throw unreadableCatalogue(context.services);
+    }
+    return *std::move(found);
+}
+
+std::int32_t idOfName(const Context& context, const std::string& text, Telling telling) {
+    const NameResolution found = resolveNameOrFail(context, text);
+    if (found.places.empty()) {
+        failToResolve(context, found);
+    }
+    tellChoice(context, found, telling);
+    return found.places.front().id;
+}
+
+std::string nothingCalled(const Context& context, const std::string& name) {
+    std::vector<std::string> names;
+    for (const NamedPlace& place : similarPlaces(context.services, name, kMostSuggested)) {
+        names.push_back(place.name);
+    }
+    const std::string nothing = fmt::format("no place is called {}", printable(name));
+    return names.empty() ? nothing : fmt::format("{}; did you mean {}?", nothing, fmt::join(names, ", "));
+}
+
+} // namespace zorel::cli

@@ -1,0 +1,381 @@
+// SPDX-License-Identifier: Apache-2.0
+#include "grammar/Arguments.h"
+
+#include "ZorelVersion.h"
+#include "grammar/Checks.h"
+#include "grammar/Examples.h"
+#include "grammar/HelpText.h"
+#include "grammar/ParseProblem.h"
+
+#include <CLI/CLI.hpp>
+#include <fmt/format.h>
+
+#include <algorithm>
+#include <memory>
+#include <sstream>
+
+namespace zorel::cli {
+
+namespace {
+constexpr std::string_view kDescription =
+    "Prayer times, alarms, Sun and Moon, qibla, Hijri dates for any place, offline.";
+
+constexpr const char* kPlaceHelp = "name (\"Paris, Texas\"), catalogue id, or LAT,LON[,ZONE]; default: the "
+                                   "home city, else the largest place of the "
+                                   "system's time zone";
+constexpr const char* kDateForms = "2026-11-21, today, tomorrow, +3, -3 (days from today)";
+
+const std::vector<std::string> kPrayers{"fajr", "sunrise", "dhuhr", "asr", "maghrib", "isha"};
+
+/// Builds the grammar around one Options value: every command by name, and what stands below the commands
+/// that the words can mean. Building all of it takes longer than computing a day.
+class Grammar {
+public:
+    /// @param words of the command line; none: the grammar is built whole
+    Grammar(Options& options, std::span<const std::string> words)
+        : options_(options), words_(words), app_(std::string(kDescription), "zorel") {
+        app_.set_version_flag("-V,--version", std::string("zorel ") + kZorelVersion,
+                              "Print the version and exit");
+        app_.set_help_flag("-h,--help", "Print help and exit");
+        app_.require_subcommand(1);
+        app_.fallthrough();
+        addCommon();
+        addTimes();
+        addTable();
+        addSky();
+        addHijri();
+        addCompass();
+        addSearch();
+        addCities();
+        addAlarms();
+        addWidget();
+        addCompletion();
+        addManual();
+    }
+
+    CLI::App& app() { return app_; }
+
+private:
+    CLI::App* command(CLI::App& parent, const std::string& name, const std::string& description) {
+        CLI::App* sub = parent.add_subcommand(name, description);
+        sub->fallthrough();
+        const std::string full = &parent == &app_ ? name : parent.get_name() + ' ' + name;
+        sub->callback([this, full, sub] {
+            if (sub->get_subcommands().empty()) {
+                options_.command = full;
+            }
+        });
+        return sub;
+    }
+
+    /// Whether the words can mean this command.
+    [[nodiscard]] bool asked(const CLI::App* sub) const {
+        return words_.empty() || std::ranges::find(words_, sub->get_name()) != words_.end();
+    }
+
+    CLI::Option* value(CLI::App& sub, const char* name, std::string& target, const char* type,
+                       const char* help) {
+        return sub.add_option(name, target, help)->type_name(type)->check(someText());
+    }
+
+    void addCommon() {
+        value(app_, "--data-dir", options_.dataDir, "DIR", "Folder of the user's cities, alarms and log");
+        value(app_, "--bundle", options_.bundle, "DIR", "Folder of the catalogue and the language files");
+        value(app_, "--ringtones", options_.ringtones, "DIR", "Folder of the ringtones");
+        value(app_, "--calendar", options_.calendar, "DIR", "Folder of .ics files that carries the alarms");
+        value(app_, "--lang", options_.language, "LANG",
+              "Language of names: tr, en, fr, de; default: from the locale")
+            ->transform(oneOf({"tr", "en", "fr", "de"}));
+        value(app_, "--color", options_.colour, "WHEN",
+              "Colours: auto (only on a terminal), always, never; default: auto")
+            ->transform(oneOf({"auto", "always", "never"}));
+        value(app_, "--now", options_.now, "TIME",
+              "Pretend that this is the present moment (2026-11-21T15:04[+03:00])");
+    }
+
+    void place(CLI::App* sub) { sub->add_option("PLACE", options_.words, kPlaceHelp)->type_name(""); }
+    void city(CLI::App* sub, const char* help) {
+        sub->add_option("PLACE", options_.words, help)->type_name("")->required();
+    }
+    void json(CLI::App* sub) { sub->add_flag("--json", options_.json, "Print JSON (docs/json.md)"); }
+    void seconds(CLI::App* sub) {
+        sub->add_flag("--seconds", options_.seconds, "Show seconds instead of whole minutes");
+    }
+    void temkin(CLI::App* sub) {
+        sub->add_option("--temkin", options_.temkin,
+                        "Precaution table: 250 or 500 m; default: the place's own")
+            ->type_name("METRES")
+            ->check(oneOf({"250", "500"}));
+    }
+    CLI::Option* day(CLI::App* sub, const char* name, std::string& target, const std::string& help) {
+        return value(*sub, name, target, "DATE", help.c_str());
+    }
+
+    void addDayOptions(CLI::App* sub) {
+        if (!asked(sub)) {
+            return;
+        }
+        place(sub);
+        json(sub);
+        seconds(sub);
+        temkin(sub);
+        sub->add_flag("--short", options_.shortForm, "Only the six prayer times");
+        sub->add_flag("--ezani", options_.ezani, "Also the sunset-based clock, on which sunset is 12:00");
+        sub->add_flag("--explain", options_.explain,
+                      "For each time: its rule, temkin, fixed additions, rounds, date and latitude");
+    }
+
+    void addTimes() {
+        CLI::App* today = command(app_, "today", "Prayer times of today (or --date), and what comes next");
+        addDayOptions(today);
+        if (asked(today)) {
+            day(today, "--date", options_.date, std::string("Another day: ") + kDateForms);
+        }
+        addDayOptions(command(app_, "tomorrow", "Prayer times of tomorrow"));
+    }
+
+    void addTable() {
+        CLI::App* table = command(app_, "table", "Prayer times of many days, or of every place on one day");
+        if (!asked(table)) {
+            return;
+        }
+        place(table);
+        day(table, "--from", options_.from, std::string("First day: ") + kDateForms + "; default: today");
+        day(table, "--to", options_.to, "Last day, as for --from; default: 29 days after the first");
+        auto* csv = table->add_flag("--csv", options_.csv, "Print comma-separated values");
+        auto* jsonFlag = table->add_flag("--json", options_.json, "Print JSON (docs/json.md)");
+        auto* ics = table->add_flag("--ics", options_.ics, "Print a calendar to import or subscribe to");
+        csv->excludes(jsonFlag)->excludes(ics);
+        jsonFlag->excludes(ics);
+        seconds(table);
+        temkin(table);
+        auto* all = table->add_flag("--all", options_.all,
+                                    "Every place of the catalogue on one day, as CSV or with --json");
+        day(table, "--on", options_.on, "The day of --all; default: today, by the system's clock")
+            ->needs(all);
+        table->add_option("--from-id", options_.fromId, "Start --all at this place of the catalogue")
+            ->type_name("ID")
+            ->check(wholeNumber(0))
+            ->needs(all);
+        table->add_option("--count", options_.count, "Stop --all after this many places")
+            ->type_name("N")
+            ->check(wholeNumber(1))
+            ->needs(all);
+        all->excludes(ics);
+    }
+
+    void addSky() {
+        CLI::App* sky = command(app_, "sky", "Sun and Moon now: where they stand, rise and set, phases");
+        if (!asked(sky)) {
+            return;
+        }
+        place(sky);
+        value(*sky, "--at", options_.at, "TIME",
+              "The moment: 2026-11-21T15:04[+03:00] or 15:04; default: now");
+        json(sky);
+    }
+
+    void addHijri() {
+        CLI::App* hijri = command(app_, "hijri", "A day in the Hijri and Rumi calendars");
+        if (!asked(hijri)) {
+            return;
+        }
+        hijri->add_option("DATE", options_.words, std::string(kDateForms) + "; default: today")
+            ->type_name("");
+        json(hijri);
+    }
+
+    void addCompass() {
+        CLI::App* compass = command(app_, "compass", "Qibla as true and magnetic bearing, Sun in the qibla");
+        if (!asked(compass)) {
+            return;
+        }
+        place(compass);
+        day(compass, "--date", options_.date, "The day; default: today");
+        json(compass);
+    }
+
+    void addSearch() {
+        CLI::App* search = command(
+            app_, "search", "Search the catalogue for a name or a part of one (three characters or more)");
+        if (!asked(search)) {
+            return;
+        }
+        search->add_option("TEXT", options_.words, "part of a name, in any spelling the catalogue has")
+            ->type_name("")
+            ->required();
+        search->add_option("--limit", options_.limit, "Most results to print; 0: all; default: 20")
+            ->type_name("N")
+            ->check(wholeNumber(0));
+        json(search);
+    }
+
+    void addCities() {
+        CLI::App* cities = command(app_, "cities", "Your cities: list, add, home, remove");
+        if (!asked(cities)) {
+            return;
+        }
+        json(cities);
+        city(command(*cities, "add", "Add a city; the first one becomes the home city"),
+             "name (\"Paris, Texas\") or id of a place of the catalogue");
+        const char* listed = "name or catalogue id of one of your cities";
+        city(command(*cities, "home",
+                     "Make one of your cities the home city; active alarms move to its times"),
+             listed);
+        city(command(*cities, "remove", "Remove a city from the list"), listed);
+    }
+
+    CLI::App* alarmCommand(CLI::App* alarms, const char* name, const char* help) {
+        CLI::App* sub = command(*alarms, name, help);
+        sub->add_option("PRAYER", options_.prayer, "fajr, sunrise, dhuhr, asr, maghrib or isha")
+            ->type_name("")
+            ->required()
+            ->transform(oneOf(kPrayers));
+        return sub;
+    }
+
+    void addAlarms() {
+        CLI::App* alarms = command(app_, "alarms", "The six prayer alarms of the home city");
+        if (!asked(alarms)) {
+            return;
+        }
+        json(alarms);
+        alarmCommand(alarms, "on", "Switch an alarm on");
+        alarmCommand(alarms, "off", "Switch an alarm off and remove its event");
+        alarmCommand(alarms, "offset", "Minutes from the prayer time, -59 to 59")
+            ->add_option("MINUTES", options_.value, "minutes; negative: before the prayer time")
+            ->type_name("")
+            ->required();
+        alarmCommand(alarms, "ringtone", "Choose a ringtone of the ringtone folder")
+            ->add_option("NAME", options_.words,
+                         "file name, with or without its extension; any other lists them")
+            ->type_name("")
+            ->required();
+        alarmCommand(alarms, "duration", "How long the ringtone plays")
+            ->add_option("CHOICE", options_.value, "0 to 7: 5, 10, 20, 30 seconds, 1, 2, 3, 5 minutes")
+            ->type_name("")
+            ->required();
+        command(*alarms, "refresh", "Move every active alarm to its next occurrence (for a daily timer)");
+    }
+
+    void addWidget() {
+        CLI::App* widget = command(app_, "widget", "One line of JSON for a status bar");
+        if (!asked(widget)) {
+            return;
+        }
+        place(widget);
+        widget->add_flag("--follow", options_.follow,
+                         "Print again at each change, until the reader goes away");
+        widget->add_flag("--countdown", options_.countdown, "Show the remaining time in the text");
+        widget
+            ->add_option("--soon", options_.soon,
+                         "Minutes before a prayer time from which the class is \"soon\"; default: 15")
+            ->type_name("MIN")
+            ->check(wholeNumber(0, 720));
+    }
+
+    void addCompletion() {
+        CLI::App* completion = command(app_, "completion", "Print a completion script for a shell");
+        if (!asked(completion)) {
+            return;
+        }
+        completion->add_option("SHELL", options_.shell, "bash, zsh or fish")
+            ->type_name("")
+            ->required()
+            ->transform(oneOf({"bash", "zsh", "fish"}));
+    }
+
+    void addManual() {
+        CLI::App* manual = command(app_, "manual", "Print the manual page (roff)");
+        manual->add_flag("--markdown", options_.markdown, "As markdown");
+    }
+
+    Options& options_;
+    std::span<const std::string> words_;
+    CLI::App app_;
+};
+
+OptionHelp describeOption(const CLI::Option& option) {
+    OptionHelp help;
+    for (const auto& name : option.get_lnames()) {
+        help.names.push_back("--" + name);
+    }
+    for (const auto& name : option.get_snames()) {
+        help.names.insert(help.names.begin(), "-" + name);
+    }
+    help.description = option.get_description();
+    help.argument =
+        option.get_expected_max() > 0 && option.get_type_size_max() > 0 ? option.get_type_name() : "";
+    // A check appends ":{tr,en}" to the type's name.
+    const auto braces = help.argument.find(":{");
+    if (braces != std::string::npos) {
+        std::stringstream list(help.argument.substr(braces + 2, help.argument.rfind('}') - braces - 2));
+        for (std::string choice; std::getline(list, choice, ',');) {
+            help.choices.push_back(choice);
+        }
+    }
+    help.argument = help.argument.substr(0, help.argument.find(':'));
+    help.isPath = help.argument == "DIR";
+    return help;
+}
+
+CommandHelp describe(const CLI::App& app, const std::string& name) {
+    CommandHelp help;
+    help.name = name;
+    help.description = app.get_description();
+    help.examples = examplesOf(name);
+    help.hasSubcommands = !app.get_subcommands([](const CLI::App*) { return true; }).empty();
+    for (const CLI::Option* option : app.get_options()) {
+        OptionHelp described = describeOption(*option);
+        if (option->get_positional()) {
+            described.argument = option->get_name(true);
+            if (!option->get_required()) {
+                described.argument = '[' + described.argument + ']';
+            }
+            help.positionals.push_back(described);
+        } else {
+            help.options.push_back(described);
+        }
+    }
+    return help;
+}
+
+void describeBelow(const CLI::App& app, const std::string& prefix, std::vector<CommandHelp>& out) {
+    for (const CLI::App* sub : app.get_subcommands([](const CLI::App*) { return true; })) {
+        const std::string name = prefix + sub->get_name();
+        out.push_back(describe(*sub, name));
+        describeBelow(*sub, name + ' ', out);
+    }
+}
+} // namespace
+
+ParseResult parseArguments(std::span<const std::string> words, Options& options) {
+    Grammar grammar(options, words);
+    std::vector<std::string> reversed(words.rbegin(), words.rend());
+    // "zorel help today" is what "zorel today --help" is.
+    if (!words.empty() && words.front() == "help") {
+        reversed.pop_back();
+        reversed.insert(reversed.begin(), "--help");
+    }
+    try {
+        grammar.app().parse(std::move(reversed));
+        return {true, Exit::ok, {}, {}};
+    } catch (const CLI::CallForHelp&) {
+        return {false, Exit::ok, helpText(describeCommands(), commandReached(grammar.app())), {}};
+    } catch (const CLI::CallForVersion& version) {
+        return {false, Exit::ok, version.what() + std::string("\n"), {}};
+    } catch (const CLI::ParseError& error) {
+        ParseProblem problem = problemOf(grammar.app(), error);
+        return {false, Exit::badUse, std::move(problem.what), std::move(problem.hint)};
+    }
+}
+
+std::vector<CommandHelp> describeCommands() {
+    Options unused;
+    Grammar grammar(unused, {});
+    std::vector<CommandHelp> commands{describe(grammar.app(), "")};
+    describeBelow(grammar.app(), "", commands);
+    return commands;
+}
+
+} // namespace zorel::cli

@@ -1,0 +1,76 @@
+// SPDX-License-Identifier: Apache-2.0
+#include "grammar/Context.h"
+
+#include "platform/foundation/Clock.h"
+
+#include <fmt/format.h>
+
+#include <array>
+
+namespace zorel::cli {
+
+namespace {
+/// The word for a time that the language files have no name of.
+Word wordOf(almanac::Prayer prayer) {
+    switch (prayer) {
+    case almanac::Prayer::ishaSecond:
+        return Word::secondNightfall;
+    case almanac::Prayer::beforeNoon:
+        return Word::beforeNoon;
+    case almanac::Prayer::lastSixthOfNight:
+        return Word::lastSixth;
+    case almanac::Prayer::middleOfNight:
+        return Word::middleOfNight;
+    case almanac::Prayer::firstThirdOfNight:
+        return Word::firstThird;
+    default:
+        return Word::sunAtQibla;
+    }
+}
+
+void applyLanguage(GlobalFuncs& services, const std::string& language) {
+    constexpr std::array<std::string_view, 4> codes{"tr", "en", "fr", "de"};
+    for (std::size_t id = 0; id < codes.size(); ++id) {
+        if (codes[id] == language && services.languageId != static_cast<std::int32_t>(id)) {
+            services.languageId = static_cast<std::int32_t>(id);
+            services.loadLanguageFile();
+        }
+    }
+}
+} // namespace
+
+Context::Context(const Options& chosen, Streams& lent)
+    : options(chosen), streams(lent), style(coloursWanted(chosen.colour, lent.outIsTerminal)) {
+    applyLanguage(services, options.language);
+    language = services.languageId == 0 ? Language::turkish : Language::english;
+}
+
+std::string Context::nameOf(almanac::Prayer prayer) const {
+    const std::int32_t id = almanac::identityOf(prayer).id;
+    if (id == 0) {
+        return std::string(word(wordOf(prayer)));
+    }
+    if (auto name = services.GetTextPrayLabels(id)) {
+        return *std::move(name);
+    }
+    throw CliError(Exit::dataTrouble, fmt::format("no language file in {}", services.appBundlePath),
+                   "name the folder that holds the catalogue and the language files with --bundle DIR");
+}
+
+almanac::Instant Context::now() const {
+    return std::chrono::floor<std::chrono::seconds>(zorel::now());
+}
+
+almanac::Precision Context::precision() const {
+    return options.seconds ? almanac::Precision::seconds : almanac::Precision::minutes;
+}
+
+std::string Context::argument() const {
+    return fmt::format("{}", fmt::join(options.words, " "));
+}
+
+void Context::note(std::string_view text) const {
+    streams.err << "note: " << text << '\n';
+}
+
+} // namespace zorel::cli

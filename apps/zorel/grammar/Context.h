@@ -1,0 +1,54 @@
+// SPDX-License-Identifier: Apache-2.0
+/// @file
+/// What every command works with: options, streams, colours, language, services, catalogue, clock.
+#pragma once
+
+#include "grammar/Options.h"
+#include "grammar/Words.h"
+#include "terminal/CliError.h"
+#include "terminal/Style.h"
+
+#include "almanac/Prayer.h"
+#include "almanac/Time.h"
+#include "common/GlobalFuncs.h"
+
+#include <memory>
+#include <ostream>
+#include <string>
+
+namespace zorel::cli {
+
+/// Where a command writes, and what is behind it.
+struct Streams {
+    std::ostream& out;
+    std::ostream& err;
+    bool outIsTerminal = false;
+    bool errIsTerminal = false;
+    int outDescriptor = 1; ///< watched by "widget --follow" for a reader that went away; -1: none
+};
+
+/// One run of the program. Made after the locations are set; lends its services to the command.
+class Context {
+public:
+    Context(const Options& options, Streams& streams);
+
+    const Options& options;
+    Streams& streams;
+    GlobalFuncs services;
+    Style style;
+    Language language = Language::english;
+
+    [[nodiscard]] std::string_view word(Word which) const { return cli::word(which, language); }
+    /// The name of a time in the user's language.
+    [[nodiscard]] std::string nameOf(almanac::Prayer prayer) const;
+    /// The present, to whole seconds (rounded down).
+    [[nodiscard]] almanac::Instant now() const;
+    /// Whole minutes, or seconds where they were asked for.
+    [[nodiscard]] almanac::Precision precision() const;
+    /// The words of the positional argument as one text.
+    [[nodiscard]] std::string argument() const;
+    /// A line on the error stream that is no error ("note: ...").
+    void note(std::string_view text) const;
+};
+
+} // namespace zorel::cli

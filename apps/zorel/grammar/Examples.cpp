@@ -1,0 +1,53 @@
+// SPDX-License-Identifier: Apache-2.0
+#include "grammar/Examples.h"
+
+#include <map>
+
+namespace zorel::cli {
+
+namespace {
+const std::map<std::string, std::vector<std::string>>& examples() {
+    static const std::map<std::string, std::vector<std::string>> table{
+        {"",
+         {"zorel today Ankara  # a place of the catalogue by its name", "zorel today  # the home city",
+          "zorel today 69.65,18.96,Europe/Oslo  # any point of the Earth",
+          "zorel widget --follow  # one line of JSON at each change, for a status bar"}},
+        {"today",
+         {"zorel today Istanbul", "zorel today \"Paris, Texas\" --json",
+          "zorel today 745044 --date 2026-12-21 --ezani",
+          "zorel today Oslo --explain  # why is this minute different?"}},
+        {"tomorrow", {"zorel tomorrow Konya --short"}},
+        {"table",
+         {"zorel table Berlin --from 2027-01-01 --to 2027-12-31 --ics > berlin.ics",
+          "zorel table Medina --from today --to +6",
+          "zorel table --all --on 2027-01-01 --csv > day.csv  # every place",
+          "zorel table --all --from-id 745044 --count 1000 --csv  # a part of it"}},
+        {"sky", {"zorel sky London", "zorel sky London --at 2026-12-24T18:00 --json"}},
+        {"hijri", {"zorel hijri", "zorel hijri 2027-03-10"}},
+        {"compass", {"zorel compass Jakarta", "zorel compass 40.71,-74.01,America/New_York --json"}},
+        {"search", {"zorel search kudüs", "zorel search Москва --json"}},
+        {"cities", {"zorel cities", "zorel cities add Ankara", "zorel cities home Ankara"}},
+        {"cities add", {"zorel cities add Bursa"}},
+        {"cities home", {"zorel cities home Bursa"}},
+        {"cities remove", {"zorel cities remove Bursa"}},
+        {"alarms", {"zorel alarms", "zorel alarms on fajr", "zorel alarms offset fajr -15"}},
+        {"alarms on", {"zorel alarms on fajr"}},
+        {"alarms off", {"zorel alarms off fajr"}},
+        {"alarms offset", {"zorel alarms offset fajr -15  # a quarter of an hour before dawn"}},
+        {"alarms ringtone", {"zorel alarms ringtone maghrib Evening Flute"}},
+        {"alarms duration", {"zorel alarms duration maghrib 3  # half a minute"}},
+        {"alarms refresh", {"zorel alarms refresh"}},
+        {"widget", {"zorel widget", "zorel widget Cairo --follow --countdown --soon 20"}},
+        {"completion", {"zorel completion bash > ~/.local/share/bash-completion/completions/zorel"}},
+        {"manual", {"zorel manual | man -l -"}},
+    };
+    return table;
+}
+} // namespace
+
+std::vector<std::string> examplesOf(const std::string& command) {
+    const auto found = examples().find(command);
+    return found == examples().end() ? std::vector<std::string>() : found->second;
+}
+
+} // namespace zorel::cli

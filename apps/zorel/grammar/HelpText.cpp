@@ -1,0 +1,109 @@
+// SPDX-License-Identifier: Apache-2.0
+#include "grammar/HelpText.h"
+
+#include <fmt/format.h>
+
+#include <algorithm>
+#include <sstream>
+
+namespace zorel::cli {
+
+namespace {
+constexpr std::size_t kLineWidth = 80;
+constexpr std::size_t kTermWidth = 20; // what longer terms do not fit into gets a line of its own
+
+/// The words of a text in lines; `used` columns of each line are taken already.
+std::vector<std::string> wrapped(const std::string& text, std::size_t used) {
+    std::vector<std::string> lines(1);
+    std::istringstream words(text);
+    for (std::string word; words >> word;) {
+        if (!lines.back().empty() && used + lines.back().size() + 1 + word.size() > kLineWidth) {
+            lines.emplace_back();
+        }
+        lines.back() += (lines.back().empty() ? "" : " ") + word;
+    }
+    return lines;
+}
+
+std::string item(const std::string& term, const std::string& description) {
+    const std::string indent(kTermWidth + 4, ' ');
+    std::string text = "  " + term;
+    text += term.size() > kTermWidth ? '\n' + indent : std::string(indent.size() - text.size(), ' ');
+    const auto lines = wrapped(description, indent.size());
+    return text + fmt::format("{}\n", fmt::join(lines, '\n' + indent));
+}
+
+std::string section(std::string_view title, const std::string& items) {
+    return items.empty() ? items : fmt::format("\n{}:\n{}", title, items);
+}
+
+std::string optionItems(const CommandHelp& command) {
+    std::string items;
+    for (const OptionHelp& option : command.options) {
+        if (!isCommon(command, option)) {
+            items += item(optionLine(option), option.description);
+        }
+    }
+    return items;
+}
+
+std::string arguments(const CommandHelp& command) {
+    std::string items;
+    for (const OptionHelp& positional : command.positionals) {
+        items += item(positional.argument, positional.description);
+    }
+    return items.empty() ? items : '\n' + items;
+}
+} // namespace
+
+std::string synopsis(const CommandHelp& command) {
+    std::string text = command.name.empty() ? "zorel" : "zorel " + command.name;
+    for (const OptionHelp& positional : command.positionals) {
+        text += ' ' + positional.argument;
+    }
+    return text + (command.name.empty() ? " [OPTIONS] COMMAND" : " [OPTIONS]");
+}
+
+std::string optionLine(const OptionHelp& option) {
+    const std::string names = fmt::format("{}", fmt::join(option.names, ", "));
+    return option.argument.empty() ? names : names + ' ' + option.argument;
+}
+
+bool isCommon(const CommandHelp& command, const OptionHelp& option) {
+    return !command.name.empty() && option.names.front() == "-h";
+}
+
+std::vector<CommandHelp> commandsBelow(const std::vector<CommandHelp>& commands, const std::string& name) {
+    const std::string prefix = name.empty() ? "" : name + ' ';
+    std::vector<CommandHelp> below;
+    for (const CommandHelp& command : commands) {
+        if (command.name.size() > prefix.size() && command.name.starts_with(prefix) &&
+            command.name.find(' ', prefix.size()) == std::string::npos) {
+            below.push_back(command);
+        }
+    }
+    return below;
+}
+
+std::string helpText(const std::vector<CommandHelp>& commands, const std::string& name) {
+    const CommandHelp& command =
+        *std::find_if(commands.begin(), commands.end(), [&](const auto& one) { return one.name == name; });
+    std::string below;
+    for (const CommandHelp& one : commandsBelow(commands, name)) {
+        below += item(one.name, one.description);
+    }
+    std::string examples;
+    for (const std::string& example : command.examples) {
+        examples += fmt::format("  {}\n", example);
+    }
+    const std::string dot = command.description.ends_with('.') ? "" : ".";
+    return fmt::format("{}{}\n\nUsage: {}\n", command.description, dot, synopsis(command)) +
+           arguments(command) + section("Commands", below) +
+           section(name.empty() ? "Options of every command (anywhere on the line)" : "Options",
+                   optionItems(command)) +
+           section("Examples", examples) +
+           (name.empty() ? "\nzorel COMMAND --help shows the options of a command; man zorel has it all.\n"
+                         : "\nOptions of every command, such as --lang and --now: zorel --help\n");
+}
+
+} // namespace zorel::cli

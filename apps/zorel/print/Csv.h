@@ -1,0 +1,21 @@
+// SPDX-License-Identifier: Apache-2.0
+/// @file
+/// Comma-separated values (RFC 4180, with LF line ends) of prayer times.
+#pragma once
+
+#include "print/Clockface.h"
+
+#include <string>
+#include <string_view>
+
+namespace zorel::cli {
+
+/// The field in quotation marks when it holds a comma, a quotation mark or a line break.
+[[nodiscard]] std::string csvField(std::string_view text);
+/// ",fajr,sunrise,...,latitude_lowered_to": the columns that csvTimes fills.
+[[nodiscard]] std::string csvTimesHeader();
+/// Appends offset, the six times and the flags of a day, each with a comma before it. A time is "HH:MM"
+/// local, followed by "+1" when it falls on the next date ("-1": the one before), empty when there is none.
+void appendCsvTimes(std::string& line, const almanac::Day& day, const Clockface& clock);
+
+} // namespace zorel::cli

@@ -1,0 +1,152 @@
+// SPDX-License-Identifier: Apache-2.0
+#include "print/DayJson.h"
+
+#include "print/PlaceText.h"
+
+#include <cmath>
+
+namespace zorel::cli {
+
+using almanac::Correction;
+using almanac::Corrections;
+using almanac::Date;
+using almanac::Day;
+using almanac::Prayer;
+
+namespace {
+Json dateOrNull(const std::optional<Date>& date) {
+    return date ? Json(almanac::isoDate(*date)) : Json(nullptr);
+}
+
+std::string_view sourceKey(const ShownPlace& place, Date date) {
+    if (place.meridianClock) {
+        return "meridian";
+    }
+    switch (place.clock().sourceOn(date)) {
+    case almanac::ClockSource::zoneData:
+        return "zone_data";
+    case almanac::ClockSource::rule:
+        return "rule";
+    default:
+        return "fixed";
+    }
+}
+
+Json noticeJson(almanac::ClockNotice notice) {
+    switch (notice) {
+    case almanac::ClockNotice::ruleOnly:
+        return "rule_only";
+    case almanac::ClockNotice::ruleIsNewer:
+        return "rule_is_newer";
+    case almanac::ClockNotice::systemIsOlder:
+        return "system_is_older";
+    default:
+        return nullptr;
+    }
+}
+
+Json ownerJson(const std::optional<ClockOwner>& owner) {
+    if (!owner) {
+        return nullptr;
+    }
+    return Json{{"id", owner->id}, {"name", owner->name}, {"distance_km", numberJson(owner->distance, 1)}};
+}
+} // namespace
+
+Json placeJson(const Context& context, const ShownPlace& shown) {
+    const almanac::Place& place = shown.place;
+    const std::string& zone = place.clock.zoneName();
+    return Json{{"id", shown.id == 0 ? Json(nullptr) : Json(shown.id)},
+                {"name", place.name},
+                {"region", shown.region},
+                {"country", countryName(shown, context.language)},
+                {"latitude", place.latitude},
+                {"longitude", place.longitude},
+                {"zone", zone.empty() ? Json(nullptr) : Json(zone)},
+                {"temkin", place.temkin == almanac::Temkin::upTo500m ? 500 : 250}};
+}
+
+Json clockJson(const ShownPlace& place, Date date) {
+    const auto other = place.clock().otherOffsetOn(date);
+    return Json{{"source", sourceKey(place, date)},
+                {"notice", noticeJson(place.clock().noticeOn(date))},
+                {"other_offset", other ? Json(almanac::isoOffset(*other)) : Json(nullptr)},
+                {"of_place", ownerJson(place.clockOwner)}};
+}
+
+Json timeJson(const ShownTime& time) {
+    return time ? Json(almanac::isoDateTime(*time)) : Json(nullptr);
+}
+
+Json timesJson(const Day& day, std::span<const Prayer> prayers, const Clockface& clock) {
+    Json times = Json::object();
+    for (const Prayer prayer : prayers) {
+        times[std::string(almanac::keyOf(prayer))] = timeJson(clock.of(day[prayer]));
+    }
+    return times;
+}
+
+Json sunAtQiblaJson(const almanac::Qibla& qibla) {
+    Json instants = Json::array();
+    for (const almanac::SunAtQibla& instant : qibla.instants) {
+        instants.push_back(timeJson(instant.at.local));
+    }
+    return instants;
+}
+
+Json correctionsJson(Corrections corrections) {
+    Json keys = Json::array();
+    for (std::size_t i = 0; i < almanac::kCorrections; ++i) {
+        const auto correction = static_cast<Correction>(i);
+        if (corrections.has(correction)) {
+            keys.push_back(almanac::keyOf(correction));
+        }
+    }
+    return keys;
+}
+
+Json correctionsJson(const Day& day, std::span<const Prayer> prayers) {
+    Json corrected = Json::object();
+    for (const Prayer prayer : prayers) {
+        if (const Corrections corrections = day[prayer].why.corrections; !corrections.none()) {
+            corrected[std::string(almanac::keyOf(prayer))] = correctionsJson(corrections);
+        }
+    }
+    return corrected;
+}
+
+Json calendarsJson(const Context& context, const AllCalendarRecord& calendars) {
+    const Json hijri{{"year", calendars.hijriYear},
+                     {"month", calendars.hijriMonth},
+                     {"day", calendars.hijriDay},
+                     {"text", hijriText(calendars, context.language)}};
+    const Json rumi{{"year", calendars.rumiYear},
+                    {"month", calendars.rumiMonth},
+                    {"day", calendars.rumiDay},
+                    {"text", rumiText(calendars, context.language)}};
+    return Json{{"weekday", calendars.weekday},
+                {"hijri", calendars.hijriYear < 1 ? Json(nullptr) : hijri},
+                {"rumi", rumi},
+                {"half_year", calendars.summerHalf == 1 ? "hizir" : "kasim"},
+                {"day_of_half_year", calendars.dayOfHalf}};
+}
+
+Json flagsJson(const Day& day) {
+    const auto latitude = day.loweredLatitude();
+    return Json{{"latitude_lowered_to", latitude ? Json(*latitude) : Json(nullptr)},
+                {"fajr_taken_from", dateOrNull(day[Prayer::fajr].takenFrom())},
+                {"isha_taken_from", dateOrNull(day[Prayer::isha].takenFrom())},
+                {"isha_second_taken_from", dateOrNull(day[Prayer::ishaSecond].takenFrom())},
+                {"five_degrees_taken_from", dateOrNull(day[Prayer::morningFiveDegrees].takenFrom())}};
+}
+
+Json numberJson(double value, int decimals) {
+    const double scale = std::pow(10.0, decimals);
+    return std::isfinite(value) ? Json(std::round(value * scale) / scale) : Json(nullptr);
+}
+
+void writeJson(const Context& context, const Json& document) {
+    context.streams.out << document.dump(2, ' ', false, Json::error_handler_t::replace) << '\n';
+}
+
+} // namespace zorel::cli

@@ -1,0 +1,20 @@
+// SPDX-License-Identifier: Apache-2.0
+/// @file
+/// Why a time is what it is: rule, temkin, additions, rounds, date, latitude and corrections, as text and
+/// JSON.
+#pragma once
+
+#include "grammar/Context.h"
+#include "print/Clockface.h"
+#include "print/DayJson.h"
+
+#include <string>
+
+namespace zorel::cli {
+
+/// A table of the day's times with a heading, and below it a line for each correction that occurs.
+[[nodiscard]] std::string explainText(const Context& context, const almanac::Day& day,
+                                      const almanac::PlaceClock& clock);
+[[nodiscard]] Json explainJson(const almanac::Day& day);
+
+} // namespace zorel::cli
