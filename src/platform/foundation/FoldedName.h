@@ -15,10 +15,11 @@ namespace zorel {
 /// - strokes and ligatures: ø ł đ ı ß æ œ ð þ ə and their kind become plain letters
 /// - letters that have a form of their own at a word's end, or in another language of the same script: ς, ם,
 ///   ة, ى, ی, ک, ە
-/// - apostrophes, full stops and invisible characters are dropped; hyphens, slashes, commas and brackets count
-///   as a space, several spaces as one
+/// - apostrophes, full stops and invisible characters are dropped; hyphens, slashes, commas and brackets
+///   count as a space, several spaces as one
 ///
-/// Vowel signs of Indian scripts and voicing marks of Kana are letters and stay; so do %, _, * and all other signs.
+/// Vowel signs of Indian scripts and voicing marks of Kana are letters and stay; so do %, _, * and all
+/// other signs.
 /// @param text UTF-8; malformed bytes stay different from every letter.
 /// @return UTF-8 in Unicode's composed form
 [[nodiscard]] std::string foldedName(std::string_view text);

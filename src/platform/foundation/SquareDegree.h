@@ -13,8 +13,8 @@ namespace zorel {
 inline constexpr std::int32_t kSquareDegreesOfBand = 360;
 
 /// @param latitude [deg], north positive
-/// @return the band that the latitude lies in: 0 from the south pole on, 179 up to the north pole; what lies beyond a
-///     pole counts to the band at the pole
+/// @return the band that the latitude lies in: 0 from the south pole on, 179 up to the north pole; what lies
+///     beyond a pole counts to the band at the pole
 [[nodiscard]] inline std::int32_t latitudeBand(double latitude) {
     return static_cast<std::int32_t>(std::clamp(std::floor(latitude + 90.0), 0.0, 179.0));
 }
@@ -28,7 +28,8 @@ inline constexpr std::int32_t kSquareDegreesOfBand = 360;
 
 /// @param latitude [deg], north positive
 /// @param longitude [deg], east positive
-/// @return the number of the square degree that the point lies in, counted from 90 S 180 W eastwards, then northwards
+/// @return the number of the square degree that the point lies in, counted from 90 S 180 W eastwards, then
+///     northwards
 [[nodiscard]] inline std::int32_t squareDegree(double latitude, double longitude) {
     return latitudeBand(latitude) * kSquareDegreesOfBand + positionInBand(longitude);
 }
