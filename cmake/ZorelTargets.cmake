@@ -59,6 +59,28 @@ function(zorel_library name)
     zorel_public_headers(${folder} ${ARG_HEADERS})
 endfunction()
 
+# What nearly every test includes, read once for all of them. Tests themselves are not optimised: compiling them is most
+# of the time that ./test takes, and what they call is optimised.
+function(zorel_test_main)
+    if(TARGET zorel_test_main)
+        return()
+    endif()
+    # Everything that the tests labelled quick run; the sanitizer build makes nothing else.
+    add_custom_target(quick_tests)
+    find_package(GTest REQUIRED)
+    add_library(zorel_test_options INTERFACE)
+    target_compile_options(zorel_test_options INTERFACE -O0)
+    target_include_directories(zorel_test_options INTERFACE ${PROJECT_SOURCE_DIR})
+    target_compile_definitions(zorel_test_options INTERFACE
+        ZOREL_SOURCE_DIR="${PROJECT_SOURCE_DIR}" ZOREL_BINARY_DIR="${PROJECT_BINARY_DIR}")
+    target_link_libraries(zorel_test_options INTERFACE zorel_options GTest::gtest GTest::gmock)
+    add_library(zorel_test_main OBJECT ${PROJECT_SOURCE_DIR}/tests/main.cpp)
+    target_link_libraries(zorel_test_main PRIVATE zorel_test_options)
+    target_precompile_headers(zorel_test_main PRIVATE
+        <gtest/gtest.h> <gmock/gmock.h> <algorithm> <array> <cmath> <filesystem> <fstream> <functional> <map> <memory>
+        <optional> <random> <regex> <set> <sstream> <stdexcept> <string> <string_view> <utility> <vector>)
+endfunction()
+
 # zorel_test(name SOURCES a.cpp ... LIBS libs ... [LABELS quick ...]) makes <name>_test and registers it with ctest,
 # once in the plain environment and once under a Turkish locale whose decimal point is a comma.
 function(zorel_test name)
@@ -69,16 +91,19 @@ function(zorel_test name)
     if(NOT ARG_TIMEOUT)
         set(ARG_TIMEOUT 300)
     endif()
-    if(NOT ARG_MAIN)
-        set(ARG_MAIN ${PROJECT_SOURCE_DIR}/tests/main.cpp)
+    zorel_test_main()
+    add_executable(${name}_test ${ARG_SOURCES})
+    target_link_libraries(${name}_test PRIVATE ${ARG_LIBS} zorel_test_options)
+    if(ARG_MAIN)
+        target_sources(${name}_test PRIVATE ${ARG_MAIN})
+    else()
+        target_sources(${name}_test PRIVATE $<TARGET_OBJECTS:zorel_test_main>)
+        target_precompile_headers(${name}_test REUSE_FROM zorel_test_main)
     endif()
-    find_package(GTest REQUIRED)
-    add_executable(${name}_test ${ARG_SOURCES} ${ARG_MAIN})
-    target_include_directories(${name}_test PRIVATE ${PROJECT_SOURCE_DIR})
-    target_link_libraries(${name}_test PRIVATE ${ARG_LIBS} GTest::gtest GTest::gmock zorel_options)
-    target_compile_definitions(${name}_test PRIVATE
-        ZOREL_SOURCE_DIR="${PROJECT_SOURCE_DIR}" ZOREL_BINARY_DIR="${PROJECT_BINARY_DIR}")
     add_test(NAME ${name} COMMAND ${name}_test --gtest_brief=1)
+    if("quick" IN_LIST ARG_LABELS)
+        add_dependencies(quick_tests ${name}_test)
+    endif()
     set_tests_properties(${name} PROPERTIES
         LABELS "${ARG_LABELS}" TIMEOUT ${ARG_TIMEOUT} ENVIRONMENT "LC_ALL=C.UTF-8;TZ=Asia/Kolkata")
     if(NOT ARG_NO_TURKISH)
