@@ -52,6 +52,7 @@ def main():
         "zorel table, a year, iCalendar": [zorel, *data, "table", "745044", *year, "--ics"],
         "zorel search konya": [zorel, *data, "search", "konya"],
         "zorel widget": [zorel, *data, "widget"],
+        "zorel next": [zorel, *data, "next"],
         "zorel sky": [zorel, *data, "sky"],
     }
     if shutil.which("ipraytime") is None:

@@ -29,6 +29,7 @@ const std::map<std::string, Command>& commands() {
     static const std::map<std::string, Command> table{
         {"today", runToday},
         {"tomorrow", runTomorrow},
+        {"next", runNext},
         {"table", runTable},
         {"sky", runSky},
         {"hijri", runHijri},

@@ -11,6 +11,7 @@ namespace zorel::cli {
 
 Exit runToday(const Context& context);
 Exit runTomorrow(const Context& context);
+Exit runNext(const Context& context);
 Exit runTable(const Context& context);
 Exit runTableAll(const Context& context);
 Exit runSky(const Context& context);

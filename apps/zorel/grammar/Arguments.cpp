@@ -41,6 +41,7 @@ public:
         app_.fallthrough();
         addCommon();
         addTimes();
+        addNext();
         addTable();
         addSky();
         addHijri();
@@ -101,6 +102,9 @@ private:
     void seconds(CLI::App* sub) {
         sub->add_flag("--seconds", options_.seconds, "Show seconds instead of whole minutes");
     }
+    void follow(CLI::App* sub) {
+        sub->add_flag("--follow", options_.follow, "Print again at each change, until the reader goes away");
+    }
     void temkin(CLI::App* sub) {
         sub->add_option("--temkin", options_.temkin,
                         "Precaution table: 250 or 500 m; default: the place's own")
@@ -132,6 +136,20 @@ private:
             day(today, "--date", options_.date, std::string("Another day: ") + kDateForms);
         }
         addDayOptions(command(app_, "tomorrow", "Prayer times of tomorrow"));
+    }
+
+    void addNext() {
+        CLI::App* next =
+            command(app_, "next", "The next prayer time in one line, for prompts and status bars");
+        if (!asked(next)) {
+            return;
+        }
+        place(next);
+        value(*next, "--format", options_.format, "TEXT",
+              "What to print: text with {name}, {key}, {time}, {countdown}, {minutes}, {clock}, {city}, "
+              "{date}, "
+              "{weekday}, {hijri}");
+        follow(next);
     }
 
     void addTable() {
@@ -264,8 +282,7 @@ private:
             return;
         }
         place(widget);
-        widget->add_flag("--follow", options_.follow,
-                         "Print again at each change, until the reader goes away");
+        follow(widget);
         widget->add_flag("--countdown", options_.countdown, "Show the remaining time in the text");
         widget
             ->add_option("--soon", options_.soon,

@@ -47,6 +47,7 @@ struct Options {
     int limit = 20; ///< search results
 
     // Status bar.
+    std::string format; ///< of `next`; empty: the usual one
     bool follow = false;
     bool countdown = false;
     int soon = 15; ///< [min]

@@ -39,6 +39,13 @@ std::string clockNoticeLine(const Context& context, const ShownPlace& place, Dat
     return text.empty() ? text : "  ! " + context.style.warning(text) + '\n';
 }
 
+void noteClock(const Context& context, const ShownPlace& place) {
+    const std::string text = clockNoticeText(context, place, place.clock().dateAt(context.now()));
+    if (!text.empty()) {
+        context.note(text);
+    }
+}
+
 void ClockNotices::add(Date date, ClockNotice notice) {
     ++days_;
     Days& days = byNotice_.at(static_cast<std::size_t>(notice));

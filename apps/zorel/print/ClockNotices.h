@@ -18,6 +18,8 @@ namespace zorel::cli {
 /// The same as a warning on a line of its own.
 [[nodiscard]] std::string clockNoticeLine(const Context& context, const ShownPlace& place,
                                           almanac::Date date);
+/// The notice of the present date on the error stream, for lines that another program shows.
+void noteClock(const Context& context, const ShownPlace& place);
 
 /// The notices of the days of a table, one sentence for each kind.
 class ClockNotices {

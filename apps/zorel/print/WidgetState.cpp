@@ -9,7 +9,6 @@
 #include <fmt/format.h>
 
 #include <algorithm>
-#include <initializer_list>
 
 namespace zorel::cli {
 
@@ -78,28 +77,13 @@ Instant nextPercent(const NextPrayer& next, Instant instant) {
     return next.previous->shown + seconds((span * wanted + 99) / 100);
 }
 
-Instant nextMidnight(const almanac::PlaceClock& clock, Instant instant) {
-    return clock.instantOf(almanac::addDays(clock.dateAt(instant), 1), seconds(0));
-}
-
-Instant earliestAfter(Instant instant, std::initializer_list<Instant> candidates) {
-    Instant earliest = instant + std::chrono::hours(24);
-    for (const Instant candidate : candidates) {
-        if (candidate > instant) {
-            earliest = std::min(earliest, candidate);
-        }
-    }
-    return earliest;
-}
-
 Instant nextChangeOf(const Context& context, const ShownPlace& place, const NextPrayer& next,
                      Instant instant) {
-    const Instant minute = std::chrono::floor<minutes>(instant) + minutes(1);
     const Instant comes = next.next ? next.next->shown : instant;
     const Instant came = next.previous ? next.previous->shown : instant - kNowLasts;
     return earliestAfter(instant, {comes, comes - minutes(context.options.soon), came + kNowLasts,
                                    nextPercent(next, instant), nextMidnight(place.clock(), instant),
-                                   context.options.countdown ? minute : instant});
+                                   context.options.countdown ? nextMinute(instant) : instant});
 }
 } // namespace
 
@@ -122,8 +106,8 @@ int percentageOf(const NextPrayer& next, Instant instant) {
     return static_cast<int>(std::clamp<std::int64_t>(over * 100 / std::max<std::int64_t>(span, 1), 0, 100));
 }
 
-WidgetState widgetState(const Context& context, almanac::Memory& memory, const ShownPlace& place,
-                        Instant instant) {
+StatusLine widgetLine(const Context& context, almanac::Memory& memory, const ShownPlace& place,
+                      Instant instant) {
     const almanac::Almanac almanac(place.place);
     const NextPrayer next = almanac.next(instant, memory);
     const Day day = almanac.day(place.clock().dateAt(instant), memory);

@@ -5,17 +5,11 @@
 
 #include "grammar/Context.h"
 #include "print/ShownPlace.h"
+#include "print/StatusLine.h"
 
 #include "almanac/Almanac.h"
 
-#include <string>
-
 namespace zorel::cli {
-
-struct WidgetState {
-    std::string line;              ///< one JSON document without a line feed
-    almanac::Instant nextChange{}; ///< the first later instant at which the line may be another one
-};
 
 /// How the present moment lies between two prayer times.
 enum class Nearness {
@@ -29,7 +23,8 @@ enum class Nearness {
 /// Part of the span between the previous and the next time that is over, 0 to 100, rounded down.
 [[nodiscard]] int percentageOf(const almanac::NextPrayer& next, almanac::Instant instant);
 
-[[nodiscard]] WidgetState widgetState(const Context& context, almanac::Memory& memory,
-                                      const ShownPlace& place, almanac::Instant instant);
+/// One JSON document.
+[[nodiscard]] StatusLine widgetLine(const Context& context, almanac::Memory& memory, const ShownPlace& place,
+                                    almanac::Instant instant);
 
 } // namespace zorel::cli

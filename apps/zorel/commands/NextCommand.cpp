@@ -1,0 +1,30 @@
+// SPDX-License-Identifier: Apache-2.0
+#include "commands/Commands.h"
+
+#include "commands/Follow.h"
+#include "commands/PlaceResolver.h"
+#include "print/ClockNotices.h"
+#include "print/NextLine.h"
+
+namespace zorel::cli {
+
+namespace {
+/// "Dhuhr 13:00, in 4 h".
+std::string usualPattern(const Context& context) {
+    const std::string in(context.word(Word::in));
+    return "{name} {time}, " + in + " {countdown}";
+}
+} // namespace
+
+Exit runNext(const Context& context) {
+    const std::string& chosen = context.options.format;
+    const NextPattern pattern(chosen.empty() ? usualPattern(context) : chosen);
+    const ShownPlace place = resolvePlace(context);
+    noteClock(context, place);
+    almanac::Memory memory;
+    return printOrFollow(context, [&](almanac::Instant instant) {
+        return nextLine(context, memory, place, pattern, instant);
+    });
+}
+
+} // namespace zorel::cli
