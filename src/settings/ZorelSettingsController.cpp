@@ -150,7 +150,7 @@ bool ZorelSettingsController::readUserCities() {
         city.getAllCityInfo(city);
         userCities_.push_back(std::move(city));
     }
-    return stored.complete;
+    return stored.result.isDone();
 }
 
 void ZorelSettingsController::calculatePrayerTimes() {

@@ -73,24 +73,30 @@ std::optional<std::string> listedName(const Database& catalogue, const std::stri
 
 } // namespace
 
-void forEachPlace(const GlobalFuncs& glbFuncs, std::int32_t firstId,
+bool forEachPlace(const GlobalFuncs& glbFuncs, std::int32_t firstId,
                   const std::function<bool(const CataloguePlace&)>& take) {
     const auto catalogue = Database::openCatalogue(cataloguePath(glbFuncs));
     if (!catalogue) {
-        return;
+        return false;
     }
     Statement rows = catalogue->prepare(kPlaces);
     sqlite3_bind_int(rows.get(), 1, firstId);
     while (rows.nextRow()) {
         if (!take(readPlace(rows, glbFuncs))) {
-            return;
+            return true;
         }
     }
+    return rows.isAtEnd();
 }
 
 std::optional<CataloguePlace> placeById(const GlobalFuncs& glbFuncs, std::int32_t id) {
+    bool ignored = false;
+    return placeById(glbFuncs, id, ignored);
+}
+
+std::optional<CataloguePlace> placeById(const GlobalFuncs& glbFuncs, std::int32_t id, bool& readable) {
     std::optional<CataloguePlace> found;
-    forEachPlace(glbFuncs, id, [&](const CataloguePlace& place) {
+    readable = forEachPlace(glbFuncs, id, [&](const CataloguePlace& place) {
         if (integerValue(place.city.cityId) == id) {
             found = place;
         }

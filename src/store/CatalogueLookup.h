@@ -38,6 +38,10 @@ struct CataloguePlace {
 
 /// @param id catalogue id.
 [[nodiscard]] std::optional<CataloguePlace> placeById(const GlobalFuncs& glbFuncs, std::int32_t id);
+/// @param readable out: whether the catalogue could be read; if so and there is no answer, it has no such
+/// place.
+[[nodiscard]] std::optional<CataloguePlace> placeById(const GlobalFuncs& glbFuncs, std::int32_t id,
+                                                      bool& readable);
 
 /// The place with the most inhabitants in a time zone ("Asia/Kolkata"); nothing for a zone without places.
 /// Former names of a zone ("Asia/Calcutta") are understood.
@@ -45,8 +49,8 @@ struct CataloguePlace {
                                                                    std::string_view timeZone);
 
 /// Hands over every place with an id of at least `firstId`, in the order of ids, until `take` answers false.
-/// One place is held at a time.
-void forEachPlace(const GlobalFuncs& glbFuncs, std::int32_t firstId,
+/// One place is held at a time. False when the catalogue could not be read so far.
+bool forEachPlace(const GlobalFuncs& glbFuncs, std::int32_t firstId,
                   const std::function<bool(const CataloguePlace&)>& take);
 
 /// Where a part of the catalogue's data comes from, and its licence.

@@ -4,7 +4,9 @@
 #include "store/CatalogueLike.h"
 #include "store/DatabaseAuthorizer.h"
 
+#include <algorithm>
 #include <sqlite3.h>
+#include <thread>
 
 namespace zorel {
 namespace {
@@ -23,10 +25,8 @@ struct Release {
     void operator()(void* memory) const { sqlite3_free(memory); }
 };
 
-/// Interrupts the statement when the budget is used up.
-int spendLook(void* budget) {
-    return --*static_cast<int*>(budget) < 0 ? 1 : 0;
-}
+/// Between two tries to get at a file that another program holds.
+constexpr std::chrono::milliseconds kPause{10};
 
 } // namespace
 
@@ -49,24 +49,39 @@ void Database::close(sqlite3* connection) {
     sqlite3_close(connection);
 }
 
-Database::Database(sqlite3* connection)
-    : budget_(std::make_unique<int>(kLooks)), connection_(connection, &close) {
-    sqlite3_progress_handler(connection, kStepsBetweenLooks, &spendLook, budget_.get());
+/// Interrupts the statement when the budget is used up.
+int Database::spendLook(void* limits) {
+    return --static_cast<Limits*>(limits)->looks < 0 ? 1 : 0;
+}
+
+int Database::waitForOthers(void* limits, int /*tries*/) {
+    if (std::chrono::steady_clock::now() >= static_cast<Limits*>(limits)->patience) {
+        return 0;
+    }
+    std::this_thread::sleep_for(kPause);
+    return 1;
+}
+
+Database::Database(sqlite3* connection, Deadline patience)
+    : limits_(std::make_unique<Limits>(Limits{kLooks, patience})), connection_(connection, &close) {
+    sqlite3_progress_handler(connection, kStepsBetweenLooks, &spendLook, limits_.get());
+    sqlite3_busy_handler(connection, &waitForOthers, limits_.get());
     sqlite3_limit(connection, SQLITE_LIMIT_LIKE_PATTERN_LENGTH, kLongestPattern);
 }
 
-std::optional<Database> Database::open(const std::string& path, int flags) {
+/// Out of memory there is no connection at all, otherwise one that must be closed.
+std::optional<Database> Database::open(const std::string& path, int flags, Deadline patience) {
     sqlite3* connection = nullptr;
     const int result = sqlite3_open_v2(path.c_str(), &connection, flags, nullptr);
-    Database database(connection);
     if (result != SQLITE_OK) {
+        close(connection);
         return std::nullopt;
     }
-    return database;
+    return Database(connection, patience);
 }
 
-std::optional<Database> Database::openUser(const std::string& path) {
-    auto database = open(path, SQLITE_OPEN_READWRITE);
+std::optional<Database> Database::openUser(const std::string& path, Deadline patience) {
+    auto database = open(path, SQLITE_OPEN_READWRITE, patience);
     if (database) {
         allowUserTables(database->connection_.get());
     }
@@ -98,6 +113,34 @@ Statement Database::prepare(const std::string& statement) const {
     sqlite3_stmt* prepared = nullptr;
     sqlite3_prepare_v2(connection_.get(), statement.c_str(), -1, &prepared, nullptr);
     return Statement(prepared);
+}
+
+bool Database::control(const char* statement) const {
+    sqlite3_set_authorizer(connection_.get(), nullptr, nullptr);
+    const bool done = sqlite3_exec(connection_.get(), statement, nullptr, nullptr, nullptr) == SQLITE_OK;
+    allowUserTables(connection_.get());
+    return done;
+}
+
+StoreResult Database::change(std::span<const std::string> statements) const {
+    // Immediate: whoever reads first and writes then can be refused in between.
+    if (!control("BEGIN IMMEDIATE")) {
+        return trouble();
+    }
+    const bool ran =
+        std::ranges::all_of(statements, [this](const std::string& statement) { return !execute(statement); });
+    if (ran && control("COMMIT")) {
+        return {StoreState::done, {}};
+    }
+    StoreResult result = trouble();
+    static_cast<void>(control("ROLLBACK")); // what SQLite has rolled back itself cannot be rolled back again
+    return result;
+}
+
+StoreResult Database::trouble() const {
+    const int code = sqlite3_errcode(connection_.get());
+    const bool busy = code == SQLITE_BUSY || code == SQLITE_LOCKED;
+    return {busy ? StoreState::busy : StoreState::failed, sqlite3_errmsg(connection_.get())};
 }
 
 std::optional<std::string> Database::image() const {

@@ -3,8 +3,12 @@
 /// A connection to one of the two databases and a prepared statement on it, closed when they go out of scope.
 #pragma once
 
+#include "store/StoreState.h"
+
+#include <chrono>
 #include <memory>
 #include <optional>
+#include <span>
 #include <string>
 
 struct sqlite3;
@@ -37,10 +41,14 @@ private:
 /// with an error text, and so does one that runs far longer than a search of the whole catalogue.
 class Database {
 public:
+    using Deadline = std::chrono::steady_clock::time_point;
+
     /// The user database, read and written (only read when the file or its folder forbids writing):
     /// statements may read and change its three tables and create them; nothing else. Nothing when the file
-    /// is missing or cannot be opened.
-    [[nodiscard]] static std::optional<Database> openUser(const std::string& path);
+    /// is missing or cannot be opened. @param patience until when a statement is tried again that another
+    /// program's transaction keeps from the file; at once refused unless it lies ahead.
+    [[nodiscard]] static std::optional<Database> openUser(const std::string& path,
+                                                          Deadline patience = Deadline::min());
     /// The city catalogue, read only: statements may select from its tables and compare with LIKE.
     [[nodiscard]] static std::optional<Database> openCatalogue(const std::string& path);
 
@@ -51,16 +59,31 @@ public:
     /// nothing.
     [[nodiscard]] std::optional<std::string> execute(const std::string& statements) const;
     [[nodiscard]] Statement prepare(const std::string& statement) const;
+    /// Runs the statements in one transaction: all of them take effect, or none.
+    [[nodiscard]] StoreResult change(std::span<const std::string> statements) const;
+    /// How the latest call of this connection failed: busy or failed, with SQLite's words.
+    [[nodiscard]] StoreResult trouble() const;
 
     /// The bytes of a database from openNew() as a file holds them.
     [[nodiscard]] std::optional<std::string> image() const;
 
 private:
-    explicit Database(sqlite3* connection);
-    static std::optional<Database> open(const std::string& path, int flags);
-    static void close(sqlite3* connection);
+    /// What the statements of a connection may spend.
+    struct Limits {
+        int looks = 0;     ///< that are left
+        Deadline patience; ///< with other programs
+    };
 
-    std::unique_ptr<int> budget_; ///< looks that are left to the statements of this connection
+    Database(sqlite3* connection, Deadline patience);
+    static std::optional<Database> open(const std::string& path, int flags,
+                                        Deadline patience = Deadline::min());
+    static void close(sqlite3* connection);
+    static int spendLook(void* limits);
+    static int waitForOthers(void* limits, int tries);
+    /// Begins or ends a transaction, which no other statement may.
+    [[nodiscard]] bool control(const char* statement) const;
+
+    std::unique_ptr<Limits> limits_;
     std::unique_ptr<sqlite3, void (*)(sqlite3*)> connection_;
 };
 

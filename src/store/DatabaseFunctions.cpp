@@ -6,6 +6,7 @@
 #include "platform/foundation/NumberText.h"
 #include "store/Database.h"
 #include "store/UserDatabaseFile.h"
+#include "store/UserLock.h"
 
 #include <fmt/format.h>
 #include <optional>
@@ -15,29 +16,6 @@ namespace zorel {
 namespace {
 
 constexpr std::string_view kFileName = "user.sqlite";
-
-/// Opens the user database; a failure is logged under the operation's name.
-std::optional<Database> openOrLog(const GlobalFuncs& glbFuncs, const std::string& path,
-                                  std::string_view operation) {
-    if (!glbFuncs.fileExists(path)) {
-        glbFuncs.NSLogToFile(fmt::format("Error in {} : DB file not exists", operation));
-        return std::nullopt;
-    }
-    auto database = Database::openUser(path);
-    if (!database) {
-        glbFuncs.NSLogToFile(fmt::format("Error in {} : DB not opened", operation));
-    }
-    return database;
-}
-
-/// Runs a statement; an error text is logged as it is.
-bool executeOrLog(const GlobalFuncs& glbFuncs, const Database& database, const std::string& statement) {
-    const auto error = database.execute(statement);
-    if (error) {
-        glbFuncs.NSLogToFile(*error);
-    }
-    return !error;
-}
 
 /// UTF-8 text of a column, or nullptr for NULL, a missing column and a missing statement.
 const char* columnText(sqlite3_stmt* statement, int column) {
@@ -55,21 +33,48 @@ void DatabaseFunctions::generateUserDatabaseFile() {
     }
     const std::string error = createUserDatabase(userDBPath_);
     if (!error.empty()) {
-        glbFuncs_.NSLogToFile(error);
+        logTrouble(error);
     }
 }
 
+void DatabaseFunctions::logTrouble(const std::string& reason) {
+    trouble_ = reason;
+    glbFuncs_.NSLogToFile(reason);
+}
+
+/// Opens the user database; a failure is logged under the operation's name.
+std::optional<Database> DatabaseFunctions::openOrLog(std::string_view operation) {
+    if (!glbFuncs_.fileExists(userDBPath_)) {
+        logTrouble(fmt::format("Error in {} : DB file not exists", operation));
+        return std::nullopt;
+    }
+    auto database = Database::openUser(userDBPath_, UserLock::patience(userDBPath_));
+    if (!database) {
+        logTrouble(fmt::format("Error in {} : DB not opened", operation));
+    }
+    return database;
+}
+
+/// Runs a statement; an error text is logged as it is.
+bool DatabaseFunctions::executeOrLog(const Database& database, const std::string& statement) {
+    const auto error = database.execute(statement);
+    if (error) {
+        logTrouble(*error);
+    }
+    return !error;
+}
+
 bool DatabaseFunctions::executeSQL(const std::string& statement) {
-    const auto database = openOrLog(glbFuncs_, userDBPath_, "executeSQL");
-    return database && executeOrLog(glbFuncs_, *database, statement);
+    const auto database = openOrLog("executeSQL");
+    return database && executeOrLog(*database, statement);
 }
 
 bool DatabaseFunctions::executeArrayOfSQL(std::span<const std::string> statements) {
-    const auto database = openOrLog(glbFuncs_, userDBPath_, "executeArrayOfSQL");
+    const auto database = openOrLog("executeArrayOfSQL");
     bool anySucceeded = false;
     if (database) {
         for (const std::string& statement : statements) {
-            anySucceeded = executeOrLog(glbFuncs_, *database, statement) || anySucceeded;
+            anySucceeded = executeOrLog(*database, statement) || anySucceeded;
         }
     }
     return anySucceeded;

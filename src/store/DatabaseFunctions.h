@@ -6,8 +6,10 @@
 #include "store/AlarmRecords.h"
 
 #include <cstdint>
+#include <optional>
 #include <span>
 #include <string>
+#include <string_view>
 #include <utility>
 
 struct sqlite3;
@@ -16,10 +18,11 @@ struct sqlite3_stmt;
 namespace zorel {
 
 class City;
+class Database;
 class GlobalFuncs;
 
-/// The one class that writes "user.sqlite". Every operation opens the file, works and closes it again;
-/// failures are logged and answered with false or default values, never thrown.
+/// Every operation opens the file, works and closes it again; failures are logged and answered with false or
+/// default values, never thrown. Those on alarms work under the user's lock and do nothing without it.
 class DatabaseFunctions {
 public:
     explicit DatabaseFunctions(const GlobalFuncs& glbFuncs);
@@ -63,9 +66,21 @@ public:
     /// Removes the events of all active alarms; switches them off too when `deactivate` is set.
     void clearAllAlarms(bool deactivate);
 
+    // What went wrong.
+
+    /// Logs why something could not be done, and keeps it.
+    void logTrouble(const std::string& reason);
+    /// What was logged last; empty after forgetTrouble and until something goes wrong.
+    [[nodiscard]] const std::string& trouble() const { return trouble_; }
+    void forgetTrouble() { trouble_.clear(); }
+
 private:
+    [[nodiscard]] std::optional<Database> openOrLog(std::string_view operation);
+    bool executeOrLog(const Database& database, const std::string& statement);
+
     const GlobalFuncs& glbFuncs_;
     std::string userDBPath_;
+    std::string trouble_;
 };
 
 } // namespace zorel

@@ -5,12 +5,12 @@
 
 #include "common/GlobalFuncs.h"
 #include "platform/eventkit/EKEventStore.h"
-#include "platform/foundation/FileLock.h"
 #include "platform/foundation/NumberText.h"
 #include "store/AlarmOwner.h"
 #include "store/City.h"
 #include "store/Database.h"
-#include "store/StatementText.h"
+#include "store/UserLock.h"
+#include "store/UserStatements.h"
 
 #include <algorithm>
 #include <cmath>
@@ -34,7 +34,7 @@ constexpr std::int32_t kLargestOffset = 10'000'000;
 constexpr const char* kActiveAlarms = "SELECT TIMEID, EVENTID FROM USER_ALARMS WHERE ACTIVE = 1";
 
 /// What an alarm is placed from.
-struct AlarmRow {
+struct PlacedFrom {
     std::int32_t minute = 0; ///< offset [min]
     double prayerTime = 0.0; ///< [h]
     std::string eventId;
@@ -51,17 +51,19 @@ std::int64_t timeIdOf(std::int32_t prayerId) {
 }
 
 /// Keeps a second process (the window and a daily timer, say) out of an operation that reads a row, changes
-/// the calendar and writes the row. Without the file there is nothing to guard.
+/// the calendar and writes the row.
 class AlarmLock {
 public:
-    explicit AlarmLock(const Context& context) {
-        if (context.glbFuncs.fileExists(context.database.userDBPath())) {
-            lock_.emplace(context.database.userDBPath() + ".lock");
+    AlarmLock(DatabaseFunctions& database, std::string_view operation)
+        : lock_(database.userDBPath(), LockKind::exclusive) {
+        if (!lock_.isHeld()) {
+            database.logTrouble(fmt::format("Error in {} : {}", operation, lock_.reason()));
         }
     }
+    [[nodiscard]] bool isHeld() const { return lock_.isHeld(); }
 
 private:
-    std::optional<FileLock> lock_;
+    UserLock lock_;
 };
 
 /// Runs a query and hands each row to the function. True when every row was read.
@@ -71,7 +73,7 @@ bool forEachRow(const GlobalFuncs& glbFuncs, const std::string& path, const std:
     if (!glbFuncs.fileExists(path)) {
         return false;
     }
-    const auto database = Database::openUser(path);
+    const auto database = Database::openUser(path, UserLock::patience(path));
     if (!database) {
         return false;
     }
@@ -87,31 +89,28 @@ bool forEachRow(const Context& context, const std::string& query, RowFunction us
     return forEachRow(context.glbFuncs, context.database.userDBPath(), query, useRow);
 }
 
-std::optional<AlarmRow> readRow(const Context& context, std::int64_t timeId) {
-    std::optional<AlarmRow> row;
+std::optional<PlacedFrom> readRow(const Context& context, std::int64_t timeId) {
+    std::optional<PlacedFrom> row;
     const DatabaseFunctions& database = context.database;
     forEachRow(context,
                fmt::format(" SELECT MINUTE, PRAYTIME, EVENTID FROM USER_ALARMS WHERE TIMEID = {}", timeId),
                [&](sqlite3_stmt* columns) {
-                   row = AlarmRow{database.asInteger(columns, 0), database.asFloat(columns, 1),
-                                  database.asString(columns, 2)};
+                   row = PlacedFrom{database.asInteger(columns, 0), database.asFloat(columns, 1),
+                                    database.asString(columns, 2)};
                });
     return row;
 }
 
 void writeActive(const Context& context, std::int64_t timeId, bool active) {
-    context.database.executeSQL(
-        fmt::format(" UPDATE USER_ALARMS SET ACTIVE = {}  WHERE TIMEID = {} ", active ? 1 : 0, timeId));
+    context.database.executeSQL(statements::setActive(timeId, active));
 }
 
 void writeEventId(const Context& context, std::int64_t timeId, const std::string& eventId) {
-    context.database.executeSQL(fmt::format(" UPDATE USER_ALARMS SET EVENTID = '{}'  WHERE TIMEID = {} ",
-                                            statementText(eventId), timeId));
+    context.database.executeSQL(statements::setEventId(timeId, eventId));
 }
 
 void writePrayerTime(const Context& context, std::int64_t timeId, double prayerTime) {
-    context.database.executeSQL(fmt::format(" UPDATE USER_ALARMS SET  PRAYTIME = {}  WHERE TIMEID = {} ",
-                                            sixDecimals(prayerTime), timeId));
+    context.database.executeSQL(statements::setPrayerTime(timeId, prayerTime));
 }
 
 EKEventStore storeFor(const Context& context) {
@@ -130,15 +129,17 @@ void removeOrphans(const Context& context, const EKEventStore& store, const std:
     }
 }
 
-void removeEvent(const EKEventStore& store, const std::string& eventId) {
-    if (const auto event = store.eventWithIdentifier(eventId)) {
-        store.removeEvent(*event, EKSpan::thisEvent, nullptr);
+void removeEvent(const Context& context, const EKEventStore& store, const std::string& eventId) {
+    std::string reason;
+    const auto event = store.eventWithIdentifier(eventId);
+    if (event && !store.removeEvent(*event, EKSpan::thisEvent, &reason)) {
+        context.database.logTrouble("Error in removeEvent : " + reason);
     }
 }
 
 /// The prayer time on the day of `today` plus the offset, as a Julian day. Minutes outside 0 to 59 carry
 /// over; a prayer time of -1 (no such time) gives the hour before midnight like any other number.
-double alarmDay(const GlobalFuncs& glbFuncs, const DateTimeRecord& today, const AlarmRow& row) {
+double alarmDay(const GlobalFuncs& glbFuncs, const DateTimeRecord& today, const PlacedFrom& row) {
     const double hours =
         std::isnan(row.prayerTime) ? 0.0 : std::clamp(row.prayerTime, -kLargestHour, kLargestHour);
     const double wholeHours = std::trunc(hours);
@@ -149,7 +150,7 @@ double alarmDay(const GlobalFuncs& glbFuncs, const DateTimeRecord& today, const 
 }
 
 /// The next occurrence of the alarm, today or tomorrow, on the local clock.
-DateTimeRecord alarmMoment(const GlobalFuncs& glbFuncs, const AlarmRow& row) {
+DateTimeRecord alarmMoment(const GlobalFuncs& glbFuncs, const PlacedFrom& row) {
     DateTimeRecord soon = glbFuncs.GetCurrentDateTime();
     const double alarmToday = alarmDay(glbFuncs, soon, row);
     soon.minute += kMarginMinutes;
@@ -171,7 +172,8 @@ Instant dateFromComponents(const DateTimeRecord& record) {
 }
 
 /// Saves the alarm's event, the one it has or a new one, and returns the identifier that the event then has.
-std::string placeEvent(const GlobalFuncs& glbFuncs, const EKEventStore& store, const AlarmRow& row) {
+std::string placeEvent(const Context& context, const EKEventStore& store, const PlacedFrom& row) {
+    const GlobalFuncs& glbFuncs = context.glbFuncs;
     const DateTimeRecord start = alarmMoment(glbFuncs, row);
     auto existing = store.eventWithIdentifier(row.eventId);
     EKEvent event = existing ? std::move(*existing) : EKEvent::eventWithEventStore(store);
@@ -184,7 +186,9 @@ std::string placeEvent(const GlobalFuncs& glbFuncs, const EKEventStore& store, c
     event.startDate = dateFromComponents(start);
     event.endDate = dateFromComponents(endOf(glbFuncs, start));
     event.calendar = store.defaultCalendarForNewEvents();
-    store.saveEvent(event, EKSpan::thisEvent, nullptr);
+    if (std::string reason; !store.saveEvent(event, EKSpan::thisEvent, &reason)) {
+        context.database.logTrouble("Error in saveEvent : " + reason);
+    }
     return event.eventIdentifier;
 }
 
@@ -202,7 +206,7 @@ void place(const Context& context, std::int32_t prayerId) {
     }
     const EKEventStore store = storeFor(context);
     removeOrphans(context, store, row->eventId);
-    writeEventId(context, timeId, placeEvent(context.glbFuncs, store, *row));
+    writeEventId(context, timeId, placeEvent(context, store, *row));
 }
 
 /// deleteAlarm, under the lock.
@@ -212,7 +216,7 @@ void remove(const Context& context, std::int64_t timeId) {
     }
     const auto row = readRow(context, timeId);
     const EKEventStore store = storeFor(context);
-    removeEvent(store, row ? row->eventId : std::string());
+    removeEvent(context, store, row ? row->eventId : std::string());
     writeEventId(context, timeId, "");
     writeActive(context, timeId, false);
     removeOrphans(context, store, "");
@@ -242,32 +246,42 @@ AlarmInfo DatabaseFunctions::getAlarmInfo(std::int32_t prayerId) const {
 void DatabaseFunctions::updateAlarmDefinitions(std::int32_t prayerId, std::int32_t minuteOffset,
                                                double prayerTime, const std::string& melodyName,
                                                std::int32_t melodyTime) {
+    const AlarmLock lock(*this, "updateAlarmDefinitions");
+    if (!lock.isHeld()) {
+        return;
+    }
     const Context context{*this, glbFuncs_};
-    const AlarmLock lock(context);
-    executeSQL(fmt::format(
-        " UPDATE USER_ALARMS SET  MINUTE = {}, ACTIVE = 1, MELODYTIME = {}, MELODYNAME = '{}', "
-        "PRAYTIME = {}  WHERE TIMEID = {} ",
-        minuteOffset, melodyTime, statementText(melodyName), sixDecimals(prayerTime), timeIdOf(prayerId)));
+    executeSQL(statements::defineAlarm(timeIdOf(prayerId), {true, minuteOffset, melodyTime, melodyName},
+                                       prayerTime));
     place(context, prayerId);
 }
 
 void DatabaseFunctions::updateAlarmPrayerTime(std::int32_t prayerId, double prayerTime) {
+    const AlarmLock lock(*this, "updateAlarmPrayerTime");
+    if (!lock.isHeld()) {
+        return;
+    }
     const Context context{*this, glbFuncs_};
-    const AlarmLock lock(context);
     writePrayerTime(context, timeIdOf(prayerId), prayerTime);
     place(context, prayerId);
 }
 
 void DatabaseFunctions::reCalculateAlarm(std::int32_t prayerId) {
+    const AlarmLock lock(*this, "reCalculateAlarm");
+    if (!lock.isHeld()) {
+        return;
+    }
     const Context context{*this, glbFuncs_};
-    const AlarmLock lock(context);
     place(context, prayerId);
 }
 
 void DatabaseFunctions::deleteAlarm(std::int32_t prayerId) {
     try {
         const Context context{*this, glbFuncs_};
-        const AlarmLock lock(context);
+        const AlarmLock lock(*this, "deleteAlarm");
+        if (!lock.isHeld()) {
+            return;
+        }
         remove(context, timeIdOf(prayerId));
     } catch (const std::exception& exception) {
         glbFuncs_.NSLogToFile(exception.what());
@@ -275,8 +289,11 @@ void DatabaseFunctions::deleteAlarm(std::int32_t prayerId) {
 }
 
 void DatabaseFunctions::setAllAlarms(const City& city) {
+    const AlarmLock lock(*this, "setAllAlarms");
+    if (!lock.isHeld()) {
+        return;
+    }
     const Context context{*this, glbFuncs_};
-    const AlarmLock lock(context);
     std::vector<AlarmPrayerIdPrayerTime> alarms;
     forEachRow(context, "SELECT TIMEID FROM USER_ALARMS WHERE ACTIVE = 1", [&](sqlite3_stmt* columns) {
         const std::int64_t prayerId = std::int64_t{asInteger(columns, 0)} + kTimeIdOffset;
@@ -291,12 +308,15 @@ void DatabaseFunctions::setAllAlarms(const City& city) {
 }
 
 void DatabaseFunctions::clearAllAlarms(bool deactivate) {
+    const AlarmLock lock(*this, "clearAllAlarms");
+    if (!lock.isHeld()) {
+        return;
+    }
     const Context context{*this, glbFuncs_};
-    const AlarmLock lock(context);
     std::vector<AlarmTimeIdEventId> alarms;
     forEachRow(context, kActiveAlarms, [&](sqlite3_stmt* columns) {
         alarms.push_back({asInteger(columns, 0), asString(columns, 1)});
-        removeEvent(storeFor(context), alarms.back().eventId);
+        removeEvent(context, storeFor(context), alarms.back().eventId);
     });
     for (const AlarmTimeIdEventId& alarm : alarms) {
         writeEventId(context, alarm.timeId, "");

@@ -1,21 +1,16 @@
 // SPDX-License-Identifier: Apache-2.0
 #include "store/UserCities.h"
 
-#include "store/Database.h"
+#include "store/UserRows.h"
 
 namespace zorel {
 
 UserCities storedUserCities(const std::string& path) {
-    const auto database = Database::openUser(path);
-    if (!database) {
-        return {};
-    }
+    const UserReader reader(path);
     UserCities cities;
-    Statement rows = database->prepare("SELECT ID, SETASHOME FROM USER_CITY");
-    while (rows.nextRow()) {
-        cities.rows.push_back({rows.text(0), rows.text(1)});
-    }
-    cities.complete = rows.isAtEnd();
+    cities.result = reader.forEachRow("SELECT ID, SETASHOME FROM USER_CITY", [&](const Statement& row) {
+        cities.rows.push_back({row.text(0), row.text(1)});
+    });
     return cities;
 }
 

@@ -4,6 +4,7 @@
 #pragma once
 
 #include "platform/foundation/NumberText.h"
+#include "store/StoreState.h"
 
 #include <algorithm>
 #include <cstddef>
@@ -21,10 +22,10 @@ struct UserCity {
 
 struct UserCities {
     std::vector<UserCity> rows; ///< in the order of the list
-    bool complete = false;      ///< every row was read; false also where there is no list to read
+    StoreResult result;         ///< done: every row was read
 };
 
-/// Reads the list of a user database. Nothing is made or changed.
+/// Reads the list of a user database, under its lock. Nothing is made or changed.
 [[nodiscard]] UserCities storedUserCities(const std::string& path);
 
 /// Whether the row of a city (a UserCity or a City) says that it is the home city.

@@ -24,7 +24,7 @@ protected:
 TEST_F(StoredUserCities, StandInTheOrderOfTheList) {
     runFreely("INSERT INTO USER_CITY VALUES (30, 0), (10, 1), (20, 0), (30, 0)");
     const UserCities cities = storedUserCities(path());
-    EXPECT_TRUE(cities.complete);
+    EXPECT_TRUE(cities.result.isDone());
     EXPECT_THAT(cities.rows, ElementsAre(FieldsAre("30", "0"), FieldsAre("10", "1"), FieldsAre("20", "0"),
                                          FieldsAre("30", "0")));
     EXPECT_EQ(homePosition(cities.rows), 1U);
@@ -32,13 +32,13 @@ TEST_F(StoredUserCities, StandInTheOrderOfTheList) {
 
 TEST_F(StoredUserCities, AnEmptyListIsComplete) {
     const UserCities cities = storedUserCities(path());
-    EXPECT_TRUE(cities.complete);
+    EXPECT_TRUE(cities.result.isDone());
     EXPECT_TRUE(cities.rows.empty());
 }
 
 TEST_F(StoredUserCities, AMissingFileIsNoListAndIsNotMade) {
     std::filesystem::remove(path());
-    EXPECT_FALSE(storedUserCities(path()).complete);
+    EXPECT_FALSE(storedUserCities(path()).result.isDone());
     EXPECT_FALSE(std::filesystem::exists(path()));
 }
 
@@ -46,13 +46,13 @@ TEST_F(StoredUserCities, AnotherFileAMissingTableAndALockAreNoEmptyList) {
     sqlite3* other = nullptr;
     ASSERT_EQ(sqlite3_open(path().c_str(), &other), SQLITE_OK);
     ASSERT_EQ(sqlite3_exec(other, "BEGIN EXCLUSIVE", nullptr, nullptr, nullptr), SQLITE_OK);
-    EXPECT_FALSE(storedUserCities(path()).complete);
+    EXPECT_FALSE(storedUserCities(path()).result.isDone());
     sqlite3_close(other);
-    EXPECT_TRUE(storedUserCities(path()).complete);
+    EXPECT_TRUE(storedUserCities(path()).result.isDone());
     runFreely("DROP TABLE USER_CITY");
-    EXPECT_FALSE(storedUserCities(path()).complete);
+    EXPECT_FALSE(storedUserCities(path()).result.isDone());
     test::writeFile(path(), "this is no database, it is a text of some length");
-    EXPECT_FALSE(storedUserCities(path()).complete);
+    EXPECT_FALSE(storedUserCities(path()).result.isDone());
 }
 
 TEST_F(StoredUserCities, AListThatBreaksOffIsNotComplete) {
@@ -63,7 +63,7 @@ TEST_F(StoredUserCities, AListThatBreaksOffIsNotComplete) {
     bytes.replace(bytes.size() - 4096, 4096, 4096, '\xff');
     test::writeFile(path(), bytes);
     const UserCities cities = storedUserCities(path());
-    EXPECT_FALSE(cities.complete);
+    EXPECT_FALSE(cities.result.isDone());
     EXPECT_GT(cities.rows.size(), 0U);
     EXPECT_LT(cities.rows.size(), 2000U);
 }

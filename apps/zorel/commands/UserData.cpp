@@ -9,8 +9,6 @@
 
 #include <fmt/format.h>
 
-#include <filesystem>
-
 namespace zorel::cli {
 
 namespace {
@@ -18,10 +16,6 @@ std::string databasePath() {
     return Locations::current().data + "/user.sqlite";
 }
 
-bool isMissing(const std::string& path) {
-    std::error_code ignored;
-    return std::filesystem::status(path, ignored).type() == std::filesystem::file_type::not_found;
-}
 } // namespace
 
 void makeDataDir() {
@@ -38,12 +32,13 @@ void requireReadableUserData() {
 
 std::int32_t homeCityId() {
     const std::string path = databasePath();
-    if (isMissing(path)) {
-        return 0;
-    }
     const UserCities cities = storedUserCities(path);
-    if (!cities.complete) {
-        throw CliError(Exit::dataTrouble, fmt::format("cannot read your cities in {}", path),
+    if (cities.result.state == StoreState::busy) {
+        throw CliError(Exit::dataTrouble, cities.result.reason, "try again");
+    }
+    if (cities.result.state == StoreState::failed) {
+        throw CliError(Exit::dataTrouble,
+                       fmt::format("cannot read your cities in {}: {}", path, cities.result.reason),
                        "check its permissions; a broken file can be moved away to begin anew");
     }
     const auto home = homePosition(cities.rows);

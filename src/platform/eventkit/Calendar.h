@@ -15,7 +15,8 @@ namespace zorel {
 /// do.
 ///
 /// Identifiers are chosen by the store (an event keeps its own for life). After a failed call the calendar is
-/// as it was before.
+/// as it was before. A calendar that cannot be read is not an empty one: a question that it cannot answer
+/// throws a std::exception that says why.
 class Calendar {
 public:
     Calendar() = default;

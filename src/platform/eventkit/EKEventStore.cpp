@@ -55,14 +55,15 @@ void EKEventStore::setCalendar(std::shared_ptr<Calendar> calendar) {
     chosenCalendar() = std::move(calendar);
 }
 
-std::optional<EKEvent> EKEventStore::eventWithIdentifier(const std::string& identifier) const {
+std::optional<EKEvent> EKEventStore::eventWithIdentifier(const std::string& identifier,
+                                                         std::string* error) const {
     std::optional<EKEvent> event;
     guarded(
         [&](std::string&) {
             event = identifier.empty() ? std::nullopt : calendar_->eventWithIdentifier(identifier);
             return true;
         },
-        nullptr);
+        error);
     return event;
 }
 
@@ -110,7 +111,7 @@ int EKEventStore::removeEventsExcept(std::span<const std::string> identifiersToK
     int removed = 0;
     guarded(
         [&](std::string& reason) {
-            for (const std::string& identifier : calendar_->identifiersWithPrefix(prefixOf(owner_))) {
+            for (const std::string& identifier : ownIdentifiers(&reason)) {
                 const bool keep = std::ranges::find(identifiersToKeep, identifier) != identifiersToKeep.end();
                 removed += !keep && calendar_->removeEvent(identifier, reason) ? 1 : 0;
             }
@@ -118,6 +119,17 @@ int EKEventStore::removeEventsExcept(std::span<const std::string> identifiersToK
         },
         nullptr);
     return removed;
+}
+
+std::vector<std::string> EKEventStore::ownIdentifiers(std::string* error) const {
+    std::vector<std::string> identifiers;
+    guarded(
+        [&](std::string&) {
+            identifiers = calendar_->identifiersWithPrefix(prefixOf(owner_));
+            return true;
+        },
+        error);
+    return identifiers;
 }
 
 } // namespace zorel

@@ -10,6 +10,7 @@
 #include <optional>
 #include <span>
 #include <string>
+#include <vector>
 
 namespace zorel {
 
@@ -27,8 +28,10 @@ public:
     /// The calendar of all stores from now on; nullptr: the folder "calendar" in the data directory.
     static void setCalendar(std::shared_ptr<Calendar> calendar);
 
-    /// The event; nothing when the calendar does not hold it or cannot be asked.
-    [[nodiscard]] std::optional<EKEvent> eventWithIdentifier(const std::string& identifier) const;
+    /// The event; nothing when the calendar does not hold it or cannot be asked. `error`: out, why it cannot
+    /// be asked, untouched otherwise; may be nullptr.
+    [[nodiscard]] std::optional<EKEvent> eventWithIdentifier(const std::string& identifier,
+                                                             std::string* error = nullptr) const;
     /// The calendar behind this store; without a name when it cannot be asked.
     [[nodiscard]] EKCalendar defaultCalendarForNewEvents() const;
     /// Saves the event. A new event gets its `eventIdentifier` (in, out) when, and only when, it could be
@@ -40,6 +43,8 @@ public:
     /// how many they were. A process that dies between saving an event and noting its identifier leaves such
     /// events behind.
     int removeEventsExcept(std::span<const std::string> identifiersToKeep) const;
+    /// Identifiers of the events of this store's owner. `error` as for eventWithIdentifier.
+    [[nodiscard]] std::vector<std::string> ownIdentifiers(std::string* error) const;
 
 private:
     [[nodiscard]] std::string newIdentifier() const;

@@ -8,6 +8,7 @@
 
 #include <algorithm>
 #include <filesystem>
+#include <stdexcept>
 #include <string_view>
 #include <system_error>
 #include <utility>
@@ -31,6 +32,25 @@ bool isPlain(std::string_view identifier) {
 
 std::string fileName(const std::string& identifier) {
     return identifier + std::string(kSuffix);
+}
+
+bool isMissing(std::error_code error) {
+    return error == std::errc::no_such_file_or_directory || error == std::errc::not_a_directory;
+}
+
+/// Whether a file that could not be read holds no event for certain.
+bool isNoEvent(std::error_code error) {
+    return isMissing(error) || error == std::errc::file_too_large || error == std::errc::not_supported;
+}
+
+/// Whether the folder may be changed; `error`: out, why not.
+bool held(const FileLock& lock, std::string& error) {
+    if (lock.state() == LockState::busy) {
+        error = "another program is working on the calendar";
+    } else if (lock.state() == LockState::cannotLock) {
+        error = "cannot lock the calendar: " + lock.error().message();
+    }
+    return lock.state() == LockState::acquired;
 }
 
 /// Whether a change to a file was done; `error`: out, what was not done and why.
@@ -63,13 +83,16 @@ EKCalendar FolderCalendar::description() const {
 
 std::vector<std::string> FolderCalendar::fileNames() const {
     std::vector<std::string> names;
-    std::error_code ignored;
-    for (std::filesystem::directory_iterator entry(folder_, ignored), end; entry != end;
-         entry.increment(ignored)) {
+    std::error_code error;
+    std::filesystem::directory_iterator entry(folder_, error);
+    for (; !error && entry != std::filesystem::directory_iterator(); entry.increment(error)) {
         std::string name = entry->path().filename().string();
         if (name.ends_with(kSuffix) && !name.starts_with('.')) {
             names.push_back(std::move(name));
         }
+    }
+    if (error && !isMissing(error)) {
+        throw std::runtime_error("cannot read the folder " + folder_ + ": " + error.message());
     }
     std::ranges::sort(names);
     return names;
@@ -77,8 +100,12 @@ std::vector<std::string> FolderCalendar::fileNames() const {
 
 std::optional<FolderCalendar::Entry> FolderCalendar::entryInFile(const std::string& name,
                                                                  const std::string& identifier) const {
-    auto text = readSmallFile(pathOf(name), kFileLimit);
+    std::error_code error;
+    auto text = readSmallFile(pathOf(name), kFileLimit, error);
     if (!text) {
+        if (name == fileName(identifier) && !isNoEvent(error)) {
+            throw std::runtime_error("cannot read " + pathOf(name) + ": " + error.message());
+        }
         return std::nullopt;
     }
     auto event = eventFromIcs(*text);
@@ -129,6 +156,9 @@ bool FolderCalendar::saveEvent(const EKEvent& event, std::string& error) {
         return false;
     }
     const FileLock lock(pathOf(kLockName));
+    if (!held(lock, error)) {
+        return false;
+    }
     const EKEvent wanted = withEndAfterStart(event);
     const auto present = find(wanted.eventIdentifier);
     if (present && sameEvent(present->event, wanted)) {
@@ -154,6 +184,9 @@ bool FolderCalendar::removeEvent(const std::string& identifier, std::string& err
         return false;
     }
     const FileLock lock(pathOf(kLockName));
+    if (!held(lock, error)) {
+        return false;
+    }
     const auto present = find(identifier);
     if (!present) {
         error = "there is no event " + identifier;

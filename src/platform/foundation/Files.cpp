@@ -85,6 +85,15 @@ std::optional<std::string> readAll(int file, std::size_t size) {
     return content;
 }
 
+/// Why a file of this kind is not read.
+std::error_code kindError(const struct stat& status, std::size_t limit) {
+    if (!S_ISREG(status.st_mode)) {
+        return std::make_error_code(std::errc::not_supported);
+    }
+    const bool large = static_cast<std::uint64_t>(status.st_size) > limit;
+    return large ? std::make_error_code(std::errc::file_too_large) : std::error_code();
+}
+
 bool writeNew(const std::string& path, std::string_view bytes) {
     const Descriptor file(open(path.c_str(), O_WRONLY | O_CREAT | O_EXCL | O_CLOEXEC, 0600));
     return file.get() >= 0 && writeAll(file.get(), bytes) && fsync(file.get()) == 0;
@@ -156,14 +165,25 @@ std::error_code removeFile(const std::string& path) {
 }
 
 std::optional<std::string> readSmallFile(const std::string& path, std::size_t limit) {
+    std::error_code ignored;
+    return readSmallFile(path, limit, ignored);
+}
+
+std::optional<std::string> readSmallFile(const std::string& path, std::size_t limit, std::error_code& error) {
     // Without O_NONBLOCK a named pipe would hold the program.
     const Descriptor file(open(path.c_str(), O_RDONLY | O_CLOEXEC | O_NONBLOCK));
     struct stat status {};
-    if (file.get() < 0 || fstat(file.get(), &status) != 0 || !S_ISREG(status.st_mode) ||
-        static_cast<std::uint64_t>(status.st_size) > limit) {
+    if (file.get() < 0 || fstat(file.get(), &status) != 0) {
+        error = lastError();
         return std::nullopt;
     }
-    return readAll(file.get(), static_cast<std::size_t>(status.st_size));
+    error = kindError(status, limit);
+    if (error) {
+        return std::nullopt;
+    }
+    auto content = readAll(file.get(), static_cast<std::size_t>(status.st_size));
+    error = content ? std::error_code() : lastError();
+    return content;
 }
 
 void sweepTemporaryFiles(const std::string& folder) {

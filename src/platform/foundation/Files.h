@@ -39,6 +39,11 @@ namespace zorel {
 /// device, and where there is no file or it cannot be read. Never waits for a writer.
 [[nodiscard]] std::optional<std::string> readSmallFile(const std::string& path, std::size_t limit);
 
+/// The same, with the reason when there is nothing: no_such_file_or_directory, what the system says, or
+/// file_too_large, or not_supported for what is no regular file.
+[[nodiscard]] std::optional<std::string> readSmallFile(const std::string& path, std::size_t limit,
+                                                       std::error_code& error);
+
 /// Removes the temporary files that ended processes left in the folder. Those of this process count as left:
 /// call it only while no thread writes there.
 void sweepTemporaryFiles(const std::string& folder);

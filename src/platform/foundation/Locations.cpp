@@ -37,6 +37,11 @@ bool fileExistsAtPath(const std::string& path) {
     return fs::exists(path, error);
 }
 
+bool isMissingAtPath(const std::string& path) {
+    std::error_code error;
+    return fs::status(path, error).type() == fs::file_type::not_found;
+}
+
 bool createDirectoryAtPath(const std::string& path) {
     if (isDirectory(path)) {
         return true;

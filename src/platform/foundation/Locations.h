@@ -21,6 +21,8 @@ struct Locations {
 
 /// Whether anything exists at the path.
 [[nodiscard]] bool fileExistsAtPath(const std::string& path);
+/// Whether there is certainly nothing at the path; false also where that cannot be found out.
+[[nodiscard]] bool isMissingAtPath(const std::string& path);
 /// Makes the folder and its parents (mode 0700 for new ones); false when that fails.
 bool createDirectoryAtPath(const std::string& path);
 /// Relative paths of everything below the folder, recursively, in the order the file system yields them;

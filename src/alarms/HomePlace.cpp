@@ -1,0 +1,34 @@
+// SPDX-License-Identifier: Apache-2.0
+#include "alarms/HomePlace.h"
+
+#include "common/GlobalFuncs.h"
+#include "store/AlmanacPlace.h"
+#include "store/CatalogueLookup.h"
+
+#include <fmt/format.h>
+
+namespace zorel {
+
+HomePlace homePlaceOf(const GlobalFuncs& glbFuncs, const std::vector<UserCity>& cities) {
+    const auto position = homePosition(cities);
+    if (!position) {
+        return {};
+    }
+    HomePlace home;
+    home.cityId = integerValue(cities[*position].cityId);
+    bool readable = false;
+    if (const auto row = placeById(glbFuncs, home.cityId, readable)) {
+        home.state = HomeState::known;
+        home.place = almanacPlace(*row);
+    } else if (readable) {
+        home.state = HomeState::notInCatalogue;
+        home.reason = fmt::format("the catalogue has no city {}", home.cityId);
+    } else {
+        home.state = HomeState::unreadableCatalogue;
+        home.reason =
+            fmt::format("the catalogue {}/database/cities.sqlite cannot be read", glbFuncs.appBundlePath);
+    }
+    return home;
+}
+
+} // namespace zorel

@@ -1,0 +1,250 @@
+// SPDX-License-Identifier: Apache-2.0
+#include "alarms/UserActions.h"
+
+#include "alarms/PrayerAlarms.h"
+#include "platform/foundation/NumberText.h"
+#include "store/DatabaseFunctions.h"
+#include "store/UserStatements.h"
+
+#include <algorithm>
+#include <utility>
+
+namespace zorel {
+namespace {
+
+bool isListed(const UserRows& rows, std::int32_t cityId) {
+    return std::ranges::any_of(
+        rows.cities, [cityId](const UserCity& city) { return integerValue(city.cityId) == cityId; });
+}
+
+const AlarmRow& rowOf(const UserRows& rows, std::int32_t prayerId) {
+    return rows.alarms.at(static_cast<std::size_t>(prayerId - kFirstAlarmPrayerId));
+}
+
+void switchAllOff(const UserRows& rows, std::vector<std::string>& statements) {
+    for (const AlarmRow& row : rows.alarms) {
+        if (row.active) {
+            statements.push_back(statements::setActive(row.timeId, false));
+        }
+    }
+}
+
+/// The rows that stay when a city goes.
+std::vector<UserCity> others(const UserRows& rows, std::int32_t cityId) {
+    std::vector<UserCity> rest = rows.cities;
+    std::erase_if(rest, [cityId](const UserCity& city) { return integerValue(city.cityId) == cityId; });
+    return rest;
+}
+
+bool isHome(const UserRows& rows, std::int32_t cityId) {
+    const auto position = homePosition(rows.cities);
+    return position && integerValue(rows.cities[*position].cityId) == cityId;
+}
+
+/// No text that ends a statement's text may get into one.
+bool holdsApostrophe(const std::string& name) {
+    return name.find('\'') != std::string::npos;
+}
+
+ActionResult failed(const StoreResult& result) {
+    const bool busy = result.state == StoreState::busy;
+    return {busy ? ActionState::busy : ActionState::unstorable, result.reason, std::nullopt};
+}
+
+/// Whether the calendar says what was asked for: of the alarm that the action is about, else of all.
+bool isAsAsked(const AlarmReport& report, std::optional<std::int32_t> edited) {
+    if (!edited) {
+        return report.isGood();
+    }
+    const AlarmStatus& alarm = report.of(*edited);
+    if (!alarm.info.active) {
+        return alarm.state == AlarmState::off && report.trouble != AlarmTrouble::leftovers &&
+               report.trouble != AlarmTrouble::unreadableCalendar;
+    }
+    return report.home.place && (alarm.state == AlarmState::rings || alarm.state == AlarmState::noSuchTime);
+}
+
+std::string complaintOf(const AlarmReport& report, std::optional<std::int32_t> edited) {
+    const std::string ofAlarm = edited ? report.of(*edited).reason : std::string();
+    return ofAlarm.empty() ? report.complaint() : ofAlarm;
+}
+
+} // namespace
+
+ActionResult UserActions::perform(const Planner& planner) {
+    const UserLock lock(dbFuncs_.userDBPath(), LockKind::exclusive);
+    if (!lock.isHeld()) {
+        const bool busy = lock.state() == LockState::busy;
+        return {busy ? ActionState::busy : ActionState::unstorable, lock.reason(), std::nullopt};
+    }
+    const UserRows before = storedUserRows(dbFuncs_.userDBPath());
+    if (!before.result.isDone()) {
+        return failed(before.result);
+    }
+    const Plan plan = planner(before);
+    if (plan.state != ActionState::done) {
+        return {plan.state, plan.reason, std::nullopt};
+    }
+    if (!plan.statements.empty()) {
+        const StoreResult changed = changeUserRows(dbFuncs_.userDBPath(), plan.statements);
+        if (!changed.isDone()) {
+            dbFuncs_.logTrouble("Error in action : " + changed.reason);
+            return failed(changed);
+        }
+    }
+    return plan.movesAlarms ? follow(plan, before) : ActionResult{};
+}
+
+ActionResult UserActions::follow(const Plan& plan, const UserRows& before) {
+    AlarmReport report = PrayerAlarms(glbFuncs_, dbFuncs_).reconcile(plan.edited);
+    if (isAsAsked(report, plan.edited)) {
+        return {ActionState::done, {}, std::move(report)};
+    }
+    const std::string reason = complaintOf(report, plan.edited);
+    if (plan.statements.empty()) {
+        return {ActionState::refused, reason, std::move(report)};
+    }
+    return putBack(before, reason);
+}
+
+/// Should the rows refuse to go back too, they hold what was asked for, and the next reconciliation completes
+/// it.
+ActionResult UserActions::putBack(const UserRows& before, const std::string& reason) {
+    const UserRows now = storedUserRows(dbFuncs_.userDBPath());
+    const StoreResult restored = now.result.isDone()
+                                     ? changeUserRows(dbFuncs_.userDBPath(), statementsToRestore(before, now))
+                                     : now.result;
+    if (!restored.isDone()) {
+        dbFuncs_.logTrouble("Error in putBack : " + restored.reason);
+    }
+    return {ActionState::refused, reason, PrayerAlarms(glbFuncs_, dbFuncs_).reconcile()};
+}
+
+ActionResult UserActions::addCity(std::int32_t cityId) {
+    return perform([cityId](const UserRows& rows) {
+        Plan plan;
+        if (isListed(rows, cityId)) {
+            plan.state = ActionState::alreadyListed;
+            plan.reason = "the city is in the list already";
+            return plan;
+        }
+        plan.movesAlarms = rows.cities.empty();
+        if (plan.movesAlarms) {
+            switchAllOff(rows, plan.statements);
+        }
+        plan.statements.push_back(statements::addCity(cityId, rows.cities.empty()));
+        return plan;
+    });
+}
+
+ActionResult UserActions::makeHome(std::int32_t cityId) {
+    return perform([cityId](const UserRows& rows) {
+        Plan plan;
+        if (!isListed(rows, cityId)) {
+            plan.state = ActionState::notListed;
+            plan.reason = "the city is not in the list";
+            return plan;
+        }
+        plan.movesAlarms = true;
+        const bool isMarked = isMarkedAsHome(rows.cities[*homePosition(rows.cities)]);
+        if (!isHome(rows, cityId) || !isMarked) {
+            plan.statements = {statements::unmarkHome(), statements::markAsHome(cityId)};
+        }
+        return plan;
+    });
+}
+
+ActionResult UserActions::removeCity(std::int32_t cityId) {
+    return perform([cityId](const UserRows& rows) {
+        Plan plan;
+        if (!isListed(rows, cityId)) {
+            return plan;
+        }
+        plan.statements.push_back(statements::removeCity(cityId));
+        plan.movesAlarms = isHome(rows, cityId);
+        const auto rest = others(rows, cityId);
+        if (plan.movesAlarms && rest.empty()) {
+            switchAllOff(rows, plan.statements);
+        } else if (plan.movesAlarms) {
+            plan.statements.push_back(statements::unmarkHome());
+            plan.statements.push_back(statements::markAsHome(integerValue(rest.front().cityId)));
+        }
+        return plan;
+    });
+}
+
+ActionResult UserActions::switchOn(std::int32_t prayerId, const std::function<void(AlarmInfo&)>& choose) {
+    return perform([&](const UserRows& rows) {
+        Plan plan;
+        const AlarmRow& row = rowOf(rows, prayerId);
+        AlarmInfo chosen = row.info();
+        choose(chosen);
+        if (rows.cities.empty()) {
+            plan.state = ActionState::noHome;
+            plan.reason = "there is no home city whose times an alarm could follow";
+        } else if (holdsApostrophe(chosen.melodyName)) {
+            plan.state = ActionState::badName;
+            plan.reason = "a ringtone's name must not hold an apostrophe";
+        }
+        plan.statements = {statements::defineAlarm(row.timeId, chosen, row.prayerTime.value_or(0.0))};
+        plan.movesAlarms = true;
+        plan.edited = prayerId;
+        return plan;
+    });
+}
+
+ActionResult UserActions::switchOff(std::int32_t prayerId) {
+    return perform([prayerId](const UserRows& rows) {
+        Plan plan;
+        plan.statements = {statements::setActive(rowOf(rows, prayerId).timeId, false)};
+        plan.movesAlarms = true;
+        plan.edited = prayerId;
+        return plan;
+    });
+}
+
+ActionResult UserActions::setOffset(std::int32_t prayerId, std::int32_t minutes) {
+    const UserLock lock(dbFuncs_.userDBPath(), LockKind::exclusive);
+    const ActionResult stored = changeStored(prayerId, {});
+    return stored.isDone() ? switchOn(prayerId, [minutes](AlarmInfo& alarm) { alarm.timeOffset = minutes; })
+                           : stored;
+}
+
+ActionResult UserActions::setRingtone(std::int32_t prayerId, const std::string& name) {
+    if (holdsApostrophe(name)) {
+        return {ActionState::badName, "a ringtone's name must not hold an apostrophe", std::nullopt};
+    }
+    return changeStored(prayerId, statements::setMelodyName(prayerId - kTimeIdOffset, name));
+}
+
+ActionResult UserActions::setDuration(std::int32_t prayerId, std::int32_t duration) {
+    return changeStored(prayerId, statements::setMelodyTime(prayerId - kTimeIdOffset, duration));
+}
+
+/// What is stored of an alarm that is on; its event does not know of it.
+ActionResult UserActions::changeStored(std::int32_t prayerId, const std::string& statement) {
+    return perform([&](const UserRows& rows) {
+        Plan plan;
+        if (rows.cities.empty()) {
+            plan.state = ActionState::noHome;
+            plan.reason = "there is no home city whose times an alarm could follow";
+        } else if (!rowOf(rows, prayerId).active) {
+            plan.state = ActionState::alarmIsOff;
+            plan.reason = "an alarm that is off keeps no changes";
+        }
+        if (!statement.empty()) {
+            plan.statements = {statement};
+        }
+        return plan;
+    });
+}
+
+ActionResult UserActions::refresh() {
+    return perform([](const UserRows& /*rows*/) {
+        Plan plan;
+        plan.movesAlarms = true;
+        return plan;
+    });
+}
+
+} // namespace zorel
