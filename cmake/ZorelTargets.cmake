@@ -13,6 +13,33 @@ find_package(PkgConfig REQUIRED)
 set(THREADS_PREFER_PTHREAD_FLAG ON)
 find_package(Threads REQUIRED)
 
+# What a program is built with against attackers: it lies at an address of chance, its tables of functions are read only
+# once it runs, returns and calls are guarded, and so are copies into arrays whose size the compiler knows. It changes no
+# number. tests/tools/hardening_test.py looks at the built programs.
+option(ZOREL_HARDENING "Build programs that are hard to take over" ${PROJECT_IS_TOP_LEVEL})
+add_library(zorel_hardening INTERFACE)
+if(ZOREL_HARDENING)
+    include(CheckCXXCompilerFlag)
+    include(CheckPIESupported)
+    check_pie_supported(LANGUAGES CXX)
+    check_cxx_compiler_flag(-fcf-protection=full ZOREL_HAS_CF_PROTECTION) # x86 only
+    check_cxx_compiler_flag(-fstack-clash-protection ZOREL_HAS_STACK_CLASH_PROTECTION)
+    set_target_properties(zorel_hardening PROPERTIES INTERFACE_POSITION_INDEPENDENT_CODE ON)
+    target_compile_options(zorel_hardening INTERFACE
+        -fstack-protector-strong
+        $<$<BOOL:${ZOREL_HAS_CF_PROTECTION}>:-fcf-protection=full>
+        $<$<BOOL:${ZOREL_HAS_STACK_CLASH_PROTECTION}>:-fstack-clash-protection>)
+    target_link_options(zorel_hardening INTERFACE LINKER:-z,relro,-z,now,-z,noexecstack)
+    # The C library's guards of copies need an optimising compiler, and keep the sanitizers from seeing those copies.
+    string(TOUPPER "CMAKE_CXX_FLAGS_${CMAKE_BUILD_TYPE}" zorel_flags_of_build)
+    set(zorel_flags "${CMAKE_CXX_FLAGS} ${${zorel_flags_of_build}}")
+    if(zorel_flags MATCHES "-O[123s]" AND NOT zorel_flags MATCHES "-O0|-fsanitize")
+        set(ZOREL_FORTIFIED ON)
+        target_compile_options(zorel_hardening INTERFACE
+            $<$<NOT:$<BOOL:$<TARGET_PROPERTY:ZOREL_UNOPTIMISED>>>:-U_FORTIFY_SOURCE;-D_FORTIFY_SOURCE=3>)
+    endif()
+endif()
+
 option(ZOREL_WERROR "Let every warning be an error (our own presets do)" OFF)
 add_library(zorel_options INTERFACE)
 target_compile_features(zorel_options INTERFACE cxx_std_20)
@@ -21,6 +48,7 @@ target_compile_options(zorel_options INTERFACE
     # The same bits from every compiler and at every optimisation level.
     -ffp-contract=off)
 target_include_directories(zorel_options INTERFACE ${PROJECT_SOURCE_DIR}/src)
+target_link_libraries(zorel_options INTERFACE zorel_hardening)
 
 function(zorel_add_folders)
     foreach(folder IN LISTS ARGN)
@@ -75,6 +103,7 @@ function(zorel_test_main)
         ZOREL_SOURCE_DIR="${PROJECT_SOURCE_DIR}" ZOREL_BINARY_DIR="${PROJECT_BINARY_DIR}")
     target_link_libraries(zorel_test_options INTERFACE zorel_options GTest::gtest GTest::gmock)
     add_library(zorel_test_main OBJECT ${PROJECT_SOURCE_DIR}/tests/main.cpp)
+    set_target_properties(zorel_test_main PROPERTIES ZOREL_UNOPTIMISED ON)
     target_link_libraries(zorel_test_main PRIVATE zorel_test_options)
     target_precompile_headers(zorel_test_main PRIVATE
         <gtest/gtest.h> <gmock/gmock.h> <algorithm> <array> <cmath> <filesystem> <fstream> <functional> <map> <memory>
@@ -93,6 +122,7 @@ function(zorel_test name)
     endif()
     zorel_test_main()
     add_executable(${name}_test ${ARG_SOURCES})
+    set_target_properties(${name}_test PROPERTIES ZOREL_UNOPTIMISED ON)
     target_link_libraries(${name}_test PRIVATE ${ARG_LIBS} zorel_test_options)
     if(ARG_MAIN)
         target_sources(${name}_test PRIVATE ${ARG_MAIN})

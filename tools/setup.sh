@@ -10,7 +10,7 @@ base_packages=(
 # programs that read our calendars, completions and manual page, libraries that the accuracy report has as peers.
 test_packages=(
     libgmock-dev clang clang-format git python3 locales
-    dpkg-dev make file desktop-file-utils appstream
+    dpkg-dev make file desktop-file-utils appstream systemd
     khal vdirsyncer radicale fish groff-base
     libitl-dev libnova-dev)
 # What the benchmarks need: their library, programs and libraries that are measured beside ours.

@@ -9,7 +9,10 @@
 
 namespace zorel {
 
-/// Listens on a local socket whose name comes from the data folder and the user.
+/// Listens on a local socket named after the data folder in the user's runtime folder ($XDG_RUNTIME_DIR),
+/// where nobody else can put one. Whoever answers or visits has to be a process of this user. Without such a
+/// folder, every start opens a window of its own; the data stay whole, since programs lock them for each
+/// action.
 class SingleInstance : public QObject {
     Q_OBJECT
 
@@ -25,7 +28,7 @@ signals:
     void raiseRequested();
 
 private:
-    QString name_;
+    QString path_; ///< of the socket; empty without a runtime folder
     QLocalServer server_;
 };
 

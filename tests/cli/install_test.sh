@@ -19,7 +19,9 @@ cmake --install "$build" --prefix "$prefix" > "$work/install.log"
 expect "$("$prefix/bin/zorel" today 745044 --short --lang en)" "Maghrib"
 [ -s "$prefix/share/man/man1/zorel.1" ] || fail "no manual page"
 [ -s "$prefix/share/bash-completion/completions/zorel" ] || fail "no completion"
-[ -s "$prefix/share/systemd/user/zorel-refresh.timer" ] || fail "no timer"
+for unit in zorel-refresh.timer zorel-refresh.service zorel-refresh-failed.service; do
+    [ -s "$prefix/share/systemd/user/$unit" ] || fail "no $unit"
+done
 [ -s "$prefix/share/doc/zorel/NOTICE" ] || fail "no credits"
 if grep -rIl "$source" "$prefix" | grep -q .; then fail "installed files name the source folder"; fi
 

@@ -8,6 +8,7 @@ import os
 import pathlib
 import re
 import shutil
+import socket
 import subprocess
 import sys
 import tempfile
@@ -145,6 +146,50 @@ class ProgramTest(unittest.TestCase):
             self.assertIsNone(window.poll(), "the window is open")
             window.kill()
             window.wait()
+
+    def open_window(self):
+        """A window that shows the cities; it is closed when the test ends."""
+        window = subprocess.Popen([PROGRAM], env=self.environment, stdout=subprocess.PIPE, stderr=subprocess.DEVNULL,
+                                  cwd=self.home)
+        self.addCleanup(window.communicate)
+        self.addCleanup(window.kill)
+        time.sleep(2)
+        return window
+
+    def test_the_socket_lies_where_nobody_else_can_put_one(self):
+        runtime = self.home / "runtime"
+        runtime.mkdir(mode=0o700)
+        self.environment["XDG_RUNTIME_DIR"] = str(runtime)
+        window = self.open_window()
+        self.assertIsNone(window.poll())
+        sockets = list(runtime.iterdir())
+        self.assertEqual([socket.is_socket() for socket in sockets], [True], sockets)
+        self.assertEqual([path for path in self.home.iterdir() if path.is_socket()], [])
+
+    def test_a_runtime_folder_that_others_may_enter_is_not_used(self):
+        runtime = self.home / "runtime"
+        runtime.mkdir()
+        runtime.chmod(0o755)
+        for folder in (str(runtime), "runtime", ""):
+            self.environment["XDG_RUNTIME_DIR"] = folder
+            for _ in range(2):
+                self.assertIsNone(self.open_window().poll(), "a window of its own")
+            self.assertEqual(list(runtime.iterdir()), [])
+
+    def test_the_socket_of_another_user_is_not_believed(self):
+        if os.geteuid() != 0:
+            self.skipTest("only root can act as another user")
+        self.open_window().kill()
+        path = next(path for path in self.home.iterdir() if path.is_socket())
+        path.unlink()
+        with socket.socket(socket.AF_UNIX) as stranger:
+            stranger.bind(str(path))
+            os.seteuid(65534)  # the kernel notes who listens
+            try:
+                stranger.listen()
+            finally:
+                os.seteuid(0)
+            self.assertIsNone(self.open_window().poll(), "a window opens all the same")
 
 
 if __name__ == "__main__":
