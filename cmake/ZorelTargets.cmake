@@ -104,6 +104,10 @@ function(zorel_test_main)
     target_link_libraries(zorel_test_options INTERFACE zorel_options GTest::gtest GTest::gmock)
     add_library(zorel_test_main OBJECT ${PROJECT_SOURCE_DIR}/tests/main.cpp)
     set_target_properties(zorel_test_main PROPERTIES ZOREL_UNOPTIMISED ON)
+    if(ZOREL_HARDENING)
+        # As the programs of tests are compiled, whose headers these are; what is no program would get -fPIC.
+        target_compile_options(zorel_test_main PRIVATE -fPIE)
+    endif()
     target_link_libraries(zorel_test_main PRIVATE zorel_test_options)
     target_precompile_headers(zorel_test_main PRIVATE
         <gtest/gtest.h> <gmock/gmock.h> <algorithm> <array> <cmath> <filesystem> <fstream> <functional> <map> <memory>
