@@ -2,6 +2,7 @@
 #include "commands/Commands.h"
 
 #include "commands/PlaceResolver.h"
+#include "draw/DayBar.h"
 #include "grammar/DateArgument.h"
 #include "print/ClockNotices.h"
 #include "print/DayJson.h"
@@ -27,7 +28,9 @@ struct Report {
     std::optional<DayTime> next; ///< only for the place's today
     almanac::Qibla qibla;
     AllCalendarRecord calendars;
-    std::optional<EzaniHours> ezani; ///< only when asked for
+    std::optional<EzaniHours> ezani;     ///< only when asked for
+    std::optional<DayLight> light;       ///< only for a picture
+    std::optional<almanac::Instant> now; ///< only for the place's today
 };
 
 Report makeReport(const Context& context, ShownPlace place, almanac::Date date, bool isToday) {
@@ -35,7 +38,11 @@ Report makeReport(const Context& context, ShownPlace place, almanac::Date date, 
     almanac::Memory memory;
     Report report;
     if (isToday) {
-        report.next = almanac.next(context.now(), memory, context.precision()).next;
+        report.now = context.now();
+        report.next = almanac.next(*report.now, memory, context.precision()).next;
+    }
+    if (!context.options.json && !context.options.shortForm) {
+        report.light = dayLight(almanac, memory, date);
     }
     report.day = almanac.day(date, memory);
     report.qibla = almanac.qibla(date);
@@ -49,20 +56,31 @@ Report makeReport(const Context& context, ShownPlace place, almanac::Date date, 
 
 std::string headingText(const Context& context, const Report& report) {
     const std::string hijri = hijriText(report.calendars, context.language);
-    std::string text = context.style.bold(placeText(report.place, context.language)) + '\n';
-    text += longDate(report.day.date, context.language);
+    std::vector<std::string> parts{longDate(report.day.date, context.language)};
     if (!hijri.empty()) {
-        text += fmt::format("  |  {}: {}", context.word(Word::hijri), hijri);
+        parts.push_back(fmt::format("{}: {}", context.word(Word::hijri), hijri));
     }
-    text += fmt::format("  |  {}: {}  |  UTC{}\n\n", context.word(Word::rumi),
-                        rumiText(report.calendars, context.language), almanac::isoOffset(report.day.offset));
-    return text;
+    parts.push_back(
+        fmt::format("{}: {}", context.word(Word::rumi), rumiText(report.calendars, context.language)));
+    parts.push_back("UTC" + almanac::isoOffset(report.day.offset));
+    const std::string line = fmt::format("{}", fmt::join(parts, "  |  "));
+    const bool fits = displayWidth(line) <= context.knownColumns().value_or(line.size());
+    return context.style.bold(placeText(report.place, context.language)) + '\n' +
+           (fits ? line : fmt::format("{}", fmt::join(parts, "\n"))) + "\n\n";
+}
+
+std::string barText(const Context& context, const Report& report) {
+    if (!report.light) {
+        return {};
+    }
+    const std::string bar = dayBarText(context, report.place.clock(), *report.light, report.now);
+    return bar.empty() ? bar : bar + '\n';
 }
 
 void printText(const Context& context, const Report& report) {
     const almanac::PlaceClock& clock = report.place.clock();
     const DayTextParts parts{!context.options.shortForm, report.ezani, report.qibla, report.next};
-    context.streams.out << headingText(context, report)
+    context.streams.out << headingText(context, report) << barText(context, report)
                         << dayText(context, report.day, Clockface(clock, context.precision()), parts)
                         << flagsText(context, report.day)
                         << clockNoticeLine(context, report.place, report.day.date);

@@ -105,6 +105,13 @@ private:
     void follow(CLI::App* sub) {
         sub->add_flag("--follow", options_.follow, "Print again at each change, until the reader goes away");
     }
+    /// How a picture of characters is drawn.
+    void drawing(CLI::App* sub) {
+        sub->add_option("--width", options_.width, "Columns, 40 to 500; default: the terminal's, else 80")
+            ->type_name("N")
+            ->check(wholeNumber(kLeastColumns, kMostColumns));
+        sub->add_flag("--ascii", options_.ascii, "Draw with plain ASCII characters");
+    }
     void temkin(CLI::App* sub) {
         sub->add_option("--temkin", options_.temkin,
                         "Precaution table: 250 or 500 m; default: the place's own")
@@ -123,10 +130,11 @@ private:
         json(sub);
         seconds(sub);
         temkin(sub);
-        sub->add_flag("--short", options_.shortForm, "Only the six prayer times");
+        sub->add_flag("--short", options_.shortForm, "Only the six prayer times, no picture");
         sub->add_flag("--ezani", options_.ezani, "Also the sunset-based clock, on which sunset is 12:00");
         sub->add_flag("--explain", options_.explain,
                       "For each time: its rule, temkin, fixed additions, rounds, date and latitude");
+        drawing(sub);
     }
 
     void addTimes() {

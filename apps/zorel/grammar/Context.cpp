@@ -1,10 +1,13 @@
 // SPDX-License-Identifier: Apache-2.0
 #include "grammar/Context.h"
 
+#include "terminal/Wrap.h"
+
 #include "platform/foundation/Clock.h"
 
 #include <fmt/format.h>
 
+#include <algorithm>
 #include <array>
 
 namespace zorel::cli {
@@ -63,6 +66,15 @@ almanac::Instant Context::now() const {
 
 almanac::Precision Context::precision() const {
     return options.seconds ? almanac::Precision::seconds : almanac::Precision::minutes;
+}
+
+std::optional<std::size_t> Context::knownColumns() const {
+    if (options.width != 0) {
+        return static_cast<std::size_t>(options.width);
+    }
+    const auto terminal = streams.outIsTerminal ? terminalColumns(streams.outDescriptor) : std::nullopt;
+    return terminal ? std::optional(static_cast<std::size_t>(std::max(*terminal, kLeastColumns)))
+                    : std::nullopt;
 }
 
 std::string Context::argument() const {

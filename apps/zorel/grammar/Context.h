@@ -13,6 +13,7 @@
 #include "common/GlobalFuncs.h"
 
 #include <memory>
+#include <optional>
 #include <ostream>
 #include <string>
 
@@ -45,6 +46,11 @@ public:
     [[nodiscard]] almanac::Instant now() const;
     /// Whole minutes, or seconds where they were asked for.
     [[nodiscard]] almanac::Precision precision() const;
+    /// Columns that lines may take: --width, else those of the terminal, at least 40; nothing when neither
+    /// says so.
+    [[nodiscard]] std::optional<std::size_t> knownColumns() const;
+    /// The same; 80 where nothing is known.
+    [[nodiscard]] std::size_t columns() const { return knownColumns().value_or(80); }
     /// The words of the positional argument as one text.
     [[nodiscard]] std::string argument() const;
     /// A line on the error stream that is no error ("note: ...").

@@ -1,10 +1,11 @@
 // SPDX-License-Identifier: Apache-2.0
 #include "grammar/HelpText.h"
 
+#include "terminal/Wrap.h"
+
 #include <fmt/format.h>
 
 #include <algorithm>
-#include <sstream>
 
 namespace zorel::cli {
 
@@ -12,24 +13,11 @@ namespace {
 constexpr std::size_t kLineWidth = 80;
 constexpr std::size_t kTermWidth = 20; // what longer terms do not fit into gets a line of its own
 
-/// The words of a text in lines; `used` columns of each line are taken already.
-std::vector<std::string> wrapped(const std::string& text, std::size_t used) {
-    std::vector<std::string> lines(1);
-    std::istringstream words(text);
-    for (std::string word; words >> word;) {
-        if (!lines.back().empty() && used + lines.back().size() + 1 + word.size() > kLineWidth) {
-            lines.emplace_back();
-        }
-        lines.back() += (lines.back().empty() ? "" : " ") + word;
-    }
-    return lines;
-}
-
 std::string item(const std::string& term, const std::string& description) {
     const std::string indent(kTermWidth + 4, ' ');
     std::string text = "  " + term;
     text += term.size() > kTermWidth ? '\n' + indent : std::string(indent.size() - text.size(), ' ');
-    const auto lines = wrapped(description, indent.size());
+    const auto lines = wrapped(description, kLineWidth - indent.size());
     return text + fmt::format("{}\n", fmt::join(lines, '\n' + indent));
 }
 

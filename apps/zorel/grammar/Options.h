@@ -9,6 +9,9 @@
 
 namespace zorel::cli {
 
+inline constexpr int kLeastColumns = 40;
+inline constexpr int kMostColumns = 500;
+
 struct Options {
     std::string command; ///< "today", "cities add" and so on
 
@@ -38,6 +41,8 @@ struct Options {
     bool shortForm = false;
     bool ezani = false;
     bool explain = false;
+    int width = 0; ///< columns; 0: those of the terminal
+    bool ascii = false;
 
     // Whole catalogue.
     bool all = false;

@@ -76,19 +76,22 @@ enum class Word {
     markLowered,
     markOtherDay,
     markCorrected,
-    sunBelow,
-    sunAbove,
+    sunBelow, ///< {degrees}
+    sunAbove, ///< {degrees}
     sunAtHorizon,
     sunHighest,
-    shadowRule,
-    night,
+    shadowRule,  ///< {staffs}, {degrees}
+    nightPassed, ///< {parts}, {name}
+    nightLeft,   ///< {parts}, {name}
     exactTime,
-    rule,
+    because,     ///< {name}, {time}, {rule}
+    noneBecause, ///< {name}, {rule}
     addition,
     rounds,
     dateWord,
     latitude,
     explanation,
+    now,
     time,
     offset,
     rings,

@@ -1,6 +1,8 @@
 // SPDX-License-Identifier: Apache-2.0
 #include "print/ExplainText.h"
 
+#include "terminal/Wrap.h"
+
 #include <fmt/format.h>
 
 #include <algorithm>
@@ -16,12 +18,9 @@ using almanac::Explanation;
 using almanac::Prayer;
 
 namespace {
-/// A span of hours as signed minutes and seconds, "-8:31"; "-" when there is none.
+/// A span of hours as signed minutes and seconds, "-8:31".
 std::string minutesText(double hours) {
     const auto seconds = std::llround(std::abs(hours) * 3600.0);
-    if (seconds == 0) {
-        return "-";
-    }
     return fmt::format("{}{}:{:02}", hours < 0.0 ? '-' : '+', seconds / 60, seconds % 60);
 }
 
@@ -38,14 +37,21 @@ std::string altitudeText(const Context& context, double degrees) {
     if (degrees == 0.0) {
         return std::string(context.word(Word::sunAtHorizon));
     }
-    return fmt::format("{} {:.0f}°", context.word(degrees < 0.0 ? Word::sunBelow : Word::sunAbove),
-                       std::abs(degrees));
+    const Word pattern = degrees < 0.0 ? Word::sunBelow : Word::sunAbove;
+    return fmt::format(fmt::runtime(context.word(pattern)),
+                       fmt::arg("degrees", fmt::format("{:.0f}", std::abs(degrees))));
+}
+
+std::string shadowText(const Context& context, const Explanation& why) {
+    return fmt::format(fmt::runtime(context.word(Word::shadowRule)), fmt::arg("staffs", why.shadowFactor),
+                       fmt::arg("degrees", fmt::format("{:.1f}", why.targetAltitude)));
 }
 
 std::string nightText(const Context& context, const Explanation& why) {
-    const auto parts = std::llround(1.0 / std::abs(why.partOfNight));
-    return fmt::format("{} {} 1/{} {}", context.nameOf(why.nightFrom), why.partOfNight < 0.0 ? '-' : '+',
-                       parts, context.word(Word::night));
+    const Word pattern = why.partOfNight < 0.0 ? Word::nightLeft : Word::nightPassed;
+    return fmt::format(fmt::runtime(context.word(pattern)),
+                       fmt::arg("parts", std::llround(1.0 / std::abs(why.partOfNight))),
+                       fmt::arg("name", context.nameOf(why.nightFrom)));
 }
 
 std::string ruleText(const Context& context, const Explanation& why) {
@@ -53,14 +59,13 @@ std::string ruleText(const Context& context, const Explanation& why) {
     case PrayTimeRule::altitude:
         return altitudeText(context, why.targetAltitude);
     case PrayTimeRule::shadow:
-        return fmt::format("{} {} ({:.1f}°)", context.word(Word::shadowRule), why.shadowFactor,
-                           why.targetAltitude);
+        return shadowText(context, why);
     case PrayTimeRule::transit:
         return std::string(context.word(Word::sunHighest));
     case PrayTimeRule::partOfNight:
         return nightText(context, why);
     default:
-        return {};
+        return "-";
     }
 }
 
@@ -79,27 +84,66 @@ std::string_view ruleKey(PrayTimeRule rule) {
     }
 }
 
-std::string roundsText(const Explanation& why) {
-    return why.rounds == 0 ? "-" : fmt::format("{}", why.rounds);
+/// "Fajr 06:07 because the Sun stands 19° below the horizon."
+std::string reasonText(const Context& context, const Day& day, const DayTime& time) {
+    const std::string name = context.nameOf(time.prayer);
+    const std::string rule = ruleText(context, time.why);
+    if (!time.exists()) {
+        return fmt::format(fmt::runtime(context.word(Word::noneBecause)), fmt::arg("name", name),
+                           fmt::arg("rule", rule));
+    }
+    return fmt::format(
+        fmt::runtime(context.word(Word::because)), fmt::arg("name", name),
+        fmt::arg("time", clockAndDayText(time.local, day.date, almanac::Precision::minutes, " ")),
+        fmt::arg("rule", rule));
+}
+
+/// "exact 06:07:24, temkin -8:31, rounds 2, latitude 41.01°"; what is not there is left out, and the date
+/// where it is the day's own.
+std::string figuresText(const Context& context, const Day& day, const DayTime& time,
+                        const Clockface& seconds) {
+    const Explanation& why = time.why;
+    std::vector<std::string> figures;
+    const auto add = [&](std::string_view name, const std::string& value) {
+        figures.push_back(fmt::format("{} {}", name, value));
+    };
+    if (const ShownTime exact = seconds.of(time)) {
+        add(context.word(Word::exactTime), clockAndDayText(*exact, day.date, seconds.precision(), " "));
+    }
+    if (why.temkin != 0.0) {
+        add("temkin", minutesText(why.temkin));
+    }
+    if (why.addition != 0.0) {
+        add(context.word(Word::addition), minutesText(why.addition));
+    }
+    if (why.rounds != 0) {
+        add(context.word(Word::rounds), fmt::format("{}", why.rounds));
+    }
+    if (why.date != day.date) {
+        add(context.word(Word::dateWord), almanac::isoDate(why.date));
+    }
+    add(context.word(Word::latitude), fmt::format("{:.2f}°", why.latitude));
+    return fmt::format("{}", fmt::join(figures, ", "));
 }
 
 /// The corrections that occur in a day, numbered as footnotes.
 class Footnotes {
 public:
-    /// "1 3", the numbers of a time's corrections.
+    /// " [1] [3]", the numbers of a time's corrections.
     std::string numbersOf(Corrections corrections) {
-        std::vector<std::size_t> numbers;
+        std::string numbers;
         for (std::size_t i = 0; i < almanac::kCorrections; ++i) {
             if (corrections.has(static_cast<almanac::Correction>(i))) {
-                numbers.push_back(numberOf(static_cast<almanac::Correction>(i)));
+                numbers += fmt::format(" [{}]", numberOf(static_cast<almanac::Correction>(i)));
             }
         }
-        return fmt::format("{}", fmt::join(numbers, " "));
+        return numbers;
     }
     [[nodiscard]] std::string text(const Context& context) const {
         std::string lines;
         for (std::size_t i = 0; i < seen_.size(); ++i) {
-            lines += fmt::format("  {}  {}\n", i + 1, correctionText(seen_[i], context.language));
+            lines += paragraph(correctionText(seen_[i], context.language), fmt::format("  [{}] ", i + 1),
+                               "      ", context.columns());
         }
         return lines;
     }
@@ -140,24 +184,17 @@ Json oneJson(const DayTime& time, almanac::Date date) {
 } // namespace
 
 std::string explainText(const Context& context, const Day& day, const almanac::PlaceClock& clock) {
-    TextTable table("lllrrrlrl");
     const Clockface seconds(clock, almanac::Precision::seconds);
-    const auto head = [&](Word which) { return std::string(context.word(which)); };
-    table.add({"", head(Word::exactTime), head(Word::rule), "temkin", head(Word::addition),
-               head(Word::rounds), head(Word::dateWord), head(Word::latitude)},
-              TextTable::Emphasis::dim);
     Footnotes footnotes;
+    std::string text = '\n' + context.style.bold(context.word(Word::explanation)) + '\n';
     for (const Prayer prayer : almanac::kListedPrayers) {
         const DayTime& time = day[prayer];
-        const ShownTime exact = seconds.of(time);
-        table.add({context.nameOf(time.prayer),
-                   exact ? clockAndDayText(*exact, day.date, seconds.precision(), " ") : "-",
-                   ruleText(context, time.why), minutesText(time.why.temkin), minutesText(time.why.addition),
-                   roundsText(time.why), almanac::isoDate(time.why.date),
-                   fmt::format("{:.2f}°", time.why.latitude), footnotes.numbersOf(time.why.corrections)});
+        const std::string figures = figuresText(context, day, time, seconds);
+        text += paragraph(reasonText(context, day, time) + footnotes.numbersOf(time.why.corrections), "  ",
+                          "    ", context.columns());
+        text += paragraph(figures, "    ", "    ", context.columns());
     }
-    return '\n' + context.style.bold(context.word(Word::explanation)) + '\n' +
-           table.text(context.style, "  ") + footnotes.text(context);
+    return text + footnotes.text(context);
 }
 
 Json explainJson(const Day& day) {

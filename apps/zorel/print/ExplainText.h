@@ -12,7 +12,8 @@
 
 namespace zorel::cli {
 
-/// A table of the day's times with a heading, and below it a line for each correction that occurs.
+/// Two sentences for each of the day's times, why and by which figures, and below them one for each
+/// correction that occurs. Lines fit the terminal.
 [[nodiscard]] std::string explainText(const Context& context, const almanac::Day& day,
                                       const almanac::PlaceClock& clock);
 [[nodiscard]] Json explainJson(const almanac::Day& day);

@@ -18,6 +18,10 @@ public:
     [[nodiscard]] std::string bold(std::string_view text) const { return wrap("1", text); }
     [[nodiscard]] std::string dim(std::string_view text) const { return wrap("2", text); }
     [[nodiscard]] std::string highlight(std::string_view text) const { return wrap("1;32", text); }
+    /// Any graphic rendition of the terminal, such as "48;5;18".
+    [[nodiscard]] std::string paint(std::string_view code, std::string_view text) const {
+        return wrap(code, text);
+    }
     [[nodiscard]] std::string warning(std::string_view text) const { return wrap("33", text); }
 
 private:
