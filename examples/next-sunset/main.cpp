@@ -18,7 +18,8 @@ int main(int argc, char** argv) {
     const Almanac almanac(city->place);
     const Instant now = std::chrono::floor<std::chrono::seconds>(std::chrono::system_clock::now());
     const Date today = city->place.clock.dateAt(now);
-    for (int days = 0; days < 366; ++days) { // near the poles there is none for months
+    // In the far north yesterday's sunset may still be to come; near the poles there is none for months.
+    for (int days = -1; days < 366; ++days) {
         const Day day = almanac.day(addDays(today, days));
         const DayTime& sunset = day[Prayer::maghrib];
         if (sunset.exists() && sunset.shown > now) {
