@@ -38,7 +38,9 @@ NamedPlace readNamedPlace(const Statement& row) {
     place.countryEn = row.text(6);
     place.countryTr = row.text(7);
     place.population = sqlite3_column_int64(row.get(), 8);
-    place.otherSpelling = sqlite3_column_int(row.get(), 9) != 0;
+    const int other = sqlite3_column_int(row.get(), 9);
+    place.otherSpelling = other != 0;
+    place.looseSpelling = other == 2;
     return place;
 }
 

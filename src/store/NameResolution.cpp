@@ -17,6 +17,8 @@ constexpr std::size_t kMostWords = 24;
 /// spelling.
 constexpr std::int64_t kSureOfItsName = 100'000;
 constexpr std::int64_t kMuchLarger = 10;
+/// Places whose people nobody has counted are seats of districts, mostly.
+constexpr std::int64_t kUncounted = 10'000;
 /// Shorter words ("de", "and") say nothing about a region.
 constexpr std::size_t kShortestWord = 4;
 
@@ -57,22 +59,35 @@ bool hasWords(const std::string& region, const std::string& text) {
     return text.size() >= kShortestWord && (' ' + region + ' ').find(' ' + text + ' ') != std::string::npos;
 }
 
+std::int64_t peopleOf(const NamedPlace& place) {
+    return place.population > 0 ? place.population : kUncounted;
+}
+
+/// What a name leads to besides the first place.
+struct Order {
+    bool largerFirst = false;
+    std::size_t passedOver = 0;
+};
+
 /// Other spellings stand behind shown names, except for a much larger place in front. Both parts are ordered
-/// by population already. @return whether there is one in front
-bool putInOrder(std::vector<NamedPlace>& places) {
-    const auto firstOther = std::ranges::stable_partition(places, [](const NamedPlace& place) {
-                                return !place.otherSpelling;
-                            }).begin();
-    if (firstOther == places.begin() || firstOther == places.end()) {
-        return false;
+/// by population already.
+Order putInOrder(std::vector<NamedPlace>& places) {
+    const auto others =
+        std::ranges::stable_partition(places, [](const NamedPlace& place) { return !place.otherSpelling; });
+    if (others.begin() == places.begin() || others.empty()) {
+        return {};
     }
-    const std::int64_t called = places.front().population;
-    const std::int64_t known = firstOther->population;
-    if (called >= kSureOfItsName || known <= called || known < kMuchLarger * called) {
-        return false;
+    const std::int64_t people = peopleOf(places.front());
+    const auto isMuchLarger = [people](const NamedPlace& place) {
+        return place.population >= kMuchLarger * people;
+    };
+    const auto spelled = std::ranges::find(others, false, &NamedPlace::looseSpelling);
+    if (people < kSureOfItsName && spelled != others.end() && isMuchLarger(*spelled)) {
+        std::rotate(places.begin(), spelled, spelled + 1);
+        return {true, 1};
     }
-    std::rotate(places.begin(), firstOther, firstOther + 1);
-    return true;
+    const auto first = static_cast<std::size_t>(others.begin() - places.begin());
+    return {false, isMuchLarger(others.front()) ? first : 0};
 }
 
 /// One typed text and the index that it is looked up in.
@@ -88,7 +103,9 @@ public:
         if (result.places.empty()) {
             tellWhatFailed(result);
         } else {
-            result.largerFirst = putInOrder(result.places);
+            const Order order = putInOrder(result.places);
+            result.largerFirst = order.largerFirst;
+            result.passedOver = order.passedOver;
         }
         return result;
     }

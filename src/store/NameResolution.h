@@ -23,8 +23,14 @@ struct NameResolution {
     /// have it as another spelling, the larger first among each. Empty: no place is called so.
     std::vector<NamedPlace> places;
     /// The first of them is not called so on maps: it comes before a place that is, because that one has
-    /// fewer than 100,000 people and the first ten times as many ("Calcutta", "Roma").
+    /// fewer than 100,000 people and the first ten times as many ("Calcutta", "Roma"). A place whose people
+    /// nobody has counted is taken for a small town of 10,000; a spelling with an apostrophe, which stands
+    /// for a letter, does not count ("Kozan'", of Kazan).
     bool largerFirst = false;
+    /// The position in `places` of the one that could have been meant just as well: the place that is called
+    /// so when a larger one comes first, else a place of ten times as many people that has the name as
+    /// another spelling ("St. Petersburg"). 0: there is none.
+    std::size_t passedOver = 0;
     /// The name alone, without region and country. With no place found, the name that was looked for.
     std::string name;
     /// The region or country that was looked for in vain, when there are places of that name elsewhere.

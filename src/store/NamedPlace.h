@@ -20,6 +20,7 @@ struct NamedPlace {
     std::string countryTr;
     std::int64_t population = 0; ///< 0 = unknown
     bool otherSpelling = false;  ///< found by a spelling that is not the shown name
+    bool looseSpelling = false;  ///< by one that has apostrophes besides ("Kozan'" for "Kozan")
 };
 
 } // namespace zorel

@@ -120,7 +120,44 @@ TEST_F(Resolution, AMuchLargerPlaceOfThatSpellingComesBeforeASmallOne) {
         EXPECT_EQ(result.places[0].name, shown);
         EXPECT_TRUE(result.largerFirst) << name;
         EXPECT_EQ(result.places[1].name, name) << "the place of the shown name follows";
+        EXPECT_EQ(result.passedOver, 1U) << name;
     }
+}
+
+TEST_F(Resolution, AMuchLargerPlaceIsPassedOverForALessExactSpelling) {
+    const NameResolution kozan = resolve("Kozan");
+    EXPECT_EQ(place("Kozan"), "Kozan, Türkiye") << "Kazan has a soft sign there";
+    EXPECT_FALSE(kozan.largerFirst);
+    ASSERT_NE(kozan.passedOver, 0U);
+    EXPECT_EQ(kozan.places[kozan.passedOver].name, "Kazan");
+    EXPECT_TRUE(kozan.places[kozan.passedOver].looseSpelling);
+}
+
+TEST_F(Resolution, ABrokenOffNameOfALargePlaceIsNoName) {
+    EXPECT_EQ(place("Kemer"), "Kemer, Türkiye") << "not Kemerovo";
+    EXPECT_EQ(place("Samar"), "Samar, Ukraine") << "not Samara";
+    EXPECT_EQ(place("Sana"), "Sanaa, Yemen") << "its Turkish name";
+}
+
+TEST_F(Resolution, AnUncountedPlaceGivesWayToALargeCityOnly) {
+    const NameResolution buca = resolve("Buca");
+    EXPECT_EQ(place("Buca"), "Buca, Türkiye") << "not Bucha, of 42,000";
+    EXPECT_EQ(buca.places[0].population, 0);
+    EXPECT_EQ(buca.passedOver, 0U);
+    const NameResolution habana = resolve("Habana");
+    EXPECT_TRUE(habana.largerFirst);
+    EXPECT_EQ(habana.places[0].name, "Havana");
+    ASSERT_EQ(habana.passedOver, 1U);
+    EXPECT_EQ(habana.places[1].population, 0);
+}
+
+TEST_F(Resolution, ALargeCityKeepsItsNameAndAMuchLargerOneIsPassedOver) {
+    const NameResolution petersburg = resolve("St. Petersburg");
+    EXPECT_EQ(place("St. Petersburg"), "St. Petersburg, United States");
+    ASSERT_NE(petersburg.passedOver, 0U);
+    EXPECT_EQ(petersburg.places[petersburg.passedOver].countryEn, "Russia");
+    EXPECT_EQ(resolve("Paris").passedOver, 0U);
+    EXPECT_EQ(resolve("Ankara").passedOver, 0U);
 }
 
 TEST_F(Resolution, AnOtherSpellingOfALargePlaceNeedsNoWord) {

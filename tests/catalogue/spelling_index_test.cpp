@@ -6,6 +6,8 @@
 #include <gmock/gmock.h>
 #include <gtest/gtest.h>
 
+#include <array>
+
 namespace zorel::catalogue {
 namespace {
 
@@ -14,12 +16,12 @@ using testing::ElementsAre;
 using testing::IsEmpty;
 using testing::Not;
 
-/// "folded place" or "folded place other".
+/// "folded place", "folded place other" or "folded place loose".
 std::vector<std::string> texts(const std::vector<Spelling>& spellings) {
     std::vector<std::string> lines;
     for (const Spelling& spelling : spellings) {
         lines.push_back(spelling.folded + " " + std::to_string(spelling.place) +
-                        (spelling.other ? " other" : ""));
+                        std::array{"", " other", " loose"}.at(static_cast<std::size_t>(spelling.kind)));
     }
     return lines;
 }
@@ -47,6 +49,21 @@ TEST(SpellingIndex, AShortOtherSpellingOfASmallPlaceIsNoName) {
                 ElementsAre("anek 0 other", "inak 0", "عنك 0 other"));
     EXPECT_THAT(texts(spellingsOf({placeOf("Rio de Janeiro", "Rio", 6'000'000)})), Contains("rio 0 other"));
     EXPECT_THAT(texts(spellingsOf({placeOf("Van", "", 20)})), ElementsAre("van 0")) << "a shown name is one";
+}
+
+TEST(SpellingIndex, AnApostropheStandsForALetter) {
+    EXPECT_THAT(texts(spellingsOf({placeOf("Kazan", "Kozan',Qazan", 1'200'000)})),
+                ElementsAre("kazan 0", "kozan 0 loose", "qazan 0 other"));
+    EXPECT_THAT(texts(spellingsOf({placeOf("Kazan", "Kozan',Kozan", 1'200'000)})),
+                ElementsAre("kazan 0", "kozan 0 other"))
+        << "known without it too";
+    EXPECT_THAT(texts(spellingsOf({placeOf("Xi'an", "Xi’an,Sian", 8'000'000)})),
+                ElementsAre("sian 0 other", "xian 0"));
+    for (const char* name : {"Ko`zan", "Ko\u00B4zan", "Ko\u02B9zan", "Ko\u02BBzan", "Ko\u02BCzan",
+                             "Ko\u02BEzan", "Ko\u02BFzan", "Ko\u2018zan", "Ko\u2019zan"}) {
+        EXPECT_THAT(texts(spellingsOf({placeOf("Kazan", name, 1'200'000)})), Contains("kozan 0 loose"))
+            << name;
+    }
 }
 
 TEST(SpellingIndex, WhatFoldsToNothingIsLeftOut) {

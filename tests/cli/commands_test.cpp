@@ -209,10 +209,23 @@ TEST(CliPlaces, AMuchLargerPlaceOfThatSpellingIsSaid) {
                                       {"Roma", "Rome / Lazio / Italy"}}) {
         const CliResult result = run("today " + std::string(name) + " --short");
         EXPECT_TRUE(result.out.starts_with(place)) << result.out;
-        EXPECT_TRUE(result.err.starts_with(std::string("note: ") + name + " is taken for " + place))
+        EXPECT_TRUE(
+            result.err.starts_with(std::string("note: ") + name + " is taken for " + place + ", not for "))
             << result.err;
         EXPECT_EQ(run("today " + std::string(name) + " --short").err, "");
     }
+}
+
+TEST(CliPlaces, AMuchLargerPlaceThatIsPassedOverIsSaid) {
+    CliRunner run;
+    EXPECT_EQ(run("today Kozan --short").err,
+              "note: Kozan is taken for Kozan / Adana / Türkiye, not for Kazan / "
+              "Tatarstan Republic / Russia; zorel search Kozan lists them\n");
+    EXPECT_TRUE(run("today \"St. Petersburg\" --short")
+                    .err.starts_with("note: St. Petersburg is taken for St. Petersburg / Florida / United "
+                                     "States, not for Saint Petersburg / "));
+    EXPECT_EQ(run("today Kozan --json").err, "");
+    EXPECT_EQ(run("today Kozan --short").err, "") << "once";
 }
 
 TEST(CliPlaces, WhatHasBeenToldIsForgottenInTheEnd) {

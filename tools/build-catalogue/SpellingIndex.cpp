@@ -17,23 +17,30 @@ namespace {
 /// script.
 constexpr std::size_t kShortestOfSmall = 4;
 
+/// Soft and hard signs, hamza and ayn in Latin letters.
+bool hasApostrophe(std::string_view name) {
+    constexpr std::array<std::string_view, 10> kApostrophes{"'",      "`",      "\u00B4", "\u02B9", "\u02BB",
+                                                            "\u02BC", "\u02BE", "\u02BF", "\u2018", "\u2019"};
+    return std::ranges::any_of(kApostrophes, [name](std::string_view apostrophe) {
+        return name.find(apostrophe) != std::string_view::npos;
+    });
+}
+
 /// The spellings of one list, place after place.
 class Collector {
 public:
+    void addShown(std::size_t place, std::string_view name) { add(place, name, SpellingKind::shown, 1); }
     /// @param shortest in bytes; shorter ones are left out
-    void add(std::size_t place, std::string_view name, bool other, std::size_t shortest = 1) {
-        std::string folded = foldedName(name);
-        if (folded.size() >= shortest) {
-            spellings_.push_back({std::move(folded), place, other});
-        }
+    void addOther(std::size_t place, std::string_view name, std::size_t shortest = 1) {
+        add(place, name, hasApostrophe(name) ? SpellingKind::loose : SpellingKind::other, shortest);
     }
     void addAll(std::size_t place, std::string_view names, std::size_t shortest = 1) {
-        forEachName(names, [&](std::string_view name) { add(place, name, true, shortest); });
+        forEachName(names, [&](std::string_view name) { addOther(place, name, shortest); });
     }
-    /// The shown name stands before an other one of the same form.
+    /// Of several of one form the nearest to the shown name stays.
     [[nodiscard]] std::vector<Spelling> take() {
         std::ranges::sort(spellings_, {}, [](const Spelling& spelling) {
-            return std::tie(spelling.folded, spelling.place, spelling.other);
+            return std::tie(spelling.folded, spelling.place, spelling.kind);
         });
         const auto repeated = std::ranges::unique(spellings_, {}, [](const Spelling& spelling) {
             return std::tie(spelling.folded, spelling.place);
@@ -43,6 +50,13 @@ public:
     }
 
 private:
+    void add(std::size_t place, std::string_view name, SpellingKind kind, std::size_t shortest) {
+        std::string folded = foldedName(name);
+        if (folded.size() >= shortest) {
+            spellings_.push_back({std::move(folded), place, kind});
+        }
+    }
+
     std::vector<Spelling> spellings_;
 };
 
@@ -56,8 +70,8 @@ std::vector<Spelling> spellingsOf(const std::vector<PlacedPlace>& places) {
     Collector collector;
     for (std::size_t at = 0; at < places.size(); ++at) {
         const PlacedPlace& entry = places[at];
-        collector.add(at, entry.place.name, false);
-        collector.add(at, entry.place.asciiName, true);
+        collector.addShown(at, entry.place.name);
+        collector.addOther(at, entry.place.asciiName);
         const std::size_t shortest = entry.place.population >= kLargePlace ? 1 : kShortestOfSmall;
         for (const std::string_view names :
              {entry.exactSpellings, entry.place.alternates, entry.moreSpellings}) {
@@ -71,11 +85,11 @@ std::vector<Spelling> spellingsOf(const std::vector<Country>& countries) {
     Collector collector;
     for (std::size_t at = 0; at < countries.size(); ++at) {
         const Country& country = countries[at];
-        collector.add(at, country.nameEn, false);
+        collector.addShown(at, country.nameEn);
         for (const std::string_view name : {country.nameTr, country.code}) {
-            collector.add(at, name, true);
+            collector.addOther(at, name);
         }
-        collector.add(at, threeLetterCode(country.code), true);
+        collector.addOther(at, threeLetterCode(country.code));
         collector.addAll(at, country.names);
     }
     return collector.take();

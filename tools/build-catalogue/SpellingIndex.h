@@ -6,16 +6,24 @@
 #include "tools/build-catalogue/Sources.h"
 
 #include <cstddef>
+#include <cstdint>
 #include <string>
 #include <vector>
 
 namespace zorel::catalogue {
 
+/// What a folded spelling was before, the nearest first; the values are those of the table.
+enum class SpellingKind : std::uint8_t {
+    shown = 0, ///< the name that is shown
+    other = 1, ///< another name
+    loose = 2, ///< another name with an apostrophe, which stands for a letter: "Kozan'" is not "Kozan"
+};
+
 /// One folded spelling of one place or country.
 struct Spelling {
     std::string folded;    ///< foldedName()
     std::size_t place = 0; ///< position in the list
-    bool other = false;    ///< not the name that is shown
+    SpellingKind kind = SpellingKind::shown;
 };
 
 /// Every spelling of every place, each once, in the order of the bytes and then of the list. Left out are

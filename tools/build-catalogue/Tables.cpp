@@ -137,7 +137,10 @@ void writePlaces(Output& output, const Sources& sources, const Numbering& number
 void writeSpellings(Output& output, const Sources& sources) {
     Insertion row(output, "INSERT INTO SPELLING VALUES (?, ?, ?)");
     for (const Spelling& spelling : spellingsOf(sources.places)) {
-        row.text(spelling.folded).integer(numbered(spelling.place)).integer(spelling.other ? 1 : 0).insert();
+        row.text(spelling.folded)
+            .integer(numbered(spelling.place))
+            .integer(static_cast<int>(spelling.kind))
+            .insert();
     }
 }
 

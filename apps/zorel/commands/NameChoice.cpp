@@ -44,14 +44,14 @@ std::string thereAre(const Context& context, const std::vector<NamedPlace>& plac
                    "a part of the name is enough for: zorel search TEXT; or give LAT,LON,ZONE");
 }
 
-/// One short line for a name that several places have, and for one that leads elsewhere than on maps.
+/// One short line for a name that several places have, and for one that a much larger place has too.
 std::string choiceText(const Context& context, const NameResolution& found) {
     const std::string name = printable(found.name);
     const std::string chosen = textOf(found.places.front(), context.language);
     const auto called = std::ranges::count(found.places, false, &NamedPlace::otherSpelling);
-    if (found.largerFirst) {
-        return fmt::format("{} is taken for {}; zorel search {} lists smaller places of that name", name,
-                           chosen, name);
+    if (found.passedOver != 0) {
+        return fmt::format("{} is taken for {}, not for {}; zorel search {} lists them", name, chosen,
+                           textOf(found.places[found.passedOver], context.language), name);
     }
     if (called > 1 && !found.places.front().otherSpelling) {
         return fmt::format("this is {}, the largest of {}; zorel search {} lists them", chosen, called, name);
