@@ -42,6 +42,14 @@ set(CPACK_DEBIAN_ZOREL_PACKAGE_NAME zorel)
 set(CPACK_DEBIAN_ZOREL_PACKAGE_SECTION utils)
 set(CPACK_DEBIAN_ZOREL_PACKAGE_SHLIBDEPS ON)
 set(CPACK_DEBIAN_ZOREL_PACKAGE_DEPENDS tzdata)
+# What lets alarms sound (the decoders and sound servers of GStreamer), and wake a sleeping machine (setcap).
+set(CPACK_DEBIAN_ZOREL_PACKAGE_RECOMMENDS
+    "gstreamer1.0-plugins-base, gstreamer1.0-plugins-good, libcap2-bin")
+set(CPACK_DEBIAN_ZOREL_PACKAGE_SUGGESTS "gstreamer1.0-libav, gstreamer1.0-pipewire, gstreamer1.0-alsa")
+set(CPACK_DEBIAN_ZOREL_PACKAGE_CONTROL_EXTRA
+    ${PROJECT_SOURCE_DIR}/resources/debian/postinst ${PROJECT_SOURCE_DIR}/resources/debian/postrm)
+# Sessions look for programs to start in /etc, wherever the rest is installed.
+set(CPACK_PRE_BUILD_SCRIPTS ${PROJECT_SOURCE_DIR}/cmake/ZorelEtc.cmake)
 set(CPACK_DEBIAN_WINDOW_PACKAGE_NAME zorel-settings)
 set(CPACK_DEBIAN_WINDOW_PACKAGE_SECTION utils)
 set(CPACK_DEBIAN_WINDOW_PACKAGE_SHLIBDEPS ON)

@@ -4,14 +4,16 @@
 # What ./run needs: to build the programs, and to open the window or to draw it.
 base_packages=(
     g++ cmake ninja-build pkg-config tzdata
-    libabsl-dev libcli11-dev libfmt-dev libical-dev libicu-dev libplist-dev libsqlite3-dev nlohmann-json3-dev
+    libabsl-dev libcli11-dev libfmt-dev libgstreamer1.0-dev libical-dev libicu-dev libplist-dev libsqlite3-dev
+    libsystemd-dev nlohmann-json3-dev gstreamer1.0-plugins-base gstreamer1.0-plugins-good
     qt6-base-dev qt6-declarative-dev qml6-module-qtqml-workerscript qt6-wayland fonts-dejavu-core)
 # What the tests need besides: their library, a second compiler, what checks the sources and the files that are installed,
-# programs that read our calendars, completions and manual page, libraries that the accuracy report has as peers.
+# programs that read our calendars, completions and manual page, a session with a sound server, libraries that the
+# accuracy report has as peers.
 test_packages=(
     libgmock-dev clang clang-format git python3 locales
     dpkg-dev make file desktop-file-utils appstream systemd
-    khal vdirsyncer radicale fish groff-base
+    khal vdirsyncer radicale fish groff-base dbus pulseaudio pulseaudio-utils python3-dbus python3-gi libcap2-bin
     libitl-dev libnova-dev)
 # What the benchmarks need: their library, programs and libraries that are measured beside ours.
 bench_packages=(libbenchmark-dev libitl-dev libnova-dev liberfa-dev itools python3 time)

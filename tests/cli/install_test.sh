@@ -22,6 +22,11 @@ expect "$("$prefix/bin/zorel" today 745044 --short --lang en)" "Maghrib"
 for unit in zorel-refresh.timer zorel-refresh.service zorel-refresh-failed.service; do
     [ -s "$prefix/share/systemd/user/$unit" ] || fail "no $unit"
 done
+for file in bin/zorel-ring libexec/zorel/zorel-ring-plan libexec/zorel/zorel-ring-play share/systemd/user/zorel-ring.service \
+    share/dbus-1/services/org.zorel.Ring.service etc/xdg/autostart/zorel-ring.desktop; do
+    [ -s "$prefix/$file" ] || fail "no $file"
+done
+expect "$(dbus-run-session -- sh -c "XDG_DATA_HOME=$work/data '$prefix/bin/zorel-ring' --start && '$prefix/bin/zorel-ring' --status")" "wakes"
 [ -s "$prefix/share/doc/zorel/NOTICE" ] || fail "no credits"
 if grep -rIl "$source" "$prefix" | grep -q .; then fail "installed files name the source folder"; fi
 
@@ -56,6 +61,8 @@ if [ -e "$prefix/bin/zorel-settings" ]; then
     dpkg-deb -c "$work"/packages/zorel-settings_*.deb > "$work/window-files.txt"
     grep -q "bin/zorel-settings" "$work/window-files.txt" || fail "no window in its package"
 fi
+grep -q "Recommends:.*gstreamer1.0-plugins-good" "$work/info.txt" || fail "the package recommends no decoders"
 dpkg-deb -x "$package" "$work/root"
+[ -s "$work/root/etc/xdg/autostart/zorel-ring.desktop" ] || fail "no desktop would start the ring service"
 expect "$("$work/root/usr/bin/zorel" today Istanbul --short --lang en)" "Maghrib"
 echo "zorel package: $(stat -c %s "$package") bytes, installed $(du -sk "$work/root" | cut -f1) kB"
