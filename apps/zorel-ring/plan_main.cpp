@@ -72,9 +72,10 @@ bool isAlarm(const std::string& key) {
 int run(int argc, char** argv) {
     const auto options = optionsOf(argc, argv);
     if (!options || !(options->at("--test").empty() || isAlarm(options->at("--test")))) {
-        std::fputs("zorel-ring-plan [--data-dir DIR] [--calendar DIR] [--bundle DIR] [--ringtones DIR] "
-                   "[--test PRAYER]\n",
-                   stderr);
+        std::fprintf(
+            stderr,
+            "usage: %s [--data-dir DIR] [--calendar DIR] [--bundle DIR] [--ringtones DIR] [--test PRAYER]\n",
+            argv[0]);
         return kBadUse;
     }
     setLocations(*options);
