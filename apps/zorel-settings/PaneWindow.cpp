@@ -64,6 +64,8 @@ PaneWindow::PaneWindow(const WindowOptions& options, const QString& problem)
         controller_->navigationItem().setTitle("Zorel");
     }
     host_.show(*navigation_);
+    firstPage_ = std::make_unique<FirstPage>(host_, *controller_, problem.isEmpty());
+    host_.setFirstPage(firstPage_.get());
     window_ = std::make_unique<Window>(host_, size);
     window_->setTitle(QStringLiteral("Zorel"));
     // Midnight, or the command line, while the window is open.
@@ -74,12 +76,24 @@ PaneWindow::PaneWindow(const WindowOptions& options, const QString& problem)
             controller_->loadAllUserCities();
             controller_->table().reloadData();
         });
+    QObject::connect(firstPage_->today(), &TodayModel::ticked, freshness_.get(),
+                     [this] { freshness_->look(false); });
+    QObject::connect(qGuiApp, &QGuiApplication::applicationStateChanged, firstPage_->today(),
+                     &TodayModel::tick);
+}
+
+PaneWindow::~PaneWindow() {
+    host_.finish();
 }
 
 void PaneWindow::openScreen(const std::string& screen, const std::string& searchText) {
     if (screen == "alarm") {
         constexpr int alarms = 1;
         controller_->table().userSelectsRow({alarms, 0});
+    } else if (screen == "why") {
+        firstPage_->today()->ask(QStringLiteral("next"));
+    } else if (screen == "edit") {
+        host_.setEditing(true);
     } else if (screen == "search") {
         controller_->delegateUICityHeaderView_AddTapped(controller_->cityHeaderView().buttonAdd());
         UIView* view = navigation_->topViewController()->view();

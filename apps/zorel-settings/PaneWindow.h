@@ -4,6 +4,7 @@
 #pragma once
 
 #include "WindowOptions.h"
+#include "host/FirstPage.h"
 #include "host/Freshness.h"
 #include "host/Host.h"
 #include "host/Window.h"
@@ -23,8 +24,12 @@ public:
     /// window.
     PaneWindow(const WindowOptions& options, const QString& problem);
 
+    PaneWindow(const PaneWindow&) = delete;
+    PaneWindow& operator=(const PaneWindow&) = delete;
+    ~PaneWindow();
+
     [[nodiscard]] QQuickView& window() { return *window_; }
-    /// Goes to one of the screens "cities", "search" and "alarm", at once.
+    /// Goes to one of the screens "cities", "search", "alarm", "why" and "edit", at once.
     void openScreen(const std::string& screen, const std::string& searchText);
     /// The window's picture once it has been drawn.
     [[nodiscard]] QImage picture();
@@ -33,6 +38,7 @@ private:
     Host host_;
     std::unique_ptr<ZorelSettingsController> controller_;
     std::unique_ptr<UINavigationController> navigation_;
+    std::unique_ptr<FirstPage> firstPage_;
     std::unique_ptr<Window> window_;
     std::unique_ptr<Freshness> freshness_;
 };

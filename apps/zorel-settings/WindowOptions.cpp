@@ -1,6 +1,8 @@
 // SPDX-License-Identifier: Apache-2.0
 #include "WindowOptions.h"
 
+#include "almanac/Time.h"
+
 #include <CLI/CLI.hpp>
 
 namespace zorel {
@@ -23,11 +25,19 @@ void addOptions(CLI::App& app, WindowOptions& options) {
                                       "draw the window into a PNG file and leave; needs no display")
                            ->type_name("FILE");
     app.add_option("--screen", options.screen, "the screen that --screenshot draws (default: cities)")
-        ->check(CLI::IsMember({"cities", "search", "alarm"}))
-        ->option_text("cities|search|alarm")
+        ->check(CLI::IsMember({"cities", "search", "alarm", "why", "edit"}))
+        ->option_text("cities|search|alarm|why|edit")
         ->needs(screenshot);
     app.add_option("--search", options.searchText, "what to search for on the search screen of --screenshot")
         ->option_text("TEXT")
+        ->needs(screenshot);
+    app.add_option("--at", options.at,
+                   "the time that --screenshot draws the window for (default: the present)")
+        ->option_text("2026-11-22T13:42")
+        ->check([](const std::string& text) {
+            const auto moment = almanac::parseMoment(text);
+            return moment && moment->date ? std::string() : "not a date and time: " + text;
+        })
         ->needs(screenshot);
     app.add_flag(
         "--time-start", options.timeStart,

@@ -18,6 +18,7 @@ struct WindowOptions {
     std::string screenshot; ///< file of the picture; "" opens the window
     std::string screen = "cities";
     std::string searchText; ///< typed and searched for on the search screen
+    std::string at;         ///< the time that the picture is drawn for; "" for the present
     int width = 390;        ///< [pt]
     int height = 780;       ///< [pt]
     double textScale = 0.0; ///< 0: as the desktop has it

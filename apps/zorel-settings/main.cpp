@@ -5,9 +5,11 @@
 #include "SingleInstance.h"
 #include "WindowOptions.h"
 
+#include "almanac/PlaceClock.h"
 #include "common/GlobalFuncs.h"
 #include "platform/eventkit/EKEventStore.h"
 #include "platform/eventkit/FolderCalendar.h"
+#include "platform/foundation/Clock.h"
 #include "platform/foundation/Locations.h"
 #include "platform/foundation/NumberText.h"
 #include "platform/foundation/ProgramLocations.h"
@@ -70,10 +72,23 @@ std::string troubleAtStart() {
     return {};
 }
 
-/// Without a display a picture is drawn by the software renderer, the same on every machine.
-void chooseRenderer() {
-    setenv("QT_QPA_PLATFORM", "offscreen", 0);
-    setenv("QT_QUICK_BACKEND", "software", 1);
+/// The window is drawn in software: nothing in it moves for long, and a graphics driver costs twice the
+/// memory and time. Whoever wants one sets QT_QUICK_BACKEND=rhi. A picture needs no display and is the same
+/// on every machine.
+void chooseRenderer(bool forPicture) {
+    setenv("QT_QUICK_BACKEND", "software", forPicture ? 1 : 0);
+    if (forPicture) {
+        setenv("QT_QPA_PLATFORM", "offscreen", 0);
+    }
+}
+
+/// The moment of the picture, by its own offset or this machine's clock.
+Instant instantAt(const std::string& text) {
+    const auto moment = almanac::parseMoment(text).value();
+    const almanac::Date date = moment.date.value();
+    const auto instant = moment.offset ? std::chrono::sys_days(date) + moment.timeOfDay - *moment.offset
+                                       : almanac::PlaceClock::ofMachine().instantOf(date, moment.timeOfDay);
+    return instant;
 }
 
 int drawPicture(PaneWindow& pane, const WindowOptions& options) {
@@ -153,6 +168,10 @@ int runProgram(int argc, char** argv, const WindowOptions& options) {
     std::setlocale(LC_NUMERIC, "C");
     QGuiApplication::setDesktopFileName(QStringLiteral("org.zorel.Settings"));
     QGuiApplication::setWindowIcon(QIcon::fromTheme(QStringLiteral("org.zorel.Settings")));
+    std::optional<ClockOverride> clock;
+    if (!options.at.empty()) {
+        clock.emplace(instantAt(options.at));
+    }
     setLocations(options);
     const std::string trouble = troubleAtStart();
     if (!trouble.empty()) {
@@ -185,8 +204,6 @@ int main(int argc, char** argv) {
     if (!readWindowOptions(argc, argv, options, exitCode)) {
         return exitCode;
     }
-    if (!options.screenshot.empty()) {
-        chooseRenderer();
-    }
+    chooseRenderer(!options.screenshot.empty());
     return runProgram(argc, argv, options);
 }

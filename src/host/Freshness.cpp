@@ -6,16 +6,8 @@
 
 namespace zorel {
 
-namespace {
-
-constexpr int kLookMilliseconds = 30'000;
-
-} // namespace
-
 Freshness::Freshness(const QString& file, std::function<almanac::Date()> today, std::function<void()> renew)
     : file_(file), today_(std::move(today)), renew_(std::move(renew)), day_(today_()), written_(written()) {
-    connect(&timer_, &QTimer::timeout, this, [this] { look(false); });
-    timer_.start(kLookMilliseconds);
     connect(qGuiApp, &QGuiApplication::applicationStateChanged, this, [this](Qt::ApplicationState state) {
         if (state == Qt::ApplicationActive) {
             look(true);

@@ -7,15 +7,14 @@
 
 #include <QDateTime>
 #include <QObject>
-#include <QTimer>
 
 #include <functional>
 
 namespace zorel {
 
 /// Calls a function when a new day has begun where the times are told for, and when another program has
-/// written a file. The day is looked at every half minute; the file when the window comes to the front, so
-/// that nothing moves under the user's hand.
+/// written a file. Whoever watches the clock asks for the day; the file is looked at when the window comes to
+/// the front, so that nothing moves under the user's hand.
 class Freshness : public QObject {
 public:
     /// @param file path, may be missing. @param today the present date.
@@ -32,7 +31,6 @@ private:
     std::function<void()> renew_;
     almanac::Date day_;
     QDateTime written_;
-    QTimer timer_;
 };
 
 } // namespace zorel

@@ -2,6 +2,7 @@
 #include "host/Host.h"
 
 #include "host/PickerModel.h"
+#include "host/SkyDrawings.h"
 #include "host/TableModel.h"
 #include "host/ViewItem.h"
 #include "platform/uikit/RunLoop.h"
@@ -46,7 +47,7 @@ void PageHandle::refresh() {
     emit changed();
 }
 
-Host::Host(bool turkish) : clockStart_(RunLoop::main().time()), turkish_(turkish) {
+Host::Host(bool turkish) : clockStart_(RunLoop::main().time()), words_(turkish) {
     clock_.start();
     timer_.setTimerType(Qt::PreciseTimer);
     timer_.setSingleShot(true);
@@ -67,6 +68,9 @@ void Host::registerTypes() {
     constexpr const char* uri = "Zorel.Views";
     const QString reason = QStringLiteral("made by the host");
     qmlRegisterType<ViewItem>(uri, 1, 0, "ViewItem");
+    qmlRegisterType<DayBar>(uri, 1, 0, "DayBar");
+    qmlRegisterType<MoonDisc>(uri, 1, 0, "MoonDisc");
+    qmlRegisterType<QiblaRose>(uri, 1, 0, "QiblaRose");
     qmlRegisterUncreatableType<ViewHandle>(uri, 1, 0, "ViewHandle", reason);
     qmlRegisterUncreatableType<PageHandle>(uri, 1, 0, "PageHandle", reason);
     qmlRegisterUncreatableType<Host>(uri, 1, 0, "Host", reason);
@@ -117,20 +121,17 @@ void Host::noteKeyboard(bool used) {
     }
 }
 
-QString Host::deleteWord() const {
-    return turkish_ ? QStringLiteral("Sil") : QStringLiteral("Delete");
+void Host::setFirstPage(QObject* page) {
+    QQmlEngine::setObjectOwnership(page, QQmlEngine::CppOwnership);
+    firstPage_ = page;
+    emit firstPageChanged();
 }
-QString Host::backWord() const {
-    return turkish_ ? QStringLiteral("Geri") : QStringLiteral("Back");
-}
-QString Host::clearWord() const {
-    return turkish_ ? QStringLiteral("Temizle") : QStringLiteral("Clear");
-}
-QString Host::nothingWord() const {
-    return turkish_ ? QStringLiteral("Sonuç bulunamadı") : QStringLiteral("Nothing found");
-}
-QString Host::threeLettersWord() const {
-    return turkish_ ? QStringLiteral("lütfen üç harf") : QStringLiteral("three letters, please");
+
+void Host::setEditing(bool editing) {
+    if (editing_ != editing) {
+        editing_ = editing;
+        emit editingChanged();
+    }
 }
 
 // Handles.
@@ -225,6 +226,15 @@ void Host::setScreenSize(double width, double height) {
     UIScreen::mainScreen().setBounds({0.0, 0.0, width, height});
 }
 
+void Host::finish() {
+    const auto handles = handles_.values();
+    for (ViewHandle* handle : handles) {
+        if (auto* table = qobject_cast<TableHandle*>(handle); table != nullptr) {
+            table->finishRemoval();
+        }
+    }
+}
+
 // What the views tell.
 
 void Host::redrawAround(UIView& view) {
@@ -273,6 +283,7 @@ void Host::tableReloaded(UITableView& table) {
     if (auto* handle = static_cast<TableHandle*>(handles_.value(&table)); handle != nullptr) {
         handle->reload();
     }
+    emit reloaded(&table);
 }
 
 void Host::pickerReloaded(UIPickerView& picker) {

@@ -4,6 +4,7 @@
 #pragma once
 
 #include "host/ViewHandle.h"
+#include "host/Words.h"
 #include "platform/uikit/UIActionSheet.h"
 #include "platform/uikit/UIObserver.h"
 #include "platform/uikit/UIViewController.h"
@@ -50,11 +51,9 @@ class Host : public QObject, public UIObserver {
     Q_PROPERTY(bool dark READ dark NOTIFY darkChanged)
     Q_PROPERTY(double textScale READ textScale CONSTANT)
     Q_PROPERTY(QString problem READ problem CONSTANT)
-    Q_PROPERTY(QString deleteWord READ deleteWord CONSTANT)
-    Q_PROPERTY(QString backWord READ backWord CONSTANT)
-    Q_PROPERTY(QString clearWord READ clearWord CONSTANT)
-    Q_PROPERTY(QString nothingWord READ nothingWord CONSTANT)
-    Q_PROPERTY(QString threeLettersWord READ threeLettersWord CONSTANT)
+    Q_PROPERTY(QVariantMap words READ wordMap CONSTANT)
+    Q_PROPERTY(QObject* firstPage READ firstPage NOTIFY firstPageChanged)
+    Q_PROPERTY(bool editing READ editing WRITE setEditing NOTIFY editingChanged)
     Q_PROPERTY(bool keyboardUsed READ keyboardUsed NOTIFY keyboardUsedChanged)
     Q_PROPERTY(bool sheetVisible READ sheetVisible NOTIFY sheetChanged)
     Q_PROPERTY(QString sheetTitle READ sheetTitle NOTIFY sheetChanged)
@@ -80,12 +79,14 @@ public:
     [[nodiscard]] bool dark() const { return dark_; }
     [[nodiscard]] double textScale() const { return textScale_; }
     [[nodiscard]] QString problem() const { return problem_; }
-    [[nodiscard]] QString deleteWord() const;
-    [[nodiscard]] QString backWord() const;
-    [[nodiscard]] QString clearWord() const;
-    /// What stands in place of the results of a search that found none.
-    [[nodiscard]] QString nothingWord() const;
-    [[nodiscard]] QString threeLettersWord() const;
+    [[nodiscard]] const Words& words() const { return words_; }
+    [[nodiscard]] QVariantMap wordMap() const { return words_.map(); }
+    /// What stands above the pane on the first screen; nullptr for nothing. Outlives the window.
+    [[nodiscard]] QObject* firstPage() const { return firstPage_; }
+    void setFirstPage(QObject* page);
+    /// Whether the rows that can be deleted show a button for it.
+    [[nodiscard]] bool editing() const { return editing_; }
+    void setEditing(bool editing);
     /// Whether the last thing touched was the keyboard: then the focus is marked.
     [[nodiscard]] bool keyboardUsed() const { return keyboardUsed_; }
     [[nodiscard]] bool sheetVisible() const { return sheet_.get() != nullptr; }
@@ -100,6 +101,9 @@ public:
     Q_INVOKABLE QVariantList pages();
     /// The window's size [pt], which becomes the screen's.
     Q_INVOKABLE void setScreenSize(double width, double height);
+
+    /// Does now what still waits for a change of mind; before the window goes.
+    void finish();
 
     /// The handle of a view (nullptr for none); made when first asked for.
     [[nodiscard]] ViewHandle* handle(UIView* view);
@@ -129,6 +133,9 @@ signals:
     void darkChanged();
     void keyboardUsedChanged();
     void sheetChanged();
+    void firstPageChanged();
+    void editingChanged();
+    void reloaded(const zorel::UITableView* table);
     void pushed(zorel::PageHandle* page, bool animated);
     void popped(zorel::PageHandle* page, bool animated);
 
@@ -153,7 +160,9 @@ private:
     QTimer timer_;
     QString problem_;
     double textScale_ = 1.0;
-    bool turkish_;
+    Words words_;
+    QObject* firstPage_ = nullptr;
+    bool editing_ = false;
     bool dark_ = false;
     bool darkFixed_ = false;
     bool keyboardUsed_ = false;

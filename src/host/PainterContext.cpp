@@ -46,6 +46,11 @@ QColor shownColor(const UIColor& color, bool dark) {
     return QColor::fromHslF(hue, saturation, 1.0F - lightness * (1.0F - darkest), plain.alphaF());
 }
 
+QColor seenColor(const UIColor& color, bool dark, double contrast) {
+    constexpr QRgb darkRow = 0xff1d2421; // Theme.qml
+    return withContrast(shownColor(color, dark), dark ? QColor(darkRow) : QColor(Qt::white), contrast);
+}
+
 PainterContext::PainterContext(QPainter& painter, bool dark)
     : painter_(painter), fill_(shownColor(UIColor::blackColor(), dark)), dark_(dark) {
     pen_.setWidthF(1.0);

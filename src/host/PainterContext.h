@@ -3,6 +3,7 @@
 /// The views' path drawing, painted with QPainter.
 #pragma once
 
+#include "host/Contrast.h"
 #include "platform/coregraphics/CGContext.h"
 
 #include <QColor>
@@ -16,6 +17,9 @@ namespace zorel {
 /// How a colour of the views is shown: as it is, or, in dark surroundings, with its lightness turned round so
 /// that dark lines and texts stay readable on a dark ground. The hue stays.
 [[nodiscard]] QColor shownColor(const UIColor& color, bool dark);
+/// The same for what is drawn or written on the ground of a row: with enough contrast to be seen by everyone
+/// (Contrast.h).
+[[nodiscard]] QColor seenColor(const UIColor& color, bool dark, double contrast);
 
 /// A drawing context on a painter. Arc-to-point follows the tangent-arc rule of CGContext.
 class PainterContext : public CGContext {
@@ -26,8 +30,10 @@ public:
     [[nodiscard]] double lineWidth() const override { return pen_.widthF(); }
     void setLineWidth(double width) override { pen_.setWidthF(width); }
     void setLineCap(CGLineCap cap) override;
-    void setStrokeColor(const UIColor& color) override { pen_.setColor(shownColor(color, dark_)); }
-    void setFillColor(const UIColor& color) override { fill_ = shownColor(color, dark_); }
+    void setStrokeColor(const UIColor& color) override {
+        pen_.setColor(seenColor(color, dark_, kControlContrast));
+    }
+    void setFillColor(const UIColor& color) override { fill_ = seenColor(color, dark_, kControlContrast); }
     void moveTo(double x, double y) override { path_.moveTo(x, y); }
     void addLineTo(double x, double y) override { path_.lineTo(x, y); }
     void addArcToPoint(double x1, double y1, double x2, double y2, double radius) override;

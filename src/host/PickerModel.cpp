@@ -46,4 +46,23 @@ void PickerHandle::turn(int rows) {
     }
 }
 
+bool PickerHandle::seek(const QString& text) {
+    constexpr int pause = 1000; ///< [ms]
+    if (text.isEmpty() || !text.at(0).isPrint() || text.at(0).isSpace()) {
+        return false;
+    }
+    typed_ = typing_.isValid() && typing_.elapsed() < pause ? typed_ + text : text;
+    typing_.start();
+    const int count = model_.rowCount();
+    const int first = typed_ == text ? selectedRow() + 1 : selectedRow();
+    for (int step = 0; step < count; ++step) {
+        const int row = (first + step) % count;
+        if (model_.textOfRow(row).startsWith(typed_, Qt::CaseInsensitive)) {
+            pick(row);
+            return true;
+        }
+    }
+    return true;
+}
+
 } // namespace zorel

@@ -7,6 +7,7 @@
 #include "platform/uikit/UIPickerView.h"
 
 #include <QAbstractListModel>
+#include <QElapsedTimer>
 
 namespace zorel {
 
@@ -44,6 +45,8 @@ public:
     Q_INVOKABLE void pick(int row);
     /// Goes some rows on (or back), to the last (or first) one at most.
     Q_INVOKABLE void turn(int rows);
+    /// Goes to the next row that begins with what has been typed within a second.
+    Q_INVOKABLE bool seek(const QString& text);
     void reload() { model_.reload(); }
 
 signals:
@@ -52,6 +55,8 @@ signals:
 
 private:
     PickerModel model_;
+    QString typed_;
+    QElapsedTimer typing_;
 };
 
 } // namespace zorel

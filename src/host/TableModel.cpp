@@ -8,6 +8,7 @@ namespace zorel {
 namespace {
 
 constexpr double kDefaultHeaderHeight = 36.0;
+constexpr int kRemovalMilliseconds = 6000;
 
 QVariant text(const std::string& value) {
     return QString::fromStdString(value);
@@ -16,6 +17,8 @@ QVariant text(const std::string& value) {
 } // namespace
 
 TableModel::TableModel(Host& host, UITableView& table) : host_(host), table_(&table) {
+    removalTimer_.setSingleShot(true);
+    connect(&removalTimer_, &QTimer::timeout, this, &TableModel::finishRemoval);
     collect();
 }
 
@@ -41,6 +44,8 @@ void TableModel::collect() {
 }
 
 void TableModel::reload() {
+    removal_.reset();
+    removalTimer_.stop();
     beginResetModel();
     collect();
     endResetModel();
@@ -51,19 +56,13 @@ int TableModel::rowCount(const QModelIndex& parent) const {
 }
 
 QHash<int, QByteArray> TableModel::roleNames() const {
-    return {{kindRole, "entryKind"},
-            {titleRole, "title"},
-            {textRole, "rowText"},
-            {detailRole, "detail"},
-            {centredRole, "centred"},
-            {disclosureRole, "disclosure"},
-            {accessoryRole, "accessory"},
-            {heightRole, "entryHeight"},
-            {deletableRole, "deletable"},
-            {firstRole, "firstInSection"},
-            {lastRole, "lastInSection"},
-            {sectionRole, "section"},
-            {rowRole, "row"},
+    return {{kindRole, "entryKind"},       {titleRole, "title"},
+            {textRole, "rowText"},         {detailRole, "detail"},
+            {centredRole, "centred"},      {disclosureRole, "disclosure"},
+            {accessoryRole, "accessory"},  {heightRole, "entryHeight"},
+            {deletableRole, "deletable"},  {removingRole, "removing"},
+            {firstRole, "firstInSection"}, {lastRole, "lastInSection"},
+            {sectionRole, "section"},      {rowRole, "row"},
             {generationRole, "generation"}};
 }
 
@@ -123,6 +122,8 @@ QVariant TableModel::rowData(UITableView& table, NSIndexPath path, int role) con
         return table.heightForRow(path);
     case deletableRole:
         return table.canDeleteRow(path);
+    case removingRole:
+        return removal_ == path;
     case detailRole:
         return text(table.detailForRow(path));
     case firstRole:
@@ -165,9 +166,41 @@ void TableModel::select(int section, int row) {
 }
 
 void TableModel::remove(int section, int row) {
-    if (UITableView* table = table_.get(); table != nullptr) {
+    UITableView* table = table_.get();
+    if (table == nullptr) {
+        return;
+    }
+    // Another row that waits for its deletion goes first; those below it move up.
+    const std::optional<NSIndexPath> earlier = removal_;
+    const int before = table->numberOfRowsInSection(section);
+    finishRemoval();
+    const bool moved = earlier && earlier->section == section && earlier->row < row;
+    const int gone = moved ? before - table->numberOfRowsInSection(section) : 0;
+    removal_ = NSIndexPath{section, row - gone};
+    removalTimer_.start(kRemovalMilliseconds);
+    tellRemoval();
+}
+
+void TableModel::restore() {
+    removal_.reset();
+    removalTimer_.stop();
+    tellRemoval();
+}
+
+void TableModel::finishRemoval() {
+    UITableView* table = table_.get();
+    const std::optional<NSIndexPath> path = std::exchange(removal_, std::nullopt);
+    removalTimer_.stop();
+    if (table != nullptr && path) {
         host_.syncClock();
-        table->userDeletesRow({section, row});
+        table->userDeletesRow(*path);
+        tellRemoval();
+    }
+}
+
+void TableModel::tellRemoval() {
+    if (!entries_.empty()) {
+        emit dataChanged(index(0), index(rowCount() - 1), {removingRole});
     }
 }
 

@@ -8,7 +8,9 @@
 #include "platform/uikit/UITableView.h"
 
 #include <QAbstractListModel>
+#include <QTimer>
 
+#include <optional>
 #include <vector>
 
 namespace zorel {
@@ -28,8 +30,9 @@ public:
         accessoryRole, ///< ViewHandle of a row's accessory view or of a header's own view
         heightRole,    ///< [pt]
         deletableRole,
-        firstRole, ///< first row of its section
-        lastRole,  ///< last row of its section
+        removingRole, ///< the row is about to be deleted and can still be kept
+        firstRole,    ///< first row of its section
+        lastRole,     ///< last row of its section
         sectionRole,
         rowRole,
         generationRole ///< number of the reload that the entry belongs to
@@ -46,7 +49,11 @@ public:
     void refreshDetails();
 
     Q_INVOKABLE void select(int section, int row);
+    /// Deletes a row after some seconds; until then restore() keeps it. A reload from elsewhere keeps it too.
     Q_INVOKABLE void remove(int section, int row);
+    Q_INVOKABLE void restore();
+    /// Deletes now what is about to be deleted.
+    void finishRemoval();
     /// A row has left the screen; ignored when the table has been reloaded since.
     Q_INVOKABLE void hide(int section, int row, int generation);
 
@@ -58,6 +65,7 @@ private:
     };
 
     void collect();
+    void tellRemoval();
     [[nodiscard]] QVariant headerData(UITableView& table, int section, int role) const;
     [[nodiscard]] QVariant footerData(UITableView& table, int section, int role) const;
     [[nodiscard]] QVariant rowData(UITableView& table, NSIndexPath path, int role) const;
@@ -67,6 +75,8 @@ private:
     UIWeak<UITableView> table_;
     std::vector<Entry> entries_;
     int generation_ = 0;
+    std::optional<NSIndexPath> removal_;
+    QTimer removalTimer_;
 };
 
 /// A table for QML.
@@ -82,6 +92,7 @@ public:
     [[nodiscard]] bool grouped() const;
     [[nodiscard]] bool selectable() const;
     void reload() { model_.reload(); }
+    void finishRemoval() { model_.finishRemoval(); }
     void refreshDetails() { model_.refreshDetails(); }
 
 private:

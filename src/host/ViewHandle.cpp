@@ -65,6 +65,15 @@ UIControl* firstControl(UIView& view) {
     return nullptr;
 }
 
+/// Middle of a control in the coordinates of a view above it.
+CGPoint centreIn(const UIView& root, const UIControl& control) {
+    CGPoint point{control.bounds().midX(), control.bounds().midY()};
+    for (const UIView* step = &control; step != &root && step != nullptr; step = step->superview()) {
+        point = step->pointToSuperview(point);
+    }
+    return point;
+}
+
 } // namespace
 
 ViewHandle::ViewHandle(Host& host, UIView& view) : host_(host), view_(&view), kind_(kindName(view.kind())) {}
@@ -118,9 +127,20 @@ bool ViewHandle::marked() const {
     return control != nullptr && control->isSelected();
 }
 
+QPointF ViewHandle::controlCentre() const {
+    const UIControl* control = view() != nullptr ? firstControl(*view()) : nullptr;
+    if (control == nullptr) {
+        return {};
+    }
+    const CGPoint centre = centreIn(*view(), *control);
+    return {centre.x, centre.y};
+}
+
 void ViewHandle::resize(double width, double height) {
     if (UIView* view = this->view(); view != nullptr) {
         view->setFrame({view->frame().x, view->frame().y, width, height});
+        // What lies in it has moved only now.
+        emit changed();
     }
 }
 
@@ -130,10 +150,7 @@ void ViewHandle::activate() {
     if (control == nullptr) {
         return;
     }
-    CGPoint point{control->bounds().midX(), control->bounds().midY()};
-    for (const UIView* step = control; step != root && step != nullptr; step = step->superview()) {
-        point = step->pointToSuperview(point);
-    }
+    const CGPoint point = centreIn(*root, *control);
     host_.syncClock();
     UITouchDispatcher(*root).tap(point);
 }

@@ -6,6 +6,7 @@
 #include "platform/uikit/UIView.h"
 
 #include <QObject>
+#include <QPointF>
 #include <QString>
 #include <QVariantList>
 
@@ -28,6 +29,7 @@ class ViewHandle : public QObject {
     Q_PROPERTY(QString spoken READ spoken NOTIFY changed)
     Q_PROPERTY(bool operable READ operable NOTIFY changed)
     Q_PROPERTY(bool marked READ marked NOTIFY changed)
+    Q_PROPERTY(QPointF controlCentre READ controlCentre NOTIFY changed)
 
 public:
     ViewHandle(Host& host, UIView& view);
@@ -50,6 +52,8 @@ public:
     [[nodiscard]] bool operable() const;
     /// Whether the control in the view is selected.
     [[nodiscard]] bool marked() const;
+    /// Middle of the control in the view, in the view's coordinates [pt].
+    [[nodiscard]] QPointF controlCentre() const;
 
     /// Gives the view a new size, its place staying what it is.
     Q_INVOKABLE void resize(double width, double height);

@@ -8,12 +8,42 @@
 #include <QMouseEvent>
 #include <QPainter>
 
+#include <algorithm>
+#include <optional>
+
 namespace zorel {
 
 namespace {
 
 CGPoint pointOf(const QMouseEvent& event) {
     return {event.position().x(), event.position().y()};
+}
+
+constexpr double kTarget = 44.0; ///< least width and height of what a finger has to hit [pt]
+
+/// Where a touch beside a small control, within its 44 points, lies in it; nothing when it is at no control.
+std::optional<CGPoint> pointInControl(UIView& view, CGPoint point) {
+    if (view.isHidden()) {
+        return std::nullopt;
+    }
+    if (const auto* control = dynamic_cast<const UIControl*>(&view);
+        control != nullptr && control->isEnabled()) {
+        const CGRect box = control->bounds();
+        const double besideX = std::max(0.0, (kTarget - box.width) / 2.0);
+        const double besideY = std::max(0.0, (kTarget - box.height) / 2.0);
+        const bool hit = point.x >= -besideX && point.x < box.width + besideX && point.y >= -besideY &&
+                         point.y < box.height + besideY;
+        return hit ? std::optional(CGPoint{std::clamp(point.x, 0.0, box.width - 1.0),
+                                           std::clamp(point.y, 0.0, box.height - 1.0)})
+                   : std::nullopt;
+    }
+    for (UIView* subview : view.subviews()) {
+        const CGPoint origin = subview->pointToSuperview({0.0, 0.0});
+        if (const auto inside = pointInControl(*subview, {point.x - origin.x, point.y - origin.y})) {
+            return CGPoint{inside->x + origin.x, inside->y + origin.y};
+        }
+    }
+    return std::nullopt;
 }
 
 } // namespace
@@ -55,6 +85,12 @@ void ViewItem::paint(QPainter* painter) {
     }
 }
 
+CGPoint ViewItem::touched(const QMouseEvent& event) const {
+    const CGPoint point = pointOf(event);
+    UIView* view = handle_ != nullptr ? handle_->view() : nullptr;
+    return view != nullptr ? pointInControl(*view, point).value_or(point) : point;
+}
+
 void ViewItem::mousePressEvent(QMouseEvent* event) {
     if (handle_ == nullptr || handle_->view() == nullptr) {
         event->ignore();
@@ -62,7 +98,7 @@ void ViewItem::mousePressEvent(QMouseEvent* event) {
     }
     handle_->syncHostClock();
     touch_.emplace(*handle_->view());
-    if (!touch_->began(pointOf(*event)) || dynamic_cast<UIControl*>(touch_->target()) == nullptr) {
+    if (!touch_->began(touched(*event)) || dynamic_cast<UIControl*>(touch_->target()) == nullptr) {
         // No control wants the touch: the row behind the view may.
         touch_.reset();
         event->ignore();
@@ -71,16 +107,17 @@ void ViewItem::mousePressEvent(QMouseEvent* event) {
 
 void ViewItem::mouseMoveEvent(QMouseEvent* event) {
     if (touch_) {
-        touch_->moved(pointOf(*event));
+        touch_->moved(touched(*event));
     }
 }
 
 void ViewItem::mouseReleaseEvent(QMouseEvent* event) {
     if (touch_) {
         // The handler may destroy the view, the row and this item: nothing of them is used after the call.
+        const CGPoint point = touched(*event);
         UITouchDispatcher touch = *touch_;
         touch_.reset();
-        touch.ended(pointOf(*event));
+        touch.ended(point);
     }
 }
 

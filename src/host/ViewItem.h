@@ -38,6 +38,9 @@ protected:
     void mouseUngrabEvent() override;
 
 private:
+    /// The point of an event, moved into the control that it is meant for.
+    [[nodiscard]] CGPoint touched(const QMouseEvent& event) const;
+
     QPointer<ViewHandle> handle_;
     std::optional<UITouchDispatcher> touch_;
     bool dark_ = false;

@@ -2,6 +2,7 @@
 #include "host/ViewPainter.h"
 
 #include "host/PainterContext.h"
+#include "platform/uikit/UIControl.h"
 #include "platform/uikit/UILabel.h"
 
 #include <QFontMetricsF>
@@ -17,6 +18,8 @@ namespace {
 
 /// A ground that hides what lies behind it: the colours on it need no change in dark surroundings.
 constexpr double kOwnGround = 0.5;
+constexpr float kOwnGroundShade = 0.35F;
+constexpr float kOwnGroundAlpha = 0.95F;
 
 QFont hostFont(const UIFont& font) {
     QFont result(font.name.empty() ? QString() : QString::fromStdString(font.name));
@@ -87,18 +90,41 @@ void paintText(QPainter& painter, const UILabel& label, const QRectF& box, const
     }
 }
 
-void paintLabel(QPainter& painter, const UILabel& label, bool dark) {
+/// Space up to the first control to the right of a label: a long name ends before it, a short one may use it.
+double roomOf(const UILabel& label) {
+    constexpr double gap = 8.0;
+    const CGRect& frame = label.frame();
+    double end = frame.x + frame.width;
+    for (UIView* sibling :
+         label.superview() != nullptr ? label.superview()->subviews() : std::vector<UIView*>()) {
+        const CGRect& other = sibling->frame();
+        const bool beside = dynamic_cast<const UIControl*>(sibling) != nullptr && !sibling->isHidden() &&
+                            other.x > frame.x && other.y < frame.y + frame.height &&
+                            frame.y < other.y + other.height;
+        if (beside) {
+            // The drawing of a control is as wide as it is high, in its middle.
+            end = other.midX() - std::min(other.width, other.height) / 2.0 - gap;
+        }
+    }
+    return std::max(0.0, end - frame.x);
+}
+
+/// @param ownGround whether the text stands on a ground that its view brings along
+void paintLabel(QPainter& painter, const UILabel& label, bool dark, bool ownGround) {
     if (label.text().empty()) {
         return;
     }
     painter.setFont(hostFont(label.font()));
-    const QRectF box(0.0, 0.0, label.frame().width, label.frame().height);
+    const bool leading = label.textAlignment() == UITextAlignment::left;
+    const QRectF box(0.0, 0.0, leading ? roomOf(label) : label.frame().width, label.frame().height);
     if (label.shadow()) {
         const CGSize offset = label.shadow()->offset;
         paintText(painter, label, box.translated(offset.width, offset.height),
                   shownColor(label.shadow()->color, false));
     }
-    paintText(painter, label, box, shownColor(label.textColor(), dark));
+    const QColor color =
+        ownGround ? shownColor(label.textColor(), false) : seenColor(label.textColor(), dark, kTextContrast);
+    paintText(painter, label, box, color);
 }
 
 void paintBackground(QPainter& painter, const UIView& view) {
@@ -106,12 +132,26 @@ void paintBackground(QPainter& painter, const UIView& view) {
         return;
     }
     painter.setPen(Qt::NoPen);
-    painter.setBrush(shownColor(view.backgroundColor(), false));
+    // A translucent ground carries a text of its own: it is made dark enough for it.
+    QColor ground = shownColor(view.backgroundColor(), false);
+    if (ground.alpha() < 255) {
+        ground = QColor::fromHslF(ground.hslHueF(), ground.hslSaturationF(),
+                                  ground.lightnessF() * kOwnGroundShade, kOwnGroundAlpha);
+    }
+    painter.setBrush(ground);
     painter.drawRoundedRect(QRectF(0.0, 0.0, view.frame().width, view.frame().height), view.cornerRadius(),
                             view.cornerRadius());
 }
 
-void paintSubview(QPainter& painter, UIView& view, bool dark) {
+/// Colours stay as they are on a ground that a view brings along.
+struct Surroundings {
+    bool dark = false;
+    bool ownGround = false;
+};
+
+void paintOn(QPainter& painter, UIView& view, Surroundings around);
+
+void paintSubview(QPainter& painter, UIView& view, Surroundings around) {
     if (view.isHidden() || view.presentationAlpha() <= 0.0) {
         return;
     }
@@ -121,24 +161,29 @@ void paintSubview(QPainter& painter, UIView& view, bool dark) {
     painter.translate(frame.midX(), frame.midY());
     painter.scale(view.presentationScale(), view.presentationScale());
     painter.translate(-frame.width / 2.0, -frame.height / 2.0);
-    paintView(painter, view, dark);
+    paintOn(painter, view, around);
     painter.restore();
+}
+
+void paintOn(QPainter& painter, UIView& view, Surroundings around) {
+    const bool own = view.backgroundColor().alpha() >= kOwnGround;
+    const Surroundings inside{around.dark && !own, around.ownGround || own};
+    paintBackground(painter, view);
+    PainterContext context(painter, inside.dark);
+    view.drawRect(context);
+    if (view.kind() == UIViewKind::label) {
+        paintLabel(painter, static_cast<const UILabel&>(view), inside.dark, inside.ownGround);
+    }
+    const std::vector<UIView*> subviews = view.subviews();
+    for (UIView* subview : subviews) {
+        paintSubview(painter, *subview, inside);
+    }
 }
 
 } // namespace
 
 void paintView(QPainter& painter, UIView& view, bool dark) {
-    const bool adapted = dark && view.backgroundColor().alpha() < kOwnGround;
-    paintBackground(painter, view);
-    PainterContext context(painter, adapted);
-    view.drawRect(context);
-    if (view.kind() == UIViewKind::label) {
-        paintLabel(painter, static_cast<const UILabel&>(view), adapted);
-    }
-    const std::vector<UIView*> subviews = view.subviews();
-    for (UIView* subview : subviews) {
-        paintSubview(painter, *subview, adapted);
-    }
+    paintOn(painter, view, {dark, false});
 }
 
 } // namespace zorel

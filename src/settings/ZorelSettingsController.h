@@ -60,6 +60,8 @@ public:
     [[nodiscard]] std::int32_t currentCityId() const { return currentCityId_; }
     /// The home city, or nullptr.
     [[nodiscard]] const City* homeCity() const;
+    /// The home city as a place; nothing without one that the catalogue knows.
+    [[nodiscard]] const std::optional<almanac::Place>& homePlace() const { return homePlace_; }
     /// What the day of the home city is told as: the source of its stored times. Nothing without a home city
     /// that the catalogue knows.
     [[nodiscard]] const std::optional<almanac::Day>& homeDay() const { return homeDay_; }
@@ -89,7 +91,7 @@ public:
     int numberOfSectionsInTableView(UITableView& table) override;
     int numberOfRowsInSection(UITableView& table, int section) override;
     double heightForRowAtIndexPath(UITableView& table, NSIndexPath indexPath) override;
-    /// Beside an alarm: summaryOfAlarm.
+    /// Below a city: its region and country. Beside an alarm: summaryOfAlarm.
     std::string detailForRowAtIndexPath(UITableView& table, NSIndexPath indexPath) override;
     std::string titleForHeaderInSection(UITableView& table, int section) override;
     UIView* viewForHeaderInSection(UITableView& table, int section) override;
@@ -128,6 +130,8 @@ private:
     [[nodiscard]] const almanac::DayTime* homeTime(std::int32_t prayerId) const;
     /// What a reader has to know of where the home city's clock comes from; "" on an ordinary day.
     [[nodiscard]] std::string clockNotice() const;
+    /// "Île-de-France, France".
+    [[nodiscard]] std::string regionOfCity(int row) const;
     void buildScreens();
     void buildAddCityScreen(double width, double height);
     /// Lets the search screen mark the cities of the list.

@@ -4,6 +4,7 @@
 
 #include "common/GlobalFuncs.h"
 #include "platform/foundation/NumberText.h"
+#include "store/CitySearch.h"
 #include "store/DatabaseFunctions.h"
 #include "store/UserCities.h"
 #include "views/Texts.h"
@@ -11,6 +12,7 @@
 #include <algorithm>
 #include <cmath>
 #include <fmt/format.h>
+#include <string_view>
 
 namespace zorel {
 namespace {
@@ -191,8 +193,26 @@ std::optional<std::string> ZorelSettingsController::noticeForAlarm(std::int32_t 
 }
 
 std::string ZorelSettingsController::detailForRowAtIndexPath(UITableView& /*table*/, NSIndexPath indexPath) {
+    if (indexPath.section == citySection) {
+        return regionOfCity(indexPath.row);
+    }
     return indexPath.section == alarmSection ? summaryOfAlarm(indexPath.row + kFirstAlarmPrayerId)
                                              : std::string();
+}
+
+/// What follows the name where the search lists the city.
+std::string ZorelSettingsController::regionOfCity(int row) const {
+    constexpr std::string_view separator = " / ";
+    if (row < 0 || row >= static_cast<int>(userCities_.size())) {
+        return {};
+    }
+    std::string text = citySearchText(*glbFuncs_, userCities_[static_cast<std::size_t>(row)]);
+    std::size_t at = text.find(separator);
+    text.erase(0, at == std::string::npos ? text.size() : at + separator.size());
+    while ((at = text.find(separator)) != std::string::npos) {
+        text.replace(at, separator.size(), ", ");
+    }
+    return text;
 }
 
 std::string ZorelSettingsController::summaryOfAlarm(std::int32_t prayerId) const {

@@ -1,78 +1,22 @@
 // SPDX-License-Identifier: Apache-2.0
 // One whole story with the real pane, the real catalogue, a database and a calendar folder of its own.
+#include "tests/host/PaneScreen.h"
 #include "tests/host/Reader.h"
-#include "tests/host/Screen.h"
 
-#include "platform/foundation/Clock.h"
-#include "platform/foundation/Locale.h"
-#include "platform/foundation/Locations.h"
-#include "settings/ZorelSettingsController.h"
-#include "store/DatabaseFunctions.h"
-
-#include <QDir>
 #include <QRegularExpression>
-#include <QTemporaryDir>
-#include <gtest/gtest.h>
 
 namespace zorel {
 namespace {
 
 using test::eventually;
 
-class Story : public testing::Test {
+class Story : public test::PaneScreen {
 protected:
-    Story() {
-        Locations& places = Locations::current();
-        places.bundle = ZOREL_BINARY_DIR "/share/zorel/Zorel.bundle";
-        places.ringtones = ZOREL_SOURCE_DIR "/resources/Ringtones";
-        places.data = folder.path().toStdString();
-    }
-    ~Story() override { Locations::current() = Locations(); }
+    Story() { withFirstPage = false; }
 
-    void open() {
-        host = std::make_unique<Host>(false);
-        host->setScreenSize(390, 780);
-        pane = std::make_unique<ZorelSettingsController>();
-        navigation = std::make_unique<UINavigationController>(*pane);
-        host->show(*navigation);
-        window = std::make_unique<Window>(*host, QSize(390, 780));
-        screen = std::make_unique<test::Screen>(*window);
-        window->show();
-        window->requestActivate();
-        ASSERT_TRUE(QTest::qWaitForWindowExposed(window.get()));
-        see("Fajr");
-    }
-    void close() {
-        window.reset();
-        navigation.reset();
-        pane.reset();
-        host.reset();
-    }
-    void see(const QString& text) {
-        ASSERT_TRUE(eventually([&] { return screen->text(text) != nullptr; })) << text.toStdString();
-    }
-    /// Taps a text once the screen that it belongs to has come to rest.
-    void tapText(const QString& text) {
-        see(text);
-        QTest::qWait(300);
-        screen->tap(*screen->text(text));
-    }
-    void tapAdd() {
-        const QQuickItem* header = screen->showing(pane->cityHeaderView());
-        ASSERT_NE(header, nullptr);
-        const CGPoint button = pane->cityHeaderView().buttonAdd().center();
-        screen->tap(header->mapToScene({button.x, button.y}).toPoint());
-    }
-    void addCity(const QString& typed, const QString& result) {
-        tapAdd();
-        see("City Search");
-        QTest::qWait(300);
-        screen->type(typed);
-        screen->key(Qt::Key_Return);
-        tapText(result);
-        tapText(QString::fromStdString(*pane->glbFuncs().GetKeyValue(1025)));
-        QTest::qWait(200);
-        tapText(QString::fromStdString(*pane->glbFuncs().GetKeyValue(1030)));
+    void addCityAndGoBack(const QString& typed, const QString& name) {
+        addCity(typed, name);
+        goBack();
     }
     [[nodiscard]] int events() const {
         return static_cast<int>(QDir(folder.filePath("calendar")).entryList({"*.ics"}, QDir::Files).size());
@@ -82,23 +26,13 @@ protected:
             return item.property("text").toString().contains(part);
         }) != nullptr;
     }
-
-    QTemporaryDir folder;
-    LocaleOverride english{"en_US"};
-    TimeZoneOverride zone{"Europe/Istanbul"};
-    ClockOverride clock{Instant(std::chrono::seconds(1'790'000'000))}; // 21 September 2026, 17:13 in Istanbul
-    std::unique_ptr<Host> host;
-    std::unique_ptr<ZorelSettingsController> pane;
-    std::unique_ptr<UINavigationController> navigation;
-    std::unique_ptr<Window> window;
-    std::unique_ptr<test::Screen> screen;
 };
 
 TEST_F(Story, ACityIsAddedItsAlarmSetMovedAndAllOfItRemovedAgain) {
     open();
     see("No city added yet");
 
-    addCity("Ankara", "Ankara / Türkiye");
+    addCityAndGoBack("Ankara", "Ankara");
     ASSERT_EQ(pane->userCities().size(), 1U);
     EXPECT_EQ(pane->homeCity()->name, "Ankara");
     EXPECT_TRUE(eventually([this] { return screen->text("No city added yet") == nullptr; }));
@@ -117,7 +51,7 @@ TEST_F(Story, ACityIsAddedItsAlarmSetMovedAndAllOfItRemovedAgain) {
     screen->key(Qt::Key_Escape);
     EXPECT_TRUE(eventually([this] { return showsPart(" · Alarm "); })) << "the row says when it rings";
 
-    addCity("Konya", "Konya / Türkiye");
+    addCityAndGoBack("Konya", "Konya");
     ASSERT_EQ(pane->userCities().size(), 2U);
     EXPECT_EQ(pane->homeCity()->name, "Ankara");
 
@@ -133,11 +67,13 @@ TEST_F(Story, ACityIsAddedItsAlarmSetMovedAndAllOfItRemovedAgain) {
     EXPECT_EQ(events(), 1) << "the alarm moved with the home city";
 
     for (int left = 2; left > 0; --left) {
-        const UIView* first = pane->table().cellForRowAtIndexPath({0, 0})->accessoryView();
-        QQuickItem* face = screen->showing(*first);
+        const UIView* topmost = pane->table().cellForRowAtIndexPath({0, 0})->accessoryView();
+        QQuickItem* face = screen->showing(*topmost);
         ASSERT_NE(face, nullptr);
         screen->drag(face->mapToScene({200, 30}).toPoint(), {-150, 0});
         tapText("Delete");
+        EXPECT_EQ(pane->userCities().size(), static_cast<std::size_t>(left)) << "there is time to undo it";
+        host->finish();
         QTest::qWait(200);
         EXPECT_EQ(pane->userCities().size(), static_cast<std::size_t>(left - 1));
     }
@@ -184,10 +120,10 @@ TEST_F(Story, ASearchWithoutResultsSaysSoAndTheKeyboardReachesTheResults) {
     }
     screen->type("isparta");
     screen->key(Qt::Key_Return);
-    see("Isparta / Türkiye");
+    see("Isparta");
     EXPECT_EQ(screen->text("Nothing found"), nullptr);
     screen->key(Qt::Key_Down);
-    EXPECT_TRUE(test::Reader(*window).says("item: Isparta / Türkiye, focused"));
+    EXPECT_TRUE(test::Reader(*window).says("item: Isparta, Türkiye, focused"));
     screen->key(Qt::Key_Up);
     EXPECT_TRUE(test::Reader(*window).says("edit: Search for a city, focused"));
     screen->key(Qt::Key_Down);
@@ -203,24 +139,25 @@ TEST_F(Story, TheSearchFollowsTheTypingAndMarksWhatIsThere) {
     see("City Search");
     QTest::qWait(300);
     screen->type("colog");
-    see("Köln — Cologne / North Rhine-Westphalia / Germany");
-    tapText("Köln — Cologne / North Rhine-Westphalia / Germany");
+    see("North Rhine-Westphalia, Germany");
+    tapText("Köln — Cologne");
     QTest::qWait(300);
     EXPECT_EQ(host->sheetTitle(), "Köln — Cologne / North Rhine-Westphalia / Germany");
     tapText("Add city");
-    see("Köln — Cologne / North Rhine-Westphalia / Germany ✓");
+    see("North Rhine-Westphalia, Germany ✓");
     ASSERT_EQ(pane->userCities().size(), 1U);
     close();
 }
 
 TEST_F(Story, AScreenReaderIsToldTheHomeCityAndTheAlarm) {
     open();
-    addCity("Ankara", "Ankara / Türkiye");
-    addCity("Konya", "Konya / Türkiye");
+    addCityAndGoBack("Ankara", "Ankara");
+    addCityAndGoBack("Konya", "Konya");
     QTest::qWait(300);
     const test::Reader cities(*window);
-    for (const char* line : {"button: Cities, Add city, focused", "radio button: Ankara, Home city, checked",
-                             "radio button: Konya, Home city", "heading: Prayer time alarms"}) {
+    for (const char* line :
+         {"button: Cities, Add city, focused", "radio button: Ankara, Home city, Türkiye, checked",
+          "radio button: Konya, Home city, Türkiye", "heading: Prayer time alarms"}) {
         EXPECT_TRUE(cities.says(line)) << line << " among\n" << cities.lines().join('\n').toStdString();
     }
     EXPECT_EQ(cities.lines().filter(QRegularExpression("^item: Isha, \\d\\d:\\d\\d$")).size(), 1);
@@ -238,7 +175,7 @@ TEST_F(Story, AScreenReaderIsToldTheHomeCityAndTheAlarm) {
 
 TEST_F(Story, WhatWasSetIsThereAfterARestart) {
     open();
-    addCity("Edirne", "Edirne / Türkiye");
+    addCityAndGoBack("Edirne", "Edirne");
     close();
     open();
     ASSERT_EQ(pane->userCities().size(), 1U);

@@ -107,8 +107,55 @@ TEST_F(WindowTest, ASidewaysDragUncoversDeleteAlsoFromAControl) {
     reveal("Delete");
     QTest::qWait(250);
     screen->tap(*screen->text("Delete"));
+    reveal("Undo");
+    EXPECT_EQ(pane.names.size(), 3U) << "there is time to undo it";
+    host.finish();
     EXPECT_EQ(pane.names, (std::vector<std::string>{"Beta", "Gamma"}));
     EXPECT_TRUE(eventually([this] { return screen->text("Alpha") == nullptr; }));
+}
+
+TEST_F(WindowTest, ADeletionCanBeUndoneAndAnotherOneConfirmsIt) {
+    host.setEditing(true);
+    QTest::qWait(100);
+    auto* model = qvariant_cast<QObject*>(host.handle(&pane.table())->property("model"));
+    QMetaObject::invokeMethod(model, "remove", Q_ARG(int, 0), Q_ARG(int, 0));
+    reveal("Undo");
+    QTest::qWait(100);
+    screen->tap(*screen->text("Undo"));
+    host.finish();
+    EXPECT_EQ(pane.names.size(), 3U);
+    QMetaObject::invokeMethod(model, "remove", Q_ARG(int, 0), Q_ARG(int, 0));
+    QMetaObject::invokeMethod(model, "remove", Q_ARG(int, 0), Q_ARG(int, 2));
+    EXPECT_EQ(pane.names, (std::vector<std::string>{"Beta", "Gamma"}));
+    host.finish();
+    EXPECT_EQ(pane.names, std::vector<std::string>{"Beta"}) << "the row that was meant, though it moved up";
+}
+
+TEST_F(WindowTest, AReloadFromElsewhereKeepsWhatWasAboutToBeDeleted) {
+    auto* model = qvariant_cast<QObject*>(host.handle(&pane.table())->property("model"));
+    QMetaObject::invokeMethod(model, "remove", Q_ARG(int, 0), Q_ARG(int, 1));
+    pane.names.insert(pane.names.begin(), "New");
+    pane.table().reloadData();
+    host.finish();
+    EXPECT_EQ(pane.names.size(), 4U);
+}
+
+TEST_F(WindowTest, AWheelTurnsToItsEndsByPagesAndToWhatIsTyped) {
+    screen->key(Qt::Key_Tab);
+    for (int step = 0; step < 4; ++step) {
+        screen->key(Qt::Key_Down);
+    }
+    screen->key(Qt::Key_Home);
+    EXPECT_EQ(pane.picked, 0);
+    screen->key(Qt::Key_PageDown);
+    EXPECT_EQ(pane.picked, 9) << "ten on, or to the last";
+    screen->key(Qt::Key_Home);
+    screen->key(Qt::Key_End);
+    EXPECT_EQ(pane.picked, 9);
+    screen->type("r");
+    EXPECT_EQ(pane.picked, 0) << "the next row that begins so";
+    screen->type("x");
+    EXPECT_EQ(pane.picked, 0);
 }
 
 TEST_F(WindowTest, TheKeyboardReachesEverything) {
@@ -331,7 +378,7 @@ TEST(Window, SaysATroubleAtItsTop) {
     test::Screen screen(window);
     window.show();
     EXPECT_TRUE(eventually([&] { return screen.text("The catalogue is missing.") != nullptr; }));
-    EXPECT_EQ(host.deleteWord(), "Sil");
+    EXPECT_EQ(host.words()("delete"), "Sil");
 }
 
 } // namespace

@@ -33,10 +33,15 @@ Item {
         else if (kind === "plain" && handle.operable)
             handle.activate()
     }
-    function turn(step: int) {
-        if (kind === "picker")
-            handle.turn(step)
+    // Turns a wheel; false when this is none.
+    function turn(step: int): bool {
+        if (kind !== "picker")
+            return false
+        handle.turn(step)
+        return true
     }
+    // Turns a wheel to what is typed.
+    function seek(text: string): bool { return kind === "picker" && handle.seek(text) }
 
     Loader {
         anchors.fill: parent

@@ -46,14 +46,26 @@ Rectangle {
             theme: theme
             page: stack.topPage ? stack.topPage.page : null
             root: stack.depth < 2
-            enabled: !sheet.shown
+            enabled: !sheet.shown && !why.shown
         }
         PageStack {
             id: stack
             anchors { top: bar.bottom; left: parent.left; right: parent.right; bottom: parent.bottom }
             host: root.host
             theme: theme
-            enabled: !sheet.shown
+            enabled: !sheet.shown && !why.shown
+        }
+        MessageBar {
+            anchors { bottom: parent.bottom; bottomMargin: 12; horizontalCenter: parent.horizontalCenter }
+            host: root.host
+            theme: theme
+            enabled: !sheet.shown && !why.shown
+        }
+        WhySheet {
+            id: why
+            anchors.fill: parent
+            host: root.host
+            theme: theme
         }
         ActionSheet {
             id: sheet

@@ -10,15 +10,12 @@ Rectangle {
     required property Theme theme
     property PageHandle page: null
     property bool root: true
+    // The home city, which stands in place of the first page's title.
+    readonly property string city: host.firstPage ? host.firstPage.today.city : ""
 
     height: 52
     color: theme.bar
 
-    Rectangle {
-        anchors { left: parent.left; right: parent.right; bottom: parent.bottom }
-        height: 1
-        color: bar.theme.line
-    }
     Item {
         id: back
         visible: !bar.root
@@ -46,7 +43,7 @@ Rectangle {
             Text {
                 id: backText
                 anchors.verticalCenter: parent.verticalCenter
-                text: bar.page && bar.page.backTitle !== "" ? bar.page.backTitle : bar.host.backWord
+                text: bar.page && bar.page.backTitle !== "" ? bar.page.backTitle : bar.host.words.back
                 textFormat: Text.PlainText
                 color: bar.theme.accent
                 font.pixelSize: bar.theme.textSize
@@ -64,14 +61,28 @@ Rectangle {
             onTapped: bar.host.back()
         }
     }
+    TextButton {
+        id: edit
+        anchors { right: parent.right; rightMargin: 8; verticalCenter: parent.verticalCenter }
+        visible: bar.city !== "" || bar.host.editing
+        enabled: visible && bar.root
+        opacity: bar.root ? 1 : 0
+        host: bar.host
+        theme: bar.theme
+        text: bar.host.editing ? bar.host.words.done : bar.host.words.edit
+        onActivated: bar.host.editing = !bar.host.editing
+    }
     Text {
-        anchors { verticalCenter: parent.verticalCenter; horizontalCenter: parent.horizontalCenter }
-        width: Math.min(implicitWidth, bar.width - 2 * Math.max(back.width, 24))
-        text: bar.page ? bar.page.title : ""
+        readonly property bool leading: bar.root && bar.city !== ""
+        anchors.verticalCenter: parent.verticalCenter
+        x: leading ? bar.theme.margin + 4 : Math.max(back.width, 24)
+        width: (leading ? edit.x - 8 : bar.width - x) - x
+        horizontalAlignment: leading ? Text.AlignLeft : Text.AlignHCenter
+        text: leading ? bar.city : bar.page ? bar.page.title : ""
         textFormat: Text.PlainText
         elide: Text.ElideRight
         color: bar.theme.text
-        font { pixelSize: 17; weight: Font.DemiBold }
+        font { pixelSize: leading ? 20 : 17; weight: Font.DemiBold }
         Accessible.role: Accessible.Heading
         Accessible.name: text
     }

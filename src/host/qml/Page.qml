@@ -15,6 +15,11 @@ FocusScope {
     readonly property var parts: content && content.kind !== "table" ? content.subviews : []
     readonly property ViewHandle table: content && content.kind === "table" ? content : part("table")
     readonly property ViewHandle search: part("search")
+    // The first page has more to show than the pane: above it, or beside it where there is room.
+    property bool first: false
+    readonly property bool beside: first && host.firstPage !== null && width >= 700
+    readonly property real sideWidth: beside ? Math.min(460, width * 0.46) : 0
+    readonly property real listWidth: beside ? Math.min(columnWidth, width - sideWidth) : columnWidth
 
     transform: Translate { x: screen.slide }
     function part(kind: string): ViewHandle {
@@ -30,9 +35,9 @@ FocusScope {
     }
     function fitContent() {
         if (content && width > 0)
-            content.resize(columnWidth, height)
+            content.resize(listWidth, height)
     }
-    onColumnWidthChanged: fitContent()
+    onListWidthChanged: fitContent()
     onHeightChanged: fitContent()
     onContentChanged: fitContent()
 
@@ -49,11 +54,30 @@ FocusScope {
         anchors.fill: parent
         color: screen.theme.ground
     }
+    Loader {
+        id: side
+        active: screen.beside
+        x: (screen.width - screen.sideWidth - screen.listWidth) / 2
+        width: screen.sideWidth
+        height: parent.height
+        sourceComponent: Flickable {
+            id: sideView
+            contentHeight: sideColumn.implicitHeight
+            clip: true
+            FirstPageColumn {
+                id: sideColumn
+                width: sideView.width
+                view: sideView
+                host: screen.host
+                theme: screen.theme
+            }
+        }
+    }
     Item {
         id: column
-        width: screen.columnWidth
+        width: screen.listWidth
         height: parent.height
-        anchors.horizontalCenter: parent.horizontalCenter
+        x: screen.beside ? side.x + side.width : (screen.width - width) / 2
 
         Loader {
             id: searchField
@@ -80,6 +104,7 @@ FocusScope {
                 handle: screen.table
                 theme: screen.theme
                 host: screen.host
+                leading: screen.first && screen.width > 0 && !screen.beside && screen.host.firstPage !== null
                 focus: true
             }
         }
@@ -92,7 +117,7 @@ FocusScope {
             readonly property bool without: screen.search !== null && screen.search.searched && screen.search.letters >= 3
             anchors { top: searchField.bottom; topMargin: 24; horizontalCenter: parent.horizontalCenter }
             visible: list.item !== null && list.item.count === 0 && (tooShort || without)
-            text: tooShort ? screen.host.threeLettersWord : screen.host.nothingWord
+            text: tooShort ? screen.host.words.threeLetters : screen.host.words.nothingFound
             textFormat: Text.PlainText
             color: screen.theme.quiet
             font.pixelSize: screen.theme.textSize
@@ -111,7 +136,8 @@ FocusScope {
                 width: modelData ? modelData.viewWidth : 0
                 height: modelData ? modelData.viewHeight : 0
                 opacity: modelData ? modelData.viewOpacity : 0
-                scale: modelData ? modelData.viewScale : 1
+                // A toast springs up within the window.
+                scale: modelData ? Math.min(modelData.viewScale, 1.05) : 1
                 visible: modelData !== null && modelData.shown
                 Accessible.role: Accessible.AlertMessage
                 Accessible.name: modelData ? modelData.spoken : ""

@@ -17,7 +17,7 @@ Item {
     // A sheet that lay on top is gone: the keyboard is back where it was.
     onEnabledChanged: if (enabled && topPage) topPage.forceActiveFocus()
     function push(handle: PageHandle, animated: bool) {
-        const item = pageComponent.createObject(stack, {page: handle})
+        const item = pageComponent.createObject(stack, {page: handle, first: stack.entries.length === 0})
         const below = stack.topPage
         stack.entries = stack.entries.concat([item])
         if (below)

@@ -43,7 +43,7 @@ FocusScope {
             clip: true
             color: field.theme.text
             selectionColor: field.theme.accent
-            selectedTextColor: field.theme.onAccent
+            selectedTextColor: field.theme.overAccent
             selectByMouse: true
             font.pixelSize: field.theme.textSize
             inputMethodHints: Qt.ImhNoPredictiveText
@@ -69,7 +69,7 @@ FocusScope {
             width: 36
             visible: input.text !== ""
             Accessible.role: Accessible.Button
-            Accessible.name: field.host.clearWord
+            Accessible.name: field.host.words.clear
             Accessible.onPressAction: clear.wipe()
             function wipe() {
                 input.clear()

@@ -14,7 +14,7 @@ Item {
     readonly property bool reachable: own !== null && own.operable
 
     width: entry.width
-    height: footer ? label.implicitHeight + 20 : Math.max(entry.entryHeight, own ? 40 : label.implicitHeight + 16)
+    height: footer ? label.implicitHeight + 20 : Math.max(entry.entryHeight, own ? header.theme.target : label.implicitHeight + 16)
     function activate() { if (own) own.activate() }
 
     Text {
@@ -40,7 +40,7 @@ Item {
         dark: header.theme.dark
         textureSize: Qt.size(width * header.host.textScale, height * header.host.textScale)
         focus: header.reachable
-        anchors { fill: parent; leftMargin: 10; rightMargin: 10 }
+        anchors { fill: parent; leftMargin: header.theme.margin - 4; rightMargin: header.theme.margin }
         onWidthChanged: fit()
         onHeightChanged: fit()
         function fit() {

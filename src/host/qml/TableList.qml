@@ -12,13 +12,16 @@ ListView {
     required property Host host
     required property string title
     property Item opened: null
+    // Whether the first page's own column stands above the rows.
+    property bool leading: false
+    property bool touched: false
 
     model: handle ? handle.model : null
     clip: true
     activeFocusOnTab: true
     boundsBehavior: Flickable.DragAndOvershootBounds
     keyNavigationEnabled: false
-    highlightFollowsCurrentItem: true
+    highlightFollowsCurrentItem: host.keyboardUsed
     highlightMoveDuration: 120
     currentIndex: -1
     topMargin: handle && handle.grouped ? 8 : 0
@@ -26,6 +29,25 @@ ListView {
     Accessible.role: Accessible.List
     Accessible.name: title
 
+    header: Loader {
+        width: ListView.view.width
+        active: rows.leading
+        visible: active
+        height: item ? item.implicitHeight : 0
+        sourceComponent: FirstPageColumn {
+            host: rows.host
+            theme: rows.theme
+            view: rows
+        }
+    }
+    // Until somebody scrolls, the page begins with its beginning.
+    onOriginYChanged: Qt.callLater(begin)
+    onHeightChanged: Qt.callLater(begin)
+
+    function begin() {
+        if (!touched)
+            contentY = originY - topMargin
+    }
     // Goes to the next row that can be reached; false when there is none.
     function walk(step: int): bool {
         const start = currentIndex
@@ -38,7 +60,7 @@ ListView {
         return false
     }
     onActiveFocusChanged: if (activeFocus && currentIndex < 0) walk(1)
-    onMovementStarted: closeOpened()
+    onMovementStarted: { touched = true; closeOpened() }
     function closeOpened() {
         if (opened)
             opened.closeSwipe()
@@ -51,6 +73,30 @@ ListView {
     Keys.onEnterPressed: if (currentItem) currentItem.activate()
     Keys.onSpacePressed: if (currentItem) currentItem.activate()
     Keys.onDeletePressed: if (currentItem) currentItem.askDelete()
+    Keys.onPressed: event => {
+        touched = true
+        event.accepted = true
+        if (event.key === Qt.Key_Home)
+            leap(-1, true)
+        else if (event.key === Qt.Key_End)
+            leap(1, true)
+        else if (event.key === Qt.Key_PageUp)
+            leap(-1, false)
+        else if (event.key === Qt.Key_PageDown)
+            leap(1, false)
+        else if (event.text !== "" && currentItem && currentItem.seek)
+            event.accepted = currentItem.seek(event.text)
+        else
+            event.accepted = false
+    }
+    // Home, End and the page keys turn a wheel, else they walk through the rows.
+    function leap(step: int, wholly: bool) {
+        if (currentItem && currentItem.turn(step * (wholly ? 1000 : 10)))
+            return
+        for (let left = wholly ? count : 6; left > 0 && walk(step); --left) {}
+        if (step < 0 && wholly)
+            positionViewAtBeginning()
+    }
     Keys.onLeftPressed: if (currentItem) currentItem.turn(-1)
     Keys.onRightPressed: if (currentItem) currentItem.turn(1)
 
@@ -67,6 +113,7 @@ ListView {
         required property var accessory
         required property var entryHeight
         required property var deletable
+        required property var removing
         required property var firstInSection
         required property var lastInSection
         required property int section
@@ -79,7 +126,8 @@ ListView {
         sourceComponent: entryKind === "row" ? rowComponent : headerComponent
         function activate() { if (item) item.activate() }
         function askDelete() { if (item && item.askDelete) item.askDelete() }
-        function turn(step: int) { if (item && item.turn) item.turn(step) }
+        function turn(step: int): bool { return item && item.turn ? item.turn(step) : false }
+        function seek(text: string): bool { return item && item.seek ? item.seek(text) : false }
 
         Component {
             id: rowComponent

@@ -13,28 +13,38 @@ Item {
     readonly property bool grouped: list.handle !== null && list.handle.grouped
     readonly property bool reachable: !!entry.disclosure || accessory.operable || list.handle.selectable
     readonly property real deleteWidth: 88
+    // Space for the button that deletes, while the list is edited.
+    readonly property real indent: removal.visible ? theme.target : 0
     readonly property bool isOpen: face.x < -deleteWidth / 2
 
     // Space for the texts; where they are too long for one line, the second one stands below, so that no time is cut.
     readonly property real trailing: theme.margin + (chevron.visible ? chevron.width + 8 : 0)
     readonly property real room: frame.width - theme.margin - trailing
-    readonly property bool stacked: !!entry.detail && labelSize.advanceWidth + 8 + detailSize.advanceWidth > room
+    // A search result tells its country and region below its name, as do the cities of the list.
+    readonly property int cut: list.handle !== null && !list.handle.grouped && entry.rowText ? entry.rowText.indexOf(" / ") : -1
+    readonly property string name: cut < 0 ? entry.rowText || "" : entry.rowText.substring(0, cut)
+    readonly property string second: cut < 0 ? entry.detail || "" : entry.rowText.substring(cut + 3).split(" / ").join(", ")
+    readonly property bool marked: drawn && accessory.checked && host.firstPage !== null
+    readonly property bool drawn: accessory.wide && accessory.kind === "plain" && !accessory.inert
+    readonly property bool stacked: drawn || cut >= 0 || second !== "" && labelSize.advanceWidth + 8 + detailSize.advanceWidth > room
 
     TextMetrics {
         id: labelSize
         font.pixelSize: cell.theme.textSize
-        text: cell.entry.rowText || ""
+        text: cell.name
     }
     TextMetrics {
         id: detailSize
-        font.pixelSize: cell.theme.textSize - 1
-        text: cell.entry.detail || ""
+        font.pixelSize: cell.theme.noteSize
+        text: cell.second
     }
 
     width: entry.width
     // A wheel shows the row in the middle and one whole row above and below it.
-    height: accessory.kind === "picker" ? 102
-          : Math.max(entry.entryHeight || 44, stacked ? label.implicitHeight + detail.implicitHeight + 16 : 0)
+    height: accessory.kind === "picker" ? 3 * theme.target + 6
+          : Math.max(entry.entryHeight || 0, theme.target + 4, drawn ? drawnHeight : stacked ? label.implicitHeight + detail.implicitHeight + 16 : 0)
+    // A name in the middle of the first 60 points, and the line below it.
+    readonly property real drawnHeight: second === "" && !marked ? 60 : 42 + detail.implicitHeight + 8
 
     function activate() {
         if (isOpen)
@@ -44,7 +54,8 @@ Item {
         else
             list.handle.model.select(entry.section, entry.row)
     }
-    function turn(step: int) { accessory.turn(step) }
+    function turn(step: int): bool { return accessory.turn(step) }
+    function seek(text: string): bool { return accessory.seek(text) }
     function uncoverDelete() {
         if (entry.deletable)
             swing(-deleteWidth)
@@ -82,13 +93,13 @@ Item {
             color: cell.theme.danger
             Text {
                 anchors { verticalCenter: parent.verticalCenter; right: parent.right; rightMargin: (cell.deleteWidth - width) / 2 }
-                text: cell.host.deleteWord
+                text: cell.host.words.delete
                 color: cell.theme.row
                 font.pixelSize: cell.theme.textSize
             }
             TapHandler { onTapped: cell.remove() }
             Accessible.role: Accessible.Button
-            Accessible.name: cell.host.deleteWord
+            Accessible.name: cell.host.words.delete
             Accessible.ignored: !visible
             Accessible.onPressAction: cell.remove()
         }
@@ -98,7 +109,7 @@ Item {
             height: parent.height
             focus: true
             Accessible.role: accessory.role
-            Accessible.name: [cell.entry.rowText, accessory.spoken, cell.entry.detail].filter(part => !!part).join(", ")
+            Accessible.name: [cell.name, accessory.spoken, cell.second].filter(part => !!part).join(", ")
             Accessible.selectable: cell.list.handle.selectable
             Accessible.checkable: accessory.checkable
             Accessible.checked: accessory.checked
@@ -136,20 +147,29 @@ Item {
                     top: cell.stacked ? parent.top : undefined; topMargin: 8
                     verticalCenter: cell.stacked ? undefined : parent.verticalCenter
                 }
-                text: cell.entry.rowText || (accessory.inert ? accessory.spoken : "")
+                text: cell.name || (accessory.inert ? accessory.spoken : "")
                 textFormat: Text.PlainText
                 elide: Text.ElideRight
-                fontSizeMode: Text.HorizontalFit
-                minimumPixelSize: 11
                 horizontalAlignment: cell.entry.centred || accessory.inert ? Text.AlignHCenter : Text.AlignLeft
                 color: cell.theme.text
                 font.pixelSize: cell.theme.textSize
                 Accessible.ignored: true
             }
+            // The home city is marked by more than a colour: a ground below its button and a word below its name.
+            Rectangle {
+                visible: cell.marked && accessory.handle !== null
+                x: visible ? accessory.x + accessory.handle.controlCentre.x - width / 2 : 0
+                y: visible ? accessory.y + accessory.handle.controlCentre.y - height / 2 : 0
+                width: cell.theme.target
+                height: width
+                radius: width / 2
+                color: cell.theme.accentGround
+                border { width: 2; color: cell.theme.accent }
+            }
             Accessory {
                 id: accessory
                 anchors { right: parent.right; rightMargin: wide ? 0 : cell.theme.margin; verticalCenter: parent.verticalCenter }
-                width: wide ? parent.width : implicitWidth
+                width: wide ? parent.width - cell.indent : implicitWidth
                 height: wide ? parent.height : implicitHeight
                 wide: !cell.entry.rowText && kind !== "switch" && kind !== ""
                 visible: !inert
@@ -161,17 +181,17 @@ Item {
             Text {
                 id: detail
                 anchors {
-                    right: parent.right; rightMargin: cell.trailing
+                    right: parent.right; rightMargin: cell.drawn ? cell.theme.margin + 70 : cell.trailing
                     bottom: cell.stacked ? parent.bottom : undefined; bottomMargin: 8
                     verticalCenter: cell.stacked ? undefined : parent.verticalCenter
                 }
-                width: cell.stacked ? cell.room : implicitWidth
+                width: cell.drawn ? frame.width - anchors.rightMargin - 20 - cell.indent : cell.stacked ? cell.room : implicitWidth
                 visible: text !== ""
-                text: cell.entry.detail || ""
+                text: cell.marked ? [cell.host.words.homeCity, cell.second].filter(part => part !== "").join(" · ") : cell.second
                 textFormat: Text.PlainText
                 wrapMode: cell.stacked ? Text.Wrap : Text.NoWrap
-                color: cell.theme.quiet
-                font.pixelSize: cell.theme.textSize - 1
+                color: cell.marked ? cell.theme.accent : cell.theme.quiet
+                font.pixelSize: cell.drawn ? cell.theme.smallSize : cell.theme.noteSize
                 Accessible.ignored: true
             }
             Text {
@@ -182,6 +202,16 @@ Item {
                 color: cell.theme.quiet
                 font.pixelSize: 22
                 Accessible.ignored: true
+            }
+            DeleteButton {
+                id: removal
+                anchors { left: parent.left; leftMargin: 4; verticalCenter: parent.verticalCenter }
+                width: cell.theme.target
+                visible: cell.host.editing && !!cell.entry.deletable
+                host: cell.host
+                theme: cell.theme
+                name: cell.host.words.deleteCity.arg(accessory.spoken.split(", ")[0])
+                onActivated: cell.remove()
             }
             TapHandler {
                 id: tap
@@ -211,6 +241,32 @@ Item {
                 property: "x"
                 duration: 160
                 easing.type: Easing.OutCubic
+            }
+        }
+        Loader {
+            anchors.fill: parent
+            active: !!cell.entry.removing
+            sourceComponent: Rectangle {
+                color: cell.theme.row
+                radius: cell.theme.corner
+                Text {
+                    anchors { left: parent.left; leftMargin: cell.theme.margin; right: restore.left; rightMargin: 8; verticalCenter: parent.verticalCenter }
+                    text: cell.host.words.deleted.arg(accessory.spoken.split(", ")[0])
+                    textFormat: Text.PlainText
+                    elide: Text.ElideRight
+                    color: cell.theme.quiet
+                    font.pixelSize: cell.theme.textSize
+                    Accessible.role: Accessible.AlertMessage
+                    Accessible.name: text
+                }
+                TextButton {
+                    id: restore
+                    anchors { right: parent.right; rightMargin: 8; verticalCenter: parent.verticalCenter }
+                    host: cell.host
+                    theme: cell.theme
+                    text: cell.host.words.undo
+                    onActivated: cell.list.handle.model.restore()
+                }
             }
         }
         Rectangle {

@@ -15,7 +15,7 @@ Item {
         width: 51
         height: 31
         radius: height / 2
-        color: toggle.on ? toggle.theme.accent : toggle.theme.line
+        color: toggle.on ? toggle.theme.accent : toggle.theme.track
         Behavior on color { ColorAnimation { duration: 140 } }
         Rectangle {
             width: 27
@@ -23,7 +23,7 @@ Item {
             radius: 13.5
             x: toggle.on ? parent.width - width - 2 : 2
             y: 2
-            color: "#ffffff"
+            color: toggle.on ? toggle.theme.knob : "#ffffff"
             Behavior on x { NumberAnimation { duration: 140; easing.type: Easing.OutCubic } }
         }
         TapHandler { onTapped: toggle.handle.toggle() }

@@ -10,7 +10,7 @@ Item {
     required property Theme theme
     // The table around the wheel. A finger turns either the wheel or the table, and so does the mouse's wheel.
     required property Flickable list
-    readonly property real rowHeight: 32
+    readonly property real rowHeight: theme.target
 
     clip: true
     Rectangle {
@@ -58,8 +58,7 @@ Item {
             elide: Text.ElideRight
             horizontalAlignment: Text.AlignHCenter
             verticalAlignment: Text.AlignVCenter
-            color: wheel.theme.text
-            opacity: ListView.isCurrentItem ? 1 : 0.35
+            color: ListView.isCurrentItem ? wheel.theme.text : wheel.theme.quiet
             font.pixelSize: 18
             TapHandler { onTapped: wheel.handle.pick(index) }
         }

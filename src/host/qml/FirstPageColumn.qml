@@ -1,0 +1,123 @@
+// SPDX-License-Identifier: Apache-2.0
+// What stands above the pane, or beside it in a wide window: first start, notices, today, Moon and qibla.
+import QtQuick
+import Zorel.Views
+
+Item {
+    id: first
+
+    required property Host host
+    required property Theme theme
+    // What scrolls the column: what the keyboard reaches is moved into sight.
+    property Flickable view: null
+    readonly property var page: host.firstPage
+    readonly property var today: page ? page.today : null
+    readonly property bool twoTiles: inside.width >= 2 * 150 + 12
+
+    readonly property Item reached: Window.activeFocusItem
+    onReachedChanged: {
+        let item = reached
+        while (item && item !== first)
+            item = item.parent
+        if (!item || !view || !host.keyboardUsed)
+            return
+        const top = reached.mapToItem(view.contentItem, 0, 0).y
+        if (top < view.contentY)
+            view.contentY = top - 8
+        else if (top + reached.height > view.contentY + view.height)
+            view.contentY = top + reached.height + 8 - view.height
+    }
+
+    implicitHeight: inside.height === 0 ? 0 : inside.height + 20
+
+    Column {
+        id: inside
+        anchors { top: parent.top; topMargin: 12; left: parent.left; right: parent.right; leftMargin: first.theme.margin; rightMargin: first.theme.margin }
+        spacing: 12
+
+        Loader {
+            width: parent.width
+            active: first.page !== null && first.page.beginning
+            visible: active
+            sourceComponent: FirstStart {
+                host: first.host
+                theme: first.theme
+                page: first.page
+            }
+        }
+        Loader {
+            width: parent.width
+            active: first.page !== null && first.page.unknownHome !== ""
+            visible: active
+            sourceComponent: Notice {
+                host: first.host
+                theme: first.theme
+                text: first.host.words.noTimes.arg(first.page.unknownHome)
+            }
+        }
+        Loader {
+            width: parent.width
+            active: first.page !== null && first.page.elsewhere
+            visible: active
+            sourceComponent: Notice {
+                host: first.host
+                theme: first.theme
+                text: first.host.words.inCity.arg(first.page.suggestedCity)
+                action: first.host.words.use
+                other: first.host.words.notNow
+                onAccepted: first.page.useSuggestion()
+                onDeclined: first.page.declineSuggestion()
+            }
+        }
+        Loader {
+            width: parent.width
+            active: first.today !== null && first.today.known
+            visible: active
+            sourceComponent: TodayCard {
+                host: first.host
+                theme: first.theme
+                today: first.today
+            }
+        }
+        Loader {
+            width: parent.width
+            active: first.today !== null && first.today.known
+            visible: active
+            sourceComponent: Grid {
+                columns: first.twoTiles ? 2 : 1
+                spacing: 12
+                SkyTile {
+                    width: first.twoTiles ? (inside.width - 12) / 2 : inside.width
+                    height: first.twoTiles ? Math.max(implicitHeight, qiblaTile.implicitHeight) : implicitHeight
+                    id: moonTile
+                    theme: first.theme
+                    title: first.today.moon.text
+                    detail: first.today.moon.detail
+                    MoonDisc {
+                        anchors.fill: parent
+                        illuminated: first.today.moon.illuminated
+                        waxing: first.today.moon.waxing
+                        south: first.today.moon.south
+                        textureSize: Qt.size(width * first.host.textScale, height * first.host.textScale)
+                    }
+                }
+                SkyTile {
+                    id: qiblaTile
+                    width: moonTile.width
+                    height: first.twoTiles ? moonTile.height : implicitHeight
+                    theme: first.theme
+                    title: first.today.qibla.text
+                    detail: first.today.qibla.detail
+                    QiblaRose {
+                        anchors.fill: parent
+                        bearing: first.today.qibla.bearing
+                        known: first.today.qibla.known
+                        color: first.theme.quiet
+                        needle: first.theme.accent
+                        textureSize: Qt.size(width * first.host.textScale, height * first.host.textScale)
+                    }
+                }
+            }
+        }
+    }
+}
