@@ -19,7 +19,7 @@ struct Day {
     std::array<DayTime, kPrayers> times{};
     /// The told times as the engine's record: `times` are the hours above (-1 where there is none), by the
     /// clock in force at each, with the flags that are told. The unused position is 0. The qibla time is the
-    /// engine's own, and so is `ezani`, which it leaves uncomputed (see ezaniHours).
+    /// engine's own. `ezani` is not computed (see ezaniHours).
     PrayerTimes record;
 
     [[nodiscard]] const DayTime& operator[](Prayer prayer) const {

@@ -129,14 +129,10 @@ void DayMaker::takeFromEngine(const ExplainedPrayTimes& told, bool isFirst) {
     }
 }
 
-/// The engine is left with the Sun of the day on which its search of the second nightfall ended.
+/// The Sun of the date itself: the engine may have gone back to earlier ones.
 void DayMaker::takeSun() {
-    const auto year = static_cast<int>(day_.date.year());
-    const auto month = static_cast<std::int32_t>(static_cast<unsigned>(day_.date.month()));
-    const auto dayOfMonth = static_cast<std::int32_t>(static_cast<unsigned>(day_.date.day()));
-    sun_ = at(Prayer::afternoonFiveDegrees).why.daysBack == 0
-               ? engine_.SunInfo
-               : engine_.SunInformationForPray(dayOfMonth, month, year);
+    const DateTimeRecord date = engineDate(day_.date);
+    sun_ = engine_.SunPositionsForPray(date.day, date.month, date.year);
 }
 
 void DayMaker::finish() {

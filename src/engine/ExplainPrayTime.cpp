@@ -97,7 +97,7 @@ void explain(int index, const TracedDay& day, const AstroGlobalFuncs& calendar, 
 void compute(FastAstro& engine, TracedDay& day) {
     const PlaceRecord& place = engine.iPlace;
     PrayerDay(engine, place.latitude, place.longitude, day.date, place.elevation, day.times, place.qibla,
-              &day.trace)
+              PrayerDay::Extent::timesOnly, &day.trace)
         .run();
 }
 

@@ -165,6 +165,11 @@ public:
     PlaceRecord CalculatePrayTimes();
     /// Qibla and times of the day after the current date into iPlace.
     void CalculateNextPrayTimes();
+    /// The times of the current date alone, in about half the time: into iPlace.today the same sixteen times
+    /// and the same flags as CalculatePrayTimes, to the last bit. Not filled: `ezani`, SunInfo and the other
+    /// fields of the Sun, which mean nothing afterwards. Saved is the search for yesterday's rise and set
+    /// where one cosine shows that it has both (DayArc.h says when); elsewhere it is made as ever.
+    const PrayerTimes& CalculatePrayTimesOnly();
     /// The sixteen times of a date in the zone of iPlace. @param elevation true: temkin for 500 m, false: for
     /// 250 m. @param out in, out: index 13, and flags and latitude that do not apply, stay. @param qibla of
     /// the place, for the qibla time. Accuracy of the events behind the times (temkin and fixed additions
@@ -183,6 +188,8 @@ public:
                    std::int32_t altitude, std::int32_t direction, SunInfoForPray info) const;
     /// What the times of a date need of the Sun; also left in SunInfo.
     SunInfoForPray SunInformationForPray(std::int32_t day, std::int32_t month, std::int32_t year);
+    /// The same without rises and sets: declinations and equations of time; positions 6 to 9 stay.
+    SunInfoForPray SunPositionsForPray(std::int32_t day, std::int32_t month, std::int32_t year);
     /// @param hours in, out: rounded to the nearest minute, and one second more.
     void MinuteCorrection(double& hours) const;
     /// Direction of the Kaaba on the sphere (FastAstro_Qibla.cpp). Accuracy: the Kaaba is taken a kilometre
@@ -197,8 +204,9 @@ public:
     /// none.
     [[nodiscard]] PrayTimeExplanation ExplainPrayTime(int index) const;
     [[nodiscard]] PrayTimeExplanation ExplainPrayTime(int index, const DateTimeRecord& date) const;
-    /// The times of the current date as CalculatePrayTimes gives them, to the last bit, with all explanations
-    /// from the very same computation. Sets the qibla of iPlace and leaves its times alone.
+    /// The times of the current date as CalculatePrayTimesOnly gives them, to the last bit, with all
+    /// explanations from the very same computation. Sets the qibla of iPlace and leaves its times alone; the
+    /// fields of the Sun mean nothing afterwards.
     [[nodiscard]] ExplainedPrayTimes CalculateExplainedPrayTimes();
 
     // Sunset-based clock: 12 h is the sunset prayer (FastAstro_Ezani.cpp).

@@ -22,6 +22,15 @@ PlaceRecord FastAstro::CalculatePrayTimes() {
     return iPlace;
 }
 
+const PrayerTimes& FastAstro::CalculatePrayTimesOnly() {
+    iPlace.qibla = qiblaOfPlace();
+    const DateTimeRecord date{iCurrentDate.year, iCurrentDate.month, iCurrentDate.day, 0, 0, 0, 0.0};
+    PrayerDay(*this, iPlace.latitude, iPlace.longitude, date, iPlace.elevation, iPlace.today, iPlace.qibla,
+              PrayerDay::Extent::timesOnly)
+        .run();
+    return iPlace.today;
+}
+
 void FastAstro::CalculateNextPrayTimes() {
     iPlace.qibla = qiblaOfPlace();
     const double tomorrow = astroGlobalFuncs.CalculateJulianDay(iCurrentDate.year, iCurrentDate.month,
@@ -37,7 +46,7 @@ void FastAstro::CalculateAllPrayTimes(double latitude, double longitude, std::in
                                       std::int32_t second, bool elevation, PrayerTimes& out,
                                       const QiblaRecord& qibla) {
     const DateTimeRecord date{year, month, day, hour, minute, second, 0.0};
-    PrayerDay(*this, latitude, longitude, date, elevation, out, qibla).run();
+    PrayerDay(*this, latitude, longitude, date, elevation, out, qibla, PrayerDay::Extent::everything).run();
 }
 
 bool FastAstro::Iterasyon(double latitude, double longitudeTerm, double temkin, double timeZone, double& time,
@@ -63,6 +72,12 @@ SunInfoForPray FastAstro::SunInformationForPray(std::int32_t day, std::int32_t m
     SunRiseSet(day, month, year);
     SunInfo.field[8] = UTRise;
     SunInfo.field[9] = UTSet;
+    sunInfoOfDay(astroGlobalFuncs.CalculateJulianDay(year, month, addInt(day, 1), 0, 0, 0), 2);
+    return SunInfo;
+}
+
+SunInfoForPray FastAstro::SunPositionsForPray(std::int32_t day, std::int32_t month, std::int32_t year) {
+    sunInfoOfDay(astroGlobalFuncs.CalculateJulianDay(year, month, day, 0, 0, 0), 0);
     sunInfoOfDay(astroGlobalFuncs.CalculateJulianDay(year, month, addInt(day, 1), 0, 0, 0), 2);
     return SunInfo;
 }

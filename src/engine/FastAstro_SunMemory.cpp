@@ -1,5 +1,6 @@
 // SPDX-License-Identifier: Apache-2.0
 // What is remembered of the Sun, and the rise and set search that uses it.
+#include "engine/DayArc.h"
 #include "engine/FastAstro.h"
 #include "engine/Integers.h"
 #include "engine/Single.h"
@@ -21,24 +22,18 @@ bool inModelledEpoch(double julianDay) {
     return julianDay > 1356000.0 && julianDay < 3547000.0;
 }
 
-/// The Sun's altitude during a day with the declination held: base + swing * cos(hour angle).
-struct DayArc {
-    double base;
-    double swing;
-    double hourAngle; // at the first hour [rad]
-};
-
 /// The 25 full hours of a local day at which the sine of the altitude lies away from that of the rise. The
 /// arc is within 0.015 of the true sine (its Sun is at most 1.6 days away), its parabola within 0.002, and
 /// between full hours the curve bends by less than 0.009.
 class LikelyHours {
 public:
-    explicit LikelyHours(const DayArc& arc) {
+    /// @param firstHourAngle [rad].
+    LikelyHours(const DayArc& arc, double firstHourAngle) {
         constexpr double kStep = 0.26179938779914946; // 15 degrees
         const double cosStep = std::cos(kStep);
         const double sinStep = std::sin(kStep);
-        double c = std::cos(arc.hourAngle);
-        double s = std::sin(arc.hourAngle);
+        double c = std::cos(firstHourAngle);
+        double s = std::sin(firstHourAngle);
         for (double& y : sine_) {
             y = arc.base + arc.swing * c;
             const double next = c * cosStep - s * sinStep;
@@ -170,11 +165,8 @@ bool FastAstro::searchLikelyHours(std::int32_t year, std::int32_t month, std::in
         sunCache.nearby = {firstHour, 0.0, SunDec, SunRA, 0.0};
     }
     const DaySun& sun = sunCache.nearby;
-    const double declination = sun.declination * kRadiansPerDegree;
-    const double latitude = Lat * kRadiansPerDegree;
-    const LikelyHours likely({std::sin(latitude) * std::sin(declination) + kSinRiseDepth,
-                              std::cos(latitude) * std::cos(declination),
-                              hourAngleNear(sun, firstHour) * kRadiansPerDegree});
+    const LikelyHours likely(DayArc(Lat * kRadiansPerDegree, sun.declination * kRadiansPerDegree),
+                             hourAngleNear(sun, firstHour) * kRadiansPerDegree);
     for (std::int32_t hour = 1; hour < 24 && !(Rise && Sett); ++hour) {
         if (likely.mayHoldEvent(static_cast<std::size_t>(hour))) {
             RiseSet(day, month, year, hour - zone);

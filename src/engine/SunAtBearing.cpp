@@ -1,7 +1,6 @@
 // SPDX-License-Identifier: Apache-2.0
 #include "engine/SunAtBearing.h"
 
-#include "engine/Angles.h"
 #include "engine/FastAstro.h"
 
 #include <algorithm>
@@ -165,11 +164,6 @@ SunAtBearingInstants instantsOf(double latitude, double bearing, Sun sun, double
 }
 
 } // namespace
-
-double QiblaBearing(const QiblaRecord& qibla) {
-    const double bearing = intoTurn(360.0 - qibla.q1);
-    return bearing < 360.0 ? bearing : 0.0;
-}
 
 void SunAtBearingInstants::add(const SunAtBearingInstant& instant) {
     std::size_t at = size_;

@@ -1,6 +1,6 @@
 // SPDX-License-Identifier: Apache-2.0
 /// @file
-/// When the Sun stands in a direction, and the direction of the engine's qibla.
+/// When the Sun stands in a direction.
 #pragma once
 
 #include "engine/Records.h"
@@ -9,9 +9,6 @@
 #include <cstddef>
 
 namespace zorel {
-
-/// True bearing of the qibla, clockwise from north, [0, 360) [deg].
-[[nodiscard]] double QiblaBearing(const QiblaRecord& qibla);
 
 /// An instant at which the Sun's azimuth equals a bearing.
 struct SunAtBearingInstant {

@@ -142,8 +142,9 @@ TEST(Day, KeepsTheMinutesOfAClockWithSeconds) {
 
 TEST(Day, FillsTheRecordWithWhatIsTold) {
     const Day day = Almanac(placeAt(41.0082, 28.9784, 3.0)).day(2026y / 11 / 22);
-    const PrayerTimes engine = engineTimes(placeAt(41.0082, 28.9784, 3.0), 2026y / 11 / 22);
-    EXPECT_EQ(day.record, engine) << "the sunset-based clock is left as the engine leaves it, too";
+    PrayerTimes engine = engineTimes(placeAt(41.0082, 28.9784, 3.0), 2026y / 11 / 22);
+    engine.ezani = {}; // the sunset-based clock is not computed
+    EXPECT_EQ(day.record, engine);
     EXPECT_EQ(day.record.times[PrayerTimes::unused], 0.0);
     EXPECT_FALSE(day.record.latitudeLowered);
 }

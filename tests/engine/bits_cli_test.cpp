@@ -68,10 +68,18 @@ TEST_F(EngineBits, AWorkloadWithoutItsHashIsAnError) {
     EXPECT_NE(outcome.text.find("no stored hash of"), std::string::npos) << outcome.text;
 }
 
+TEST_F(EngineBits, OneWorkloadAlone) {
+    const testing::Outcome outcome = engineBits("quick " + kStored + " positions");
+    EXPECT_EQ(outcome.code, 0) << outcome.text;
+    EXPECT_NE(outcome.text.find("quick\tpositions\t"), std::string::npos) << outcome.text;
+    EXPECT_EQ(outcome.text.find("random days"), std::string::npos) << outcome.text;
+    EXPECT_EQ(engineBits("quick " + kStored + " nothing").code, 2);
+}
+
 TEST_F(EngineBits, BrokenFilesAndArgumentsAreRefused) {
     EXPECT_EQ(engineBits("quick /nowhere/at/all.tsv").code, 2);
     EXPECT_EQ(engineBits("quick " + fileOf("one\ttwo\n")).code, 2);
-    for (const char* arguments : {"", "some", "quick a b"}) {
+    for (const char* arguments : {"", "some", "quick a b c"}) {
         const testing::Outcome outcome = engineBits(arguments);
         EXPECT_EQ(outcome.code, 2) << arguments;
         EXPECT_NE(outcome.text.find("usage: engine_bits"), std::string::npos) << arguments;

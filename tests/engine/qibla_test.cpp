@@ -18,8 +18,9 @@ namespace {
 
 constexpr double kRadian = M_PI / 180.0;
 
+/// Of the engine's qibla, clockwise from north, [0, 360) [deg].
 double bearing(double latitude, double longitude) {
-    return QiblaBearing(FastAstro().KibleAcisi(latitude, longitude));
+    return std::fmod(720.0 - FastAstro().KibleAcisi(latitude, longitude).q1, 360.0);
 }
 
 /// Initial course of the great circle to the Kaaba (21.43 north in the engine's constant, 39.82 east)

@@ -59,7 +59,7 @@ void addTrace(Hash& hash, FastAstro& engine) {
     PrayerTimes times;
     PrayerTrace trace;
     PrayerDay(engine, place.latitude, place.longitude, engine.iCurrentDate, place.elevation, times,
-              engine.KibleAcisi(place.latitude, place.longitude), &trace)
+              engine.KibleAcisi(place.latitude, place.longitude), PrayerDay::Extent::everything, &trace)
         .run();
     for (const PrayerTrace::Entry& entry : trace.entries) {
         addEntry(hash, entry);

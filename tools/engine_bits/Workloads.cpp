@@ -12,11 +12,13 @@ using testing::anyPlaceDay;
 using testing::PlaceDay;
 using testing::Random;
 
+using Pick = PlaceDay (*)(Random& random, int count);
+
 /// Today and tomorrow of a place, with everything that they leave.
-void day(FastAstro& engine, const PlaceDay& p, Hash& hash) {
+template <Pick pick> void day(FastAstro& engine, Random& random, int count, Hash& hash) {
     engine.iPlace.today = {};
     engine.iPlace.tomorrow = {};
-    setUp(engine, p);
+    setUp(engine, pick(random, count));
     PrayerTimes today = engine.CalculatePrayTimes().today;
     add(hash, today);
     addFields(hash, engine);
@@ -25,6 +27,18 @@ void day(FastAstro& engine, const PlaceDay& p, Hash& hash) {
     addFields(hash, engine);
     engine.CalculateAllEzaniTimes(today);
     add(hash, today);
+}
+
+/// The times alone, beside those of the whole computation: one bit of difference, on any path, is another
+/// hash than that of the plain path, where both are made in the same way.
+template <Pick pick> void times(FastAstro& engine, Random& random, int count, Hash& hash) {
+    setUp(engine, pick(random, count));
+    engine.iPlace.today = {};
+    add(hash, engine.CalculatePrayTimesOnly());
+    engine.iPlace.today = {};
+    PrayerTimes whole = engine.CalculatePrayTimes().today;
+    whole.ezani = {};
+    add(hash, whole);
 }
 
 /// The date that many days after 1 January of a year.
@@ -37,7 +51,7 @@ void setDate(PlaceDay& p, std::int32_t year, int days) {
     p.day = date.day;
 }
 
-void consecutiveDays(FastAstro& engine, Random&, int count, Hash& hash) {
+PlaceDay consecutive(Random&, int count) {
     constexpr int kRun = 40;
     constexpr double kPlaces[][3] = {{41.0, 28.98, 3.0},   {-33.9, 151.2, 10.0}, {21.42, 39.83, 3.0},
                                      {55.75, 37.62, 3.0},  {0.0, -78.5, -5.0},   {-54.8, -68.3, -3.0},
@@ -46,22 +60,22 @@ void consecutiveDays(FastAstro& engine, Random&, int count, Hash& hash) {
     PlaceDay p{.latitude = place[0], .longitude = place[1], .timeZone = place[2]};
     p.europeanRule = count % (2 * kRun) < kRun;
     setDate(p, 1990, count);
-    day(engine, p, hash);
+    return p;
 }
 
-void randomDays(FastAstro& engine, Random& random, int, Hash& hash) {
-    day(engine, anyPlaceDay(random, 60.0), hash);
+PlaceDay anywhere(Random& random, int) {
+    return anyPlaceDay(random, 60.0);
 }
 
 /// Where the searches go back, the latitude is lowered, events are missing.
-void farNorthAndSouth(FastAstro& engine, Random& random, int, Hash& hash) {
+PlaceDay farNorthAndSouth(Random& random, int) {
     PlaceDay p = anyPlaceDay(random);
     p.latitude = std::copysign(random.between(45.0, 90.0), p.latitude);
-    day(engine, p, hash);
+    return p;
 }
 
 /// Clocks of any part of an hour, far off their meridian, and places beyond the map.
-void oddPlaces(FastAstro& engine, Random& random, int count, Hash& hash) {
+PlaceDay odd(Random& random, int count) {
     PlaceDay p = anyPlaceDay(random, 50.0);
     const double zones[] = {random.between(-14.0, 14.0), random.between(-100.0, 100.0), 5.75,
                             p.longitude / 15.0 + 12.0, -1e6 * random.between(0.0, 2.0)};
@@ -72,10 +86,18 @@ void oddPlaces(FastAstro& engine, Random& random, int count, Hash& hash) {
     if (count % 11 == 0) {
         p.latitude = random.between(-400.0, 400.0);
     }
-    day(engine, p, hash);
+    return p;
 }
 
-void farYears(FastAstro& engine, Random& random, int count, Hash& hash) {
+/// Clocks by which the Sun rises or sets near midnight.
+PlaceDay atTheSeam(Random& random, int) {
+    PlaceDay p = anyPlaceDay(random, 66.0);
+    p.longitude = random.between(-90.0, 90.0);
+    p.timeZone = random.whole(-15, 15);
+    return p;
+}
+
+PlaceDay farYears(Random& random, int count) {
     PlaceDay p = anyPlaceDay(random, 55.0);
     p.year = random.whole(-6000, 9000);
     if (count % 8 == 0) { // the change of the calendar
@@ -83,15 +105,15 @@ void farYears(FastAstro& engine, Random& random, int count, Hash& hash) {
         p.month = 10;
         p.day = random.whole(1, 31);
     }
-    day(engine, p, hash);
+    return p;
 }
 
-void manyPlacesOfOneDay(FastAstro& engine, Random& random, int, Hash& hash) {
+PlaceDay manyPlaces(Random& random, int) {
     PlaceDay p = anyPlaceDay(random, 62.0);
     p.year = 2025;
     p.month = 4;
     p.day = 17;
-    day(engine, p, hash);
+    return p;
 }
 
 /// One engine, places and days that return, and every operation of the Sun between them.
@@ -173,17 +195,24 @@ void elongations(FastAstro& engine, Random& random, int count, Hash& hash) {
     }
 }
 
-constexpr std::array<Workload, 10> kWorkloads{{
-    {"consecutive days", 500, 40000, consecutiveDays},
-    {"random days", 500, 40000, randomDays},
-    {"far north and south", 25, 4000, farNorthAndSouth},
-    {"odd places and zones", 200, 20000, oddPlaces},
-    {"years -6000 to 9000", 200, 20000, farYears},
-    {"many places of one day", 500, 40000, manyPlacesOfOneDay},
+constexpr std::array<Workload, 17> kWorkloads{{
+    {"consecutive days", 500, 40000, day<consecutive>},
+    {"random days", 500, 40000, day<anywhere>},
+    {"far north and south", 25, 4000, day<farNorthAndSouth>},
+    {"odd places and zones", 200, 20000, day<odd>},
+    {"years -6000 to 9000", 200, 20000, day<farYears>},
+    {"many places of one day", 500, 40000, day<manyPlaces>},
     {"mixed operations", 1000, 80000, mixedOperations},
     {"explained days", 100, 10000, explainedDays},
     {"positions", 2000, 100000, positions},
     {"elongations", 2000, 100000, elongations},
+    {"times only, consecutive days", 500, 20000, times<consecutive>},
+    {"times only, random days", 500, 10000, times<anywhere>},
+    {"times only, far north and south", 25, 300, times<farNorthAndSouth>},
+    {"times only, odd places and zones", 200, 8000, times<odd>},
+    {"times only, midnight at the horizon", 500, 8000, times<atTheSeam>},
+    {"times only, years -6000 to 9000", 200, 8000, times<farYears>},
+    {"times only, many places of one day", 500, 20000, times<manyPlaces>},
 }};
 
 } // namespace
