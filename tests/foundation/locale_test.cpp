@@ -1,7 +1,10 @@
 // SPDX-License-Identifier: Apache-2.0
 #include "platform/foundation/CodePage1254.h"
 #include "platform/foundation/Locale.h"
+#include "platform/foundation/Utf16.h"
 
+#include <algorithm>
+#include <cstdint>
 #include <cstdlib>
 #include <gtest/gtest.h>
 #include <map>
@@ -55,6 +58,67 @@ TEST(CurrentLocale, IsPlainEnglishWithoutALanguage) {
     }
     const LocaleVariables none(nullptr, nullptr, nullptr);
     EXPECT_EQ(currentLocale(), "en_US_POSIX");
+}
+
+TEST(DayPeriods, OfKnownLocalesAreThoseOfIcu) {
+    for (const char* locale : {"en_US_POSIX", "en_US", "en_GB", "tr_TR", "de_DE", "fr_FR"}) {
+        const DayPeriods known = dayPeriods(locale);
+        const DayPeriods asked = dayPeriodsByIcu(locale);
+        EXPECT_EQ(known.am, asked.am) << locale;
+        EXPECT_EQ(known.pm, asked.pm) << locale;
+        EXPECT_FALSE(asked.am.empty()) << locale;
+    }
+    EXPECT_EQ(dayPeriods("ja_JP").am, "午前");
+}
+
+TEST(LowerCase, OfLatinLettersIsThatOfIcu) {
+    for (std::uint32_t letter = 1; letter < 0x250; ++letter) {
+        std::string text = "x";
+        if (letter >= 0x80) {
+            text += static_cast<char>(0xC0U | (letter >> 6U));
+            text += static_cast<char>(0x80U | (letter & 0x3FU));
+        } else {
+            text += static_cast<char>(letter);
+        }
+        EXPECT_EQ(lowerCase(text), lowerCase(text, "root")) << letter;
+    }
+    for (const char* broken : {"\xC3", "A\xC3", "\xC3(", "\x80", "\xFF"}) {
+        EXPECT_EQ(lowerCase(broken), lowerCase(broken, "root"));
+    }
+    EXPECT_EQ(lowerCase("ÖÖ"), "öö");
+}
+
+TEST(Utf16, GoesBothWays) {
+    for (const char* text : {"", "Istanbul", "İstanbul", "東京", "\U0001F54C"}) {
+        EXPECT_EQ(utf8FromUtf16(utf16FromUtf8(text)), text);
+    }
+    EXPECT_EQ(utf16FromUtf8("\U0001F54C").size(), 2U);
+    EXPECT_EQ(utf8FromUtf16(utf16FromUtf8("a\xFF"
+                                          "b")),
+              "a\uFFFDb");
+    EXPECT_EQ(utf8FromUtf16(std::u16string(1, static_cast<char16_t>(0xD800))), "\uFFFD");
+}
+
+TEST(FilledText, AsksAgainWhenTheBufferIsTooSmall) {
+    int asked = 0;
+    const auto fill = [&](char16_t* buffer, std::int32_t capacity, UErrorCode& status) {
+        ++asked;
+        for (std::int32_t i = 0; i < std::min(capacity, 3); ++i) {
+            buffer[i] = u'x';
+        }
+        status = capacity < 3 ? U_BUFFER_OVERFLOW_ERROR : U_ZERO_ERROR;
+        return 3;
+    };
+    EXPECT_EQ(filledText(1, fill), u"xxx");
+    EXPECT_EQ(asked, 2);
+    EXPECT_EQ(filledText(9, fill), u"xxx");
+    EXPECT_EQ(asked, 3);
+    EXPECT_EQ(filledText(9,
+                         [](char16_t*, std::int32_t, UErrorCode& status) {
+                             status = U_ILLEGAL_ARGUMENT_ERROR;
+                             return 5;
+                         }),
+              u"");
 }
 
 TEST(CurrentLocale, CanBeOverridden) {

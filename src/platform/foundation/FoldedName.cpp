@@ -1,13 +1,15 @@
 // SPDX-License-Identifier: Apache-2.0
 #include "platform/foundation/FoldedName.h"
 
+#include "platform/foundation/Utf16.h"
+
 #include <algorithm>
 #include <array>
 #include <cstdint>
-#include <unicode/normalizer2.h>
 #include <unicode/uchar.h>
-#include <unicode/unistr.h>
+#include <unicode/unorm2.h>
 #include <unicode/uscript.h>
+#include <unicode/utf16.h>
 
 namespace zorel {
 namespace {
@@ -97,37 +99,48 @@ bool isAccent(UChar32 character) {
     return std::ranges::find(kScripts, uscript_getScript(character, &status)) != kScripts.end();
 }
 
-void appendPlain(icu::UnicodeString& text, UChar32 letter) {
+void append(std::u16string& text, UChar32 character) {
+    if (U_IS_SUPPLEMENTARY(character)) {
+        text += U16_LEAD(character);
+        text += U16_TRAIL(character);
+    } else {
+        text += static_cast<char16_t>(character);
+    }
+}
+
+void appendPlain(std::u16string& text, UChar32 letter) {
     const auto* const found =
         std::ranges::lower_bound(kPlainLetters, letter, {},
                                  [](const PlainLetter& entry) { return static_cast<UChar32>(entry.letter); });
     if (found != std::end(kPlainLetters) && found->letter == letter) {
-        text.append(found->plain.data(), static_cast<std::int32_t>(found->plain.size()));
+        text += found->plain;
     } else {
-        text.append(letter);
+        append(text, letter);
     }
 }
 
-template <typename Take> void forEachCharacter(const icu::UnicodeString& text, Take take) {
-    for (std::int32_t at = 0; at < text.length(); at = text.moveIndex32(at, 1)) {
-        take(text.char32At(at));
+template <typename Take> void forEachCharacter(const std::u16string& text, Take take) {
+    for (std::size_t at = 0; at < text.size();) {
+        UChar32 character = 0;
+        U16_NEXT(text.data(), at, text.size(), character);
+        take(character);
     }
 }
 
-icu::UnicodeString withoutSigns(const icu::UnicodeString& text) {
-    icu::UnicodeString letters;
+std::u16string withoutSigns(const std::u16string& text) {
+    std::u16string letters;
     forEachCharacter(text, [&](UChar32 character) {
         if (isSpace(character)) {
-            letters.append(u' ');
+            letters += u' ';
         } else if (!isDropped(character)) {
-            letters.append(character);
+            append(letters, character);
         }
     });
     return letters;
 }
 
-icu::UnicodeString withoutAccents(const icu::UnicodeString& decomposed) {
-    icu::UnicodeString letters;
+std::u16string withoutAccents(const std::u16string& decomposed) {
+    std::u16string letters;
     forEachCharacter(decomposed, [&](UChar32 character) {
         if (!isAccent(character)) {
             appendPlain(letters, character);
@@ -136,18 +149,23 @@ icu::UnicodeString withoutAccents(const icu::UnicodeString& decomposed) {
     return letters;
 }
 
+std::u16string normalized(const UNormalizer2* form, const std::u16string& text) {
+    return filledText(text.size(), [&](char16_t* buffer, std::int32_t capacity, UErrorCode& status) {
+        return unorm2_normalize(form, text.data(), static_cast<std::int32_t>(text.size()), buffer, capacity,
+                                &status);
+    });
+}
+
 /// Lower case without compatibility forms, decomposed, stripped and composed again.
-icu::UnicodeString foldedLetters(const icu::UnicodeString& text) {
+std::u16string foldedLetters(const std::u16string& text) {
     UErrorCode status = U_ZERO_ERROR;
-    const icu::Normalizer2* const caseless = icu::Normalizer2::getNFKCCasefoldInstance(status);
-    const icu::Normalizer2* const decomposing = icu::Normalizer2::getNFDInstance(status);
-    const icu::Normalizer2* const composing = icu::Normalizer2::getNFCInstance(status);
+    const UNormalizer2* const caseless = unorm2_getNFKCCasefoldInstance(&status);
+    const UNormalizer2* const decomposing = unorm2_getNFDInstance(&status);
+    const UNormalizer2* const composing = unorm2_getNFCInstance(&status);
     if (U_FAILURE(status)) {
         return text;
     }
-    const icu::UnicodeString lower = caseless->normalize(text, status);
-    const icu::UnicodeString decomposed = decomposing->normalize(lower, status);
-    return composing->normalize(withoutAccents(decomposed), status);
+    return normalized(composing, withoutAccents(normalized(decomposing, normalized(caseless, text))));
 }
 
 std::string withSingleSpaces(std::string_view text) {
@@ -163,10 +181,7 @@ std::string withSingleSpaces(std::string_view text) {
 }
 
 std::string foldedUnicode(std::string_view text) {
-    const auto wide = icu::UnicodeString::fromUTF8({text.data(), static_cast<std::int32_t>(text.size())});
-    std::string folded;
-    foldedLetters(withoutSigns(wide)).toUTF8String(folded);
-    return withSingleSpaces(folded);
+    return withSingleSpaces(utf8FromUtf16(foldedLetters(withoutSigns(utf16FromUtf8(text)))));
 }
 
 } // namespace

@@ -16,6 +16,8 @@ struct DayPeriods {
     std::string pm;
 };
 [[nodiscard]] DayPeriods dayPeriods(const std::string& locale = currentLocale());
+/// The same, asked of ICU also for the locales whose symbols are known beforehand.
+[[nodiscard]] DayPeriods dayPeriodsByIcu(const std::string& locale);
 /// Lower and upper case of UTF-8 text; `locale` "" is Unicode's default mapping, "tr" the Turkish one.
 [[nodiscard]] std::string lowerCase(std::string_view text, const std::string& locale = "");
 [[nodiscard]] std::string upperCase(std::string_view text, const std::string& locale = "");
