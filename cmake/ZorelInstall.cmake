@@ -41,7 +41,10 @@ set(CPACK_DEBIAN_FILE_NAME DEB-DEFAULT)
 set(CPACK_DEBIAN_ZOREL_PACKAGE_NAME zorel)
 set(CPACK_DEBIAN_ZOREL_PACKAGE_SECTION utils)
 set(CPACK_DEBIAN_ZOREL_PACKAGE_SHLIBDEPS ON)
-set(CPACK_DEBIAN_ZOREL_PACKAGE_DEPENDS tzdata)
+# Beside what the linker sees: libraries that the program loads on demand.
+pkg_check_modules(ICU REQUIRED icu-uc)
+string(REGEX MATCH "^[0-9]+" zorel_icu_major ${ICU_VERSION})
+set(CPACK_DEBIAN_ZOREL_PACKAGE_DEPENDS "tzdata, libicu${zorel_icu_major}, libical3")
 # What lets alarms sound (the decoders and sound servers of GStreamer), and wake a sleeping machine (setcap).
 set(CPACK_DEBIAN_ZOREL_PACKAGE_RECOMMENDS
     "gstreamer1.0-plugins-base, gstreamer1.0-plugins-good, libcap2-bin")
