@@ -4,7 +4,6 @@
 #include "platform/foundation/CodePage1254.h"
 #include "platform/foundation/NumberText.h"
 
-#include <charconv>
 #include <fmt/format.h>
 
 namespace zorel {
@@ -28,13 +27,24 @@ double sexagesimalValue(std::string_view text) {
     return value;
 }
 
+/// Value of a hexadecimal digit.
+std::optional<std::uint32_t> hexadecimalDigit(char digit) {
+    if (digit >= '0' && digit <= '9') {
+        return static_cast<std::uint32_t>(digit - '0');
+    }
+    const char small = static_cast<char>(digit | 0x20);
+    return small >= 'a' && small <= 'f' ? std::optional(static_cast<std::uint32_t>(small - 'a') + 10U)
+                                        : std::nullopt;
+}
+
 /// The number of a pair of hexadecimal digits.
 std::optional<std::uint32_t> hexadecimalPair(std::string_view pair) {
-    std::uint32_t value = 0;
-    const char* end = pair.data() + pair.size();
-    const auto result = std::from_chars(pair.data(), end, value, 16);
-    return pair.size() == 2 && result.ec == std::errc() && result.ptr == end ? std::optional(value)
-                                                                             : std::nullopt;
+    if (pair.size() != 2) {
+        return std::nullopt;
+    }
+    const auto high = hexadecimalDigit(pair[0]);
+    const auto low = hexadecimalDigit(pair[1]);
+    return high && low ? std::optional(*high * 16U + *low) : std::nullopt;
 }
 
 char decipheredByte(std::uint32_t key, std::uint32_t previous, std::uint32_t pair) {

@@ -48,6 +48,13 @@ CataloguePlace readPlace(const Statement& row, const GlobalFuncs& glbFuncs) {
     return place;
 }
 
+/// The places from an id on, in the order of their ids.
+Statement placesFrom(const Database& catalogue, std::int32_t firstId) {
+    Statement rows = catalogue.prepare(kPlaces);
+    sqlite3_bind_int(rows.get(), 1, firstId);
+    return rows;
+}
+
 /// Id of the largest place of the zone of that very name.
 std::optional<std::int32_t> largestPlaceId(const Database& catalogue, const std::string& timeZone) {
     Statement zone = catalogue.prepare("SELECT Z.LARGEST FROM ZONE Z WHERE Z.NAME = ?1");
@@ -75,12 +82,12 @@ std::optional<std::string> listedName(const Database& catalogue, const std::stri
 
 bool forEachPlace(const GlobalFuncs& glbFuncs, std::int32_t firstId,
                   const std::function<bool(const CataloguePlace&)>& take) {
-    const auto catalogue = Database::openCatalogue(cataloguePath(glbFuncs));
+    const auto catalogue =
+        Database::openCatalogue(cataloguePath(glbFuncs), Database::Reading::everyPlaceById);
     if (!catalogue) {
         return false;
     }
-    Statement rows = catalogue->prepare(kPlaces);
-    sqlite3_bind_int(rows.get(), 1, firstId);
+    Statement rows = placesFrom(*catalogue, firstId);
     while (rows.nextRow()) {
         if (!take(readPlace(rows, glbFuncs))) {
             return true;
@@ -95,14 +102,18 @@ std::optional<CataloguePlace> placeById(const GlobalFuncs& glbFuncs, std::int32_
 }
 
 std::optional<CataloguePlace> placeById(const GlobalFuncs& glbFuncs, std::int32_t id, bool& readable) {
-    std::optional<CataloguePlace> found;
-    readable = forEachPlace(glbFuncs, id, [&](const CataloguePlace& place) {
-        if (integerValue(place.city.cityId) == id) {
-            found = place;
-        }
-        return false;
-    });
-    return found;
+    const auto catalogue = Database::openCatalogue(cataloguePath(glbFuncs));
+    readable = catalogue.has_value();
+    if (!catalogue) {
+        return std::nullopt;
+    }
+    Statement rows = placesFrom(*catalogue, id);
+    if (!rows.nextRow()) {
+        readable = rows.isAtEnd();
+        return std::nullopt;
+    }
+    CataloguePlace place = readPlace(rows, glbFuncs);
+    return integerValue(place.city.cityId) == id ? std::optional(std::move(place)) : std::nullopt;
 }
 
 std::optional<CataloguePlace> largestPlaceOfTimeZone(const GlobalFuncs& glbFuncs, std::string_view timeZone) {

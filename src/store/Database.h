@@ -36,9 +36,10 @@ private:
     bool atEnd_ = false;
 };
 
-/// A connection. What a statement may do on it is limited by SQLite's authorizer to what the program itself
-/// does, so that text put into a statement unescaped cannot reach another file. A refused statement fails
-/// with an error text, and so does one that runs far longer than a search of the whole catalogue.
+/// A connection, used by one thread at a time. What a statement may do on it is limited by SQLite's
+/// authorizer to what the program itself does, so that text put into a statement unescaped cannot reach
+/// another file. A refused statement fails with an error text, and so does one that runs far longer than a
+/// search of the whole catalogue.
 class Database {
 public:
     using Deadline = std::chrono::steady_clock::time_point;
@@ -49,8 +50,14 @@ public:
     /// program's transaction keeps from the file; at once refused unless it lies ahead.
     [[nodiscard]] static std::optional<Database> openUser(const std::string& path,
                                                           Deadline patience = Deadline::min());
+    /// How much of the catalogue is going to be read.
+    enum class Reading {
+        some,
+        everyPlaceById ///< the table of places is held in memory meanwhile, some 25 MB
+    };
     /// The city catalogue, read only: statements may select from its tables and compare with LIKE.
-    [[nodiscard]] static std::optional<Database> openCatalogue(const std::string& path);
+    [[nodiscard]] static std::optional<Database> openCatalogue(const std::string& path,
+                                                               Reading reading = Reading::some);
 
     /// A new empty database in memory: statements may do everything.
     [[nodiscard]] static std::optional<Database> openNew();

@@ -167,10 +167,29 @@ TEST(CliWords, DatesAndDurations) {
 }
 
 TEST(CliCsv, FieldsAreQuotedWhenTheyMust) {
-    EXPECT_EQ(csvField("Ankara"), "Ankara");
-    EXPECT_EQ(csvField("a,b"), "\"a,b\"");
-    EXPECT_EQ(csvField("say \"x\""), "\"say \"\"x\"\"\"");
-    EXPECT_EQ(csvField("a\nb"), "\"a\nb\"");
+    const auto field = [](std::string_view text) {
+        std::string line = "x";
+        appendCsvField(line, text);
+        return line;
+    };
+    EXPECT_EQ(field("Ankara"), "x,Ankara");
+    EXPECT_EQ(field(""), "x,");
+    EXPECT_EQ(field("a,b"), "x,\"a,b\"");
+    EXPECT_EQ(field("say \"x\""), "x,\"say \"\"x\"\"\"");
+    EXPECT_EQ(field("a\nb"), "x,\"a\nb\"");
+}
+
+TEST(CliCsv, NumbersAreRoundedAsPrintfDoes) {
+    const auto number = [](double value, int decimals) {
+        std::string line = "x";
+        appendCsvNumber(line, value, decimals);
+        return line;
+    };
+    EXPECT_EQ(number(41.01, 5), "x,41.01000");
+    EXPECT_EQ(number(-0.000004, 5), "x,-0.00000");
+    EXPECT_EQ(number(28.978355, 5), "x,28.97836"); // a little more than the half, in binary
+    EXPECT_EQ(number(0.125, 2), "x,0.12");         // the half exactly: to the even one
+    EXPECT_EQ(number(1e308, 4).size(), 2U + 309U + 5U);
 }
 
 } // namespace

@@ -24,6 +24,7 @@ namespace zorel::cli {
 
 namespace {
 constexpr std::size_t kBlock = 512;
+constexpr int kCoordinateDecimals = 5;
 
 /// Numbers of places, by almanac::ClockNotice.
 using ByNotice = std::array<std::int64_t, 4>;
@@ -60,25 +61,29 @@ private:
         ByNotice byNotice{};
     };
 
-    [[nodiscard]] std::string line(const ShownPlace& place, const almanac::Day& day) const {
+    [[nodiscard]] std::string jsonLine(const ShownPlace& place, const almanac::Day& day) const {
         const Clockface clock(place.clock(), context_.precision());
-        if (context_.options.json) {
-            return Json{{"schema", "zorel/place-day/1"},
-                        {"place", placeJson(context_, place)},
-                        {"date", almanac::isoDate(day.date)},
-                        {"utc_offset", almanac::isoOffset(day.offset)},
-                        {"clock", clockJson(place, day.date)},
-                        {"times", timesJson(day, almanac::kSixPrayers, clock)},
-                        {"corrections", correctionsJson(day, almanac::kSixPrayers)}}
-                       .dump(-1, ' ', false, Json::error_handler_t::replace) +
-                   '\n';
+        return Json{{"schema", "zorel/place-day/1"},
+                    {"place", placeJson(context_, place)},
+                    {"date", almanac::isoDate(day.date)},
+                    {"utc_offset", almanac::isoOffset(day.offset)},
+                    {"clock", clockJson(place, day.date)},
+                    {"times", timesJson(day, almanac::kSixPrayers, clock)},
+                    {"corrections", correctionsJson(day, almanac::kSixPrayers)}}
+            .dump(-1, ' ', false, Json::error_handler_t::replace);
+    }
+
+    void appendCsv(std::string& text, const ShownPlace& place, const almanac::Day& day) const {
+        text += std::to_string(place.id);
+        for (const std::string_view name :
+             {std::string_view(place.place.name), std::string_view(place.region),
+              std::string_view(countryName(place, context_.language))}) {
+            appendCsvField(text, name);
         }
-        std::string text =
-            fmt::format("{},{},{},{},{:.5f},{:.5f},{}", place.id, csvField(place.place.name),
-                        csvField(place.region), csvField(countryName(place, context_.language)),
-                        place.place.latitude, place.place.longitude, almanac::isoDate(day.date));
-        appendCsvTimes(text, day, clock);
-        return text + '\n';
+        appendCsvNumber(text, place.place.latitude, kCoordinateDecimals);
+        appendCsvNumber(text, place.place.longitude, kCoordinateDecimals);
+        text.append(",").append(almanac::isoDate(day.date));
+        appendCsvTimes(text, day, Clockface(place.clock(), context_.precision()));
     }
 
     [[nodiscard]] Lines compute(const std::vector<ShownPlace>& places) const {
@@ -86,7 +91,12 @@ private:
         Lines lines{{}, places.size(), places.back().id, {}};
         for (const ShownPlace& place : places) {
             const almanac::Day day = almanac::Almanac(place.place).day(date_, memory);
-            lines.text += line(place, day);
+            if (context_.options.json) {
+                lines.text += jsonLine(place, day);
+            } else {
+                appendCsv(lines.text, place, day);
+            }
+            lines.text += '\n';
             ++lines.byNotice[static_cast<std::size_t>(day.clockNotice)];
         }
         return lines;

@@ -91,8 +91,9 @@ void printJson(const Context& context, const ShownPlace& place, const Range& ran
                             {"flags", flagsJson(day)},
                             {"corrections", correctionsJson(day, almanac::kSixPrayers)}});
     });
-    writeJson(context,
-              Json{{"schema", "zorel/table/1"}, {"place", placeJson(context, place)}, {"days", days}});
+    writeJson(
+        context,
+        Json{{"schema", "zorel/table/1"}, {"place", placeJson(context, place)}, {"days", std::move(days)}});
 }
 
 std::string uidPlace(const ShownPlace& place) {

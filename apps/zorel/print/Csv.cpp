@@ -1,21 +1,32 @@
 // SPDX-License-Identifier: Apache-2.0
 #include "print/Csv.h"
 
-#include <fmt/format.h>
+#include <array>
+#include <charconv>
 
 namespace zorel::cli {
 
 using almanac::Prayer;
 
-std::string csvField(std::string_view text) {
+void appendCsvField(std::string& line, std::string_view text) {
+    line += ',';
     if (text.find_first_of(",\"\r\n") == std::string_view::npos) {
-        return std::string(text);
+        line += text;
+        return;
     }
-    std::string field = "\"";
+    line += '"';
     for (const char character : text) {
-        field.append(character == '"' ? 2 : 1, character);
+        line.append(character == '"' ? 2 : 1, character);
     }
-    return field + '"';
+    line += '"';
+}
+
+void appendCsvNumber(std::string& line, double number, int decimals) {
+    std::array<char, 400> digits{}; // the largest double has 309 before the point
+    const auto end = std::to_chars(digits.data(), digits.data() + digits.size(), number,
+                                   std::chars_format::fixed, decimals);
+    line += ',';
+    line.append(digits.data(), end.ptr);
 }
 
 std::string csvTimesHeader() {
@@ -35,9 +46,10 @@ void appendCsvTimes(std::string& line, const almanac::Day& day, const Clockface&
             line += clockAndDayText(*time, day.date, clock.precision(), "");
         }
     }
-    line += ',';
     if (const auto latitude = day.loweredLatitude()) {
-        line += fmt::format("{:.4f}", *latitude);
+        appendCsvNumber(line, *latitude, 4);
+    } else {
+        line += ',';
     }
     line += day[Prayer::fajr].takenFrom() ? ",1" : ",0";
     line += day[Prayer::isha].takenFrom() ? ",1" : ",0";

@@ -10,8 +10,10 @@
 
 namespace zorel::cli {
 
-/// The field in quotation marks when it holds a comma, a quotation mark or a line break.
-[[nodiscard]] std::string csvField(std::string_view text);
+/// Appends a comma and the field, in quotation marks when it holds a comma, a quotation mark or a line break.
+void appendCsvField(std::string& line, std::string_view text);
+/// Appends a comma and a number, rounded to some decimals as printf does.
+void appendCsvNumber(std::string& line, double number, int decimals);
 /// ",fajr,sunrise,...,latitude_lowered_to": the columns that csvTimes fills.
 [[nodiscard]] std::string csvTimesHeader();
 /// Appends offset, the six times and the flags of a day, each with a comma before it. A time is "HH:MM"
