@@ -1,78 +1,89 @@
 #!/usr/bin/env python3
 # SPDX-License-Identifier: Apache-2.0
-"""Wall time and memory of the command line, whole processes, with ipraytime (Debian: itools) in the same run.
+"""Wall time of the command line, whole processes, with ipraytime (Debian: itools) in the same run.
 
-usage: bench/cli.py BUILD-FOLDER [ROUNDS]     prints one table; the figures are medians of ROUNDS (default 41) runs
+usage: bench/cli.py BUILD-FOLDER [ROUNDS]     prints one table; ROUNDS (default 41) runs of each, one after the other
+                                              in turn, so that a disturbance meets all of them
 """
 import os
 import shutil
-import statistics
 import subprocess
 import sys
 import tempfile
 import time
 
+from figures import Table, at_most, ratio
 
-def run(words):
-    """Wall time [ms] of one process."""
+PEER = "ipraytime, one day"
+HOME = "zorel today (home city)"
+YEAR = ["--from", "2027-01-01", "--to", "2027-12-31"]
+EVERYWHERE = ["table", "--all", "--on", "2027-01-01", "--csv"]
+ROUNDS_OF_EVERYWHERE = 9
+
+
+def milliseconds(words):
+    """Wall time of one process."""
     start = time.perf_counter()
-    code = subprocess.run(words, stdout=subprocess.DEVNULL, stderr=subprocess.DEVNULL).returncode
+    result = subprocess.run(words, stdout=subprocess.DEVNULL, stderr=subprocess.PIPE)
     elapsed = (time.perf_counter() - start) * 1000.0
-    if code != 0:
-        sys.exit(f"{' '.join(words)} ended with {code}")
+    if result.returncode != 0:
+        sys.exit(f"{' '.join(words)} ended with {result.returncode}:\n{result.stderr.decode(errors='replace')}")
     return elapsed
 
 
-def memory(words):
-    """Largest resident memory of one process [MB], told by GNU time, whose own memory is small."""
-    if not os.path.exists("/usr/bin/time"):
-        return float("nan")
+def megabytes(words):
+    """Largest resident memory of one process, told by GNU time, whose own memory is small."""
     result = subprocess.run(["/usr/bin/time", "-f", "%M", *words], stdout=subprocess.DEVNULL, stderr=subprocess.PIPE)
     return int(result.stderr.split()[-1]) / 1024.0
+
+
+def commands(zorel):
+    """Name, words, target, name of what it is compared with."""
+    return [
+        (PEER, ["ipraytime", "--latitude", "41.01", "--longitude", "28.97", "--utcdiff", "3", "--brief"], None, None),
+        ("zorel --version", [*zorel, "--version"], None, PEER),
+        (HOME, [*zorel, "today"], ratio(2.2), PEER),
+        ("zorel today 41.01,28.97,+3", [*zorel, "today", "41.01,28.97,+3"], ratio(1.8), PEER),
+        ("zorel today Istanbul", [*zorel, "today", "Istanbul"], ratio(1.3), HOME),
+        ("zorel next", [*zorel, "next"], None, PEER),
+        ("zorel widget", [*zorel, "widget"], None, PEER),
+        ("zorel sky", [*zorel, "sky"], None, PEER),
+        ("zorel search konya", [*zorel, "search", "konya"], None, PEER),
+        ("zorel table, a year, text", [*zorel, "table", "745044", *YEAR], None, PEER),
+        ("zorel table, a year, CSV", [*zorel, "table", "745044", *YEAR, "--csv"], None, PEER),
+        ("zorel table, a year, JSON", [*zorel, "table", "745044", *YEAR, "--json"], None, PEER),
+        ("zorel table, a year, iCalendar", [*zorel, "table", "745044", *YEAR, "--ics"], None, PEER),
+    ]
+
+
+def measure(table, build, rounds):
+    """Adds the rows of the command line to a table."""
+    with tempfile.TemporaryDirectory(prefix="zorel-bench-") as folder:
+        zorel = [os.path.join(build, "bin", "zorel"), "--data-dir", folder]
+        subprocess.run([*zorel, "cities", "add", "745044"], check=True, stdout=subprocess.DEVNULL)
+        measured = [command for command in commands(zorel) if shutil.which(command[1][0])]
+        times = {name: [] for name, *_ in measured}
+        for _ in range(rounds):
+            for name, words, *_ in measured:
+                times[name].append(milliseconds(words))
+        for name, _, target, peer in measured:
+            table.add(name, times[name], "ms", target, peer or "", times.get(peer))
+        if PEER not in times:
+            table.not_measured(PEER, "Debian's itools is not installed")
+        everywhere = [milliseconds([*zorel, *EVERYWHERE]) / 1000.0 for _ in range(ROUNDS_OF_EVERYWHERE)]
+        table.add("zorel table --all", everywhere, "s", at_most(0.5))
+        if os.path.exists("/usr/bin/time"):
+            table.add("zorel today, memory", [megabytes([*zorel, "today"])], "MB")
+            table.add("zorel table --all, memory", [megabytes([*zorel, *EVERYWHERE])], "MB")
 
 
 def main():
     if len(sys.argv) < 2:
         sys.exit(__doc__)
-    build = sys.argv[1]
-    rounds = int(sys.argv[2]) if len(sys.argv) > 2 else 41
-    zorel = os.path.join(build, "bin", "zorel")
-    folder = tempfile.mkdtemp(prefix="zorel-bench-")
-    data = ["--data-dir", folder]
-    subprocess.run([zorel, *data, "cities", "add", "745044"], check=True, stdout=subprocess.DEVNULL)
-    year = ["--from", "2027-01-01", "--to", "2027-12-31"]
-    commands = {
-        "ipraytime, one day": ["ipraytime", "--latitude", "41.01", "--longitude", "28.97", "--utcdiff", "3", "--brief"],
-        "zorel today (home city)": [zorel, *data, "today"],
-        "zorel today 41.01,28.97,+3": [zorel, *data, "today", "41.01,28.97,+3"],
-        "zorel today Istanbul": [zorel, *data, "today", "Istanbul"],
-        "zorel table, a year, text": [zorel, *data, "table", "745044", *year],
-        "zorel table, a year, CSV": [zorel, *data, "table", "745044", *year, "--csv"],
-        "zorel table, a year, JSON": [zorel, *data, "table", "745044", *year, "--json"],
-        "zorel table, a year, iCalendar": [zorel, *data, "table", "745044", *year, "--ics"],
-        "zorel search konya": [zorel, *data, "search", "konya"],
-        "zorel widget": [zorel, *data, "widget"],
-        "zorel next": [zorel, *data, "next"],
-        "zorel sky": [zorel, *data, "sky"],
-    }
-    if shutil.which("ipraytime") is None:
-        del commands["ipraytime, one day"]
-    results = {name: [] for name in commands}
-    for _ in range(rounds):
-        for name, words in commands.items():
-            results[name].append(run(words))
-    peer = statistics.median(results.get("ipraytime, one day", [float("nan")]))
-    print(f"{'':34}{'median ms':>10}{'least ms':>10}{'MB':>7}{'ratio to ipraytime':>20}")
-    for name, times in results.items():
-        median = statistics.median(times)
-        print(f"{name:34}{median:10.2f}{min(times):10.2f}{memory(commands[name]):7.1f}{median / peer:20.2f}")
-    everywhere = [zorel, *data, "table", "--all", "--on", "2027-01-01", "--csv"]
-    start = time.perf_counter()
-    lines = subprocess.run(everywhere, check=True, stdout=subprocess.PIPE, stderr=subprocess.DEVNULL).stdout.count(b"\n")
-    elapsed = time.perf_counter() - start
-    print(f"zorel table --all: {lines - 1} places in {elapsed:.2f} s, {(lines - 1) / elapsed:.0f} places per second, "
-          f"{os.cpu_count()} processors")
-    shutil.rmtree(folder)
+    table = Table()
+    measure(table, sys.argv[1], int(sys.argv[2]) if len(sys.argv) > 2 else 41)
+    print(table.text())
 
 
-main()
+if __name__ == "__main__":
+    main()

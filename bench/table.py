@@ -1,137 +1,138 @@
 #!/usr/bin/env python3
 # SPDX-License-Identifier: Apache-2.0
-"""Runs every benchmark and prints one table: figure, ours, target, the peer's figure of the same run, ratio.
+"""Runs every benchmark and prints one table: figure, least, median, the peer's of the same run, ratio, target, verdict.
+What cannot be measured is said in its row, and the rest goes on.
 
 usage: bench/table.py [BUILD-FOLDER]     default: build/bench, built by bench/run.sh; takes some minutes
 """
 import json
 import os
 import re
-import statistics
 import subprocess
 import sys
 import tempfile
 
+import cli
+from figures import Table, at_most, ratio
+
 BUILD = os.path.abspath(sys.argv[1] if len(sys.argv) > 1 else "build/bench")
-REPETITIONS = 5
-ROWS = []
+REPETITIONS = 9
+MICROSECONDS = {"ns": 1e-3, "us": 1.0, "ms": 1e3, "s": 1e6}
 
 
 def say(text):
     print(f"... {text}", file=sys.stderr, flush=True)
 
 
-def number(value):
-    return f"{value:.3g}" if value < 100 else f"{value:.0f}"
+def run(words):
+    result = subprocess.run(words, capture_output=True, text=True)
+    if result.returncode != 0:
+        raise RuntimeError(f"{os.path.basename(words[0])} ended with {result.returncode}: {result.stderr.strip()[-200:]}")
+    return result
 
 
-def row(figure, ours, unit, target="", peer="", peer_value=None):
-    ratio = f"{ours / peer_value:.3f}" if peer_value else ""
-    peer_text = f"{peer} {number(peer_value)} {unit}" if peer_value else peer
-    ROWS.append((figure, f"{number(ours)} {unit}", target, peer_text, ratio))
+class Measured:
+    """Repetitions of each benchmark of a program, those of different ones mixed, so that a disturbance meets all."""
+
+    def __init__(self, program, least_seconds):
+        say(program)
+        with tempfile.NamedTemporaryFile(suffix=".json") as file:
+            run([os.path.join(BUILD, "bin", program), f"--benchmark_out={file.name}", "--benchmark_out_format=json",
+                 f"--benchmark_repetitions={REPETITIONS}", "--benchmark_enable_random_interleaving=true",
+                 f"--benchmark_min_time={least_seconds}"])
+            runs = [entry for entry in json.load(file)["benchmarks"] if entry["run_type"] == "iteration"]
+        self.runs = {}
+        for entry in runs:
+            self.runs.setdefault(entry["run_name"].removesuffix("/real_time"), []).append(entry)
+
+    def times(self, name, unit, clock="real_time"):
+        return [entry[clock] * MICROSECONDS[entry["time_unit"]] / MICROSECONDS[unit] for entry in self.runs[name]]
 
 
-def google(program):
-    """Median of each benchmark of a program, in the benchmark's own unit."""
-    say(program)
-    with tempfile.NamedTemporaryFile(suffix=".json") as file:
-        result = subprocess.run(
-            [os.path.join(BUILD, "bin", program), f"--benchmark_out={file.name}", "--benchmark_out_format=json",
-             f"--benchmark_repetitions={REPETITIONS}", "--benchmark_report_aggregates_only=true"],
-            capture_output=True, text=True)
-        if result.returncode != 0:
-            sys.exit(f"{program} ended with {result.returncode}:\n{result.stderr}")
-        entries = json.load(file)["benchmarks"]
-    return {entry["run_name"].removesuffix("/real_time"): entry
-            for entry in entries if entry["aggregate_name"] == "median"}
+def engine(table):
+    measured = Measured("bench_engine", 0.1)
+
+    def add(figure, ours, unit, target=None, peer="", peer_name=None):
+        table.add(figure, measured.times(ours, unit, "cpu_time"), unit, target, peer,
+                  measured.times(peer_name, unit, "cpu_time") if peer_name else None)
+    for group, days, whole, times_only in [("consecutive_days", "consecutive days", 0.80, 0.42),
+                                           ("random_days", "random days", 0.40, 0.20),
+                                           ("many_places_one_day", "many places on one day", 0.28, 0.16)]:
+        add(f"16 times with all fields, {days}", f"{group}/zorel", "us", ratio(whole), "libitl", f"{group}/libitl")
+        add(f"16 times alone, {days}", f"{group}/zorel_times_only", "us", ratio(times_only), "libitl",
+            f"{group}/libitl")
+    add("a told day, consecutive days", "day_told_consecutive/zorel", "us", ratio(0.75), "libitl",
+        "day_told_consecutive/libitl")
+    add("a told day, random days", "day_told_random/zorel", "us", ratio(0.40), "libitl", "day_told_random/libitl")
+    add("Moon, full position", "moon_position/zorel", "us", ratio(1.0), "moon98 + nut80", "moon_position/moon98_nut80")
+    add("Moon, rise and set of a day", "moon_rise_set/zorel", "us", at_most(20.0), "libnova", "moon_rise_set/libnova")
+    add("observed Hijri date, every day of a year", "hijri_year/zorel", "ms", at_most(5.0))
+    add("magnetic declination", "magnetic_declination/zorel", "us")
 
 
-def engine():
-    times = google("bench_engine")
-
-    def median(name):
-        return times[name]["cpu_time"] / 1000.0
-    for group, figure, target in [("day_told_random", "a whole told day, random days", "ratio 0.75"),
-                                  ("day_told_consecutive", "a whole told day, consecutive days", "ratio 1.2"),
-                                  ("random_days", "16 prayer times, random days", "ratio 1.0"),
-                                  ("consecutive_days", "16 prayer times, consecutive days", "ratio 1.0"),
-                                  ("many_places", "16 prayer times, many places on one day", "report")]:
-        names = {name: name.split("/", 1)[1] for name in times if group in name.split("/", 1)[0]}
-        ours = next((name for name, who in names.items() if who.startswith("zorel")), None)
-        peer = next((name for name, who in names.items() if who.startswith("libitl")), None)
-        if ours:
-            row(figure, median(ours), "us", target, "libitl", median(peer) if peer else None)
-    row("Moon, full position", median("moon_position/zorel"), "us", "ratio 1.0", "moon98 + nut80",
-        median("moon_position/moon98_nut80"))
-    row("Moon, rise and set of a day", median("moon_rise_set/zorel"), "us", "20 us, ratio 0.02", "libnova",
-        median("moon_rise_set/libnova"))
-    row("observed Hijri date, every day of a year", times["hijri_year/zorel"]["cpu_time"], "ms", "5 ms")
-    row("magnetic declination", median("magnetic_declination/zorel"), "us", "report")
-
-
-def catalogue():
-    times = google("bench_catalogue")
+def catalogue(table):
+    measured = Measured("bench_catalogue", 0.1)
     for name, figure in [("search/common_London", "search, common name"), ("search/common_San", "search, 7361 hits"),
+                         ("search/most_hits_ing", "search, most hits (\"ing\")"),
                          ("search/rare_Reykjavik", "search, rare name"), ("search/missing_xqzzy", "search, no hit")]:
-        row(figure, times[name]["real_time"], "ms", "20 ms")
+        table.add(figure, measured.times(name, "ms"), "ms", at_most(20.0))
+    table.add("a name to its place", measured.times("resolve/name_Istanbul", "us"), "us")
+
+
+def building(table):
+    say("build-catalogue")
     with tempfile.TemporaryDirectory() as folder:
         file = os.path.join(folder, "cities.sqlite")
         runs = []
         for _ in range(3):
-            result = subprocess.run(
-                ["/usr/bin/time", "-f", "TIME %e %M", os.path.join(BUILD, "bin", "build-catalogue"),
-                 "resources/catalogue", file], capture_output=True, text=True, check=True)
-            runs.append(re.search(r"TIME (\S+) (\d+)", result.stderr).groups())
-        row("building the catalogue", statistics.median(float(run[0]) for run in runs), "s", "5 s")
-        row("building the catalogue, memory", max(int(run[1]) for run in runs) / 1024.0, "MB", "200 MB")
-        row("catalogue file", os.path.getsize(file) / 1e6, "MB", "25 MB")
+            result = run(["/usr/bin/time", "-f", "TIME %e %M", os.path.join(BUILD, "bin", "build-catalogue"),
+                          "resources/catalogue", file])
+            runs.append([float(text) for text in re.search(r"TIME (\S+) (\d+)", result.stderr).groups()])
+        table.add("building the catalogue", [seconds for seconds, _ in runs], "s", at_most(5.0))
+        table.add("building the catalogue, memory", [kilobytes / 1024.0 for _, kilobytes in runs], "MB", at_most(200.0))
+        table.add("catalogue file", [os.path.getsize(file) / 1e6], "MB", at_most(25.0))
 
 
-def alarms_and_views():
-    times = google("bench_alarms")
+def alarms(table):
+    measured = Measured("bench_alarms", 0.1)
     for name, figure in [("placed_anew", "six alarms placed anew, every fsync"),
                          ("moved", "six alarms moved, every fsync"), ("unchanged", "six alarms unchanged")]:
-        row(figure, times[f"setSixAlarms/{name}"]["real_time"], "ms", "40 ms")
-    times = google("bench_views")
-    row("a city row built and torn down", times["cityRow"]["real_time"], "us", "report")
-    row("an alarm editor built and torn down", times["alarmEditor"]["real_time"], "us", "report")
-    row("one random tap of the views", times["randomTaps"]["real_time"], "us", "report")
-    row("first city with six active alarms", times["firstCityWithSixAlarms"]["real_time"], "ms", "80 ms")
+        table.add(figure, measured.times(f"setSixAlarms/{name}", "ms"), "ms", at_most(40.0))
 
 
-def window():
+def views(table):
+    measured = Measured("bench_views", 0.1)
+    table.add("a city row built and torn down", measured.times("cityRow", "us"), "us")
+    table.add("an alarm editor built and torn down", measured.times("alarmEditor", "us"), "us")
+    table.add("one random tap of the views", measured.times("randomTaps", "us"), "us")
+    table.add("first city with six active alarms", measured.times("firstCityWithSixAlarms", "ms"), "ms", at_most(80.0))
+
+
+def window(table):
     say("zorel-settings")
-    program = os.path.join(BUILD, "bin", "zorel-settings")
-    if not os.path.exists(program):
-        return
-    environment = dict(os.environ, QT_QPA_PLATFORM="offscreen", QT_QUICK_BACKEND="software")
+    os.environ.update(QT_QPA_PLATFORM="offscreen", QT_QUICK_BACKEND="software")
     with tempfile.TemporaryDirectory() as folder:
         runs = []
-        for _ in range(9):
-            output = subprocess.run([program, "--time-start", "--data-dir", folder], env=environment,
-                                    capture_output=True, text=True, check=True).stdout
-            runs.append(tuple(int(part) for part in re.search(r"(\d+) ms.* (\d+) MB", output).groups()))
-    row("window, process start to first frame", statistics.median(run[0] for run in runs), "ms", "150 ms")
-    row("window, resident memory then", statistics.median(run[1] for run in runs), "MB", "90 MB")
+        for _ in range(REPETITIONS):
+            output = run([os.path.join(BUILD, "bin", "zorel-settings"), "--time-start", "--data-dir", folder]).stdout
+            runs.append([int(part) for part in re.search(r"(\d+) ms.* (\d+) MB", output).groups()])
+    table.add("window, process start to first frame", [milliseconds for milliseconds, _ in runs], "ms", at_most(150.0))
+    table.add("window, resident memory then", [megabytes for _, megabytes in runs], "MB", at_most(90.0))
 
 
-def command_line():
+def command_line(table):
     say("zorel")
-    print(subprocess.run([sys.executable, "bench/cli.py", BUILD, "21"], capture_output=True, text=True,
-                         check=True).stdout)
+    cli.measure(table, BUILD, 41)
 
 
 def main():
-    for part in (engine, catalogue, alarms_and_views, window):
-        part()
-    widths = [max(len(line[column]) for line in ROWS) for column in range(5)]
-    print("| " + " | ".join(title.ljust(width) for title, width in
-                           zip(("figure", "ours", "target", "peer, same run", "ratio"), widths)) + " |")
-    print("|---|---:|---|---|---:|")
-    for line in ROWS:
-        print("| " + " | ".join(text.ljust(width) for text, width in zip(line, widths)) + " |")
-    print()
-    command_line()
+    table = Table()
+    for part in (engine, command_line, catalogue, building, alarms, views, window):
+        try:
+            part(table)
+        except (RuntimeError, OSError, KeyError, AttributeError, SystemExit) as trouble:
+            table.not_measured(part.__name__.replace("_", " "), str(trouble) or type(trouble).__name__)
+    print(table.text())
 
 
 if __name__ == "__main__":
