@@ -4,6 +4,7 @@
 #include "alarms/NextRings.h"
 #include "almanac/PlaceClock.h"
 #include "common/GlobalFuncs.h"
+#include "platform/eventkit/GnomeSource.h"
 #include "platform/foundation/Locations.h"
 #include "platform/foundation/ProgramLocations.h"
 #include "ring/Schedule.h"
@@ -76,8 +77,7 @@ Planned Planner::plan(const AlarmReport& before, const AlarmReport& after) const
 }
 
 Planned Planner::test(const AlarmReport& report, almanac::Prayer prayer) const {
-    Planned planned{emptyPlan(), areKnown(report)};
-    planned.plan.trouble = report.complaint();
+    Planned planned = nothing();
     const AlarmStatus& alarm = report.of(almanac::identityOf(prayer).id);
     Instant at = alarm.ringsAt.value_or(now_);
     if (report.home.place) {
@@ -92,6 +92,7 @@ Plan Planner::emptyPlan() const {
     plan.again = midnightAfter(now_);
     plan.stop = text(kStopKey);
     plan.snooze = text(kSnoozeKey);
+    plan.keeper = isGnomeConnected() ? "GNOME" : "";
     return plan;
 }
 

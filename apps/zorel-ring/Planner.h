@@ -31,6 +31,8 @@ public:
     /// @param before report from before the calendar was brought in step: it still has what passed.
     /// @param after report from then on.
     [[nodiscard]] Planned plan(const AlarmReport& before, const AlarmReport& after) const;
+    /// The plan of a user who has no database yet: nothing rings.
+    [[nodiscard]] Planned nothing() const { return {emptyPlan(), true}; }
     /// The plan that rings one alarm now, whether it is on or not.
     [[nodiscard]] Planned test(const AlarmReport& report, almanac::Prayer prayer) const;
 

@@ -61,7 +61,8 @@ Planned planned(const std::string& testedPrayer) {
     if (const auto prayer = almanac::prayerOfKey(testedPrayer)) {
         return planner.test(before, *prayer);
     }
-    return planner.plan(before, alarms.reconcile());
+    return services.fileExists(rows.userDBPath()) ? planner.plan(before, alarms.reconcile())
+                                                  : planner.nothing();
 }
 
 bool isAlarm(const std::string& key) {

@@ -40,12 +40,15 @@ const std::map<std::string, Command>& commands() {
         {"cities home", runCitiesHome},
         {"cities remove", runCitiesRemove},
         {"alarms", runAlarms},
-        {"alarms on", runAlarmsOn},
+        {"alarms on", runAlarmsOnTellingWho},
         {"alarms off", runAlarmsOff},
         {"alarms offset", runAlarmsOffset},
         {"alarms ringtone", runAlarmsRingtone},
         {"alarms duration", runAlarmsDuration},
         {"alarms refresh", runAlarmsRefresh},
+        {"alarms test", runAlarmsTest},
+        {"alarms stop", runAlarmsStop},
+        {"alarms connect", runAlarmsConnect},
         {"widget", runWidget},
     };
     return table;

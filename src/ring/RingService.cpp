@@ -17,9 +17,10 @@ constexpr std::chrono::seconds kLongestPatience{3600};
 
 std::vector<Watch::Place> watchedPlaces(const ServiceFiles& files) {
     const auto slash = files.calendar.find_last_of('/');
+    const std::string calendar = files.calendar.substr(slash + 1);
     return {{files.data, {"user.sqlite", "user.sqlite-journal"}, ""},
             {files.calendar, {}, ".ics"},
-            {files.calendar.substr(0, slash), {files.calendar.substr(slash + 1)}, ""},
+            {files.calendar.substr(0, slash), {calendar, calendar + ".ics"}, ""},
             {"/etc", {"localtime", "timezone"}, ""}};
 }
 

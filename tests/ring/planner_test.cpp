@@ -101,6 +101,21 @@ TEST_F(PlannerTest, RowsThatCannotBeReadAreNotTakenForNone) {
     EXPECT_FALSE(result.plan.trouble.empty());
 }
 
+TEST_F(PlannerTest, GnomeKeepsTheServiceStill) {
+    setenv("XDG_CONFIG_HOME", world.path("config").c_str(), 1);
+    EXPECT_EQ(planned().plan.keeper, "");
+    writeFile(world.path("config/evolution/sources/zorel-alarms.source"), "");
+    EXPECT_EQ(planned().plan.keeper, "GNOME");
+    unsetenv("XDG_CONFIG_HOME");
+}
+
+TEST_F(PlannerTest, WithoutADatabaseNothingRingsAndNothingIsWrong) {
+    const Planned result = Planner(world.glbFuncs, present()).nothing();
+    EXPECT_TRUE(result.isKnown);
+    EXPECT_TRUE(result.plan.rings.empty());
+    EXPECT_TRUE(result.plan.again.has_value());
+}
+
 TEST_F(PlannerTest, ATestRingsAnAlarmThatIsOff) {
     const Planner planner(world.glbFuncs, present());
     const Planned result = planner.test(world.alarms.report(), almanac::Prayer::dhuhr);

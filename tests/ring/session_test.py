@@ -350,6 +350,40 @@ class Ringing(Session):
         self.assertEqual(self.wait_for_ring()["actions"], [])
 
 
+class CommandLine(Session):
+    def zorel(self, *words):
+        """Not waited for by hand: the ring service asks this process's server meanwhile."""
+        process = subprocess.Popen([BIN / "zorel", "--data-dir", self.data, *words], stdout=subprocess.PIPE, stderr=subprocess.PIPE,
+                                   text=True, env=os.environ | {"XDG_CONFIG_HOME": str(self.folder / "config")})
+        self.wait(lambda: process.poll() is not None, 20)
+        out, err = process.communicate()
+        return process.returncode, out + err
+
+    def test_an_alarm_is_tried_and_silenced(self):
+        self.write_plan(int(time.time()) + 3600, seconds=60)
+        self.start_waiting()
+        self.assertEqual(self.zorel("alarms", "test", "fajr"), (0, ""))
+        self.assertEqual(self.wait_for_ring()["title"], "Fajr 06:08")
+        self.serve(5)
+        self.assertEqual(self.zorel("alarms", "stop"), (0, ""))
+        self.assertTrue(self.wait(lambda: "sound ended, played" in self.status()))
+        self.assertGreater(max(self.recording.sound()[1]), 0.1)
+
+    def test_nothing_to_silence_is_said(self):
+        status, text = self.zorel("alarms", "stop")
+        self.assertEqual(status, 3)
+        self.assertIn("does not run", text)
+
+    def test_it_keeps_still_while_gnome_rings(self):
+        self.start(helpers=False, XDG_CONFIG_HOME=str(self.folder / "config"))
+        self.assertTrue(self.wait(lambda: "wakes" in self.status()))
+        self.assertNotIn("trouble", self.status())  # a user without a database has no alarms
+        self.assertEqual(self.zorel("alarms", "connect", "gnome")[0], 0)
+        self.assertTrue(self.wait(lambda: "keeper\tGNOME" in self.status()))
+        self.assertEqual(self.zorel("alarms", "connect", "none")[0], 0)
+        self.assertTrue(self.wait(lambda: "keeper" not in self.status()))
+
+
 class Missing(Session):
     def test_without_the_ringtone_the_bundled_tone_sounds_and_that_is_said(self):
         broken = self.folder / "broken.ogg"
@@ -457,6 +491,24 @@ class Starting(unittest.TestCase):
             result = self.in_session(script, XDG_DATA_HOME=folder, XDG_DATA_DIRS=folder)
             self.assertEqual(result.returncode, 0, result.stderr)
             self.assertIn("wakes\t", result.stdout)
+
+    def test_an_alarm_that_is_switched_on_starts_it_and_says_who_rings(self):
+        with tempfile.TemporaryDirectory(prefix="zorel-start-") as folder:
+            script = f"'{BIN}/zorel' cities add 745044 && '{BIN}/zorel' alarms on fajr && '{BIN}/zorel-ring' --status"
+            result = self.in_session(script, XDG_DATA_HOME=folder, XDG_DATA_DIRS=folder)
+            self.assertEqual(result.returncode, 0, result.stderr)
+            self.assertIn("rings through zorel-ring", result.stderr)
+            self.assertIn("next\tfajr\t", result.stdout)
+
+    def test_where_nobody_rings_that_is_said(self):
+        with tempfile.TemporaryDirectory(prefix="zorel-start-") as folder:
+            for bus in ({"DBUS_SESSION_BUS_ADDRESS": "", "XDG_RUNTIME_DIR": folder, "XDG_DATA_HOME": folder}, {}):
+                options = [] if bus else ["--data-dir", folder]
+                for words in (["cities", "add", "745044"], ["alarms", "on", "fajr"]):
+                    result = subprocess.run([BIN / "zorel", *options, *words], capture_output=True, text=True,
+                                            env=os.environ | bus)
+                    self.assertEqual(result.returncode, 0, result.stderr)
+                self.assertIn("nobody rings yet", result.stderr)
 
     def test_where_it_does_not_run_it_says_so(self):
         result = self.in_session(f"'{BIN}/zorel-ring' --status")

@@ -29,6 +29,11 @@ Exit runAlarmsOffset(const Context& context);
 Exit runAlarmsRingtone(const Context& context);
 Exit runAlarmsDuration(const Context& context);
 Exit runAlarmsRefresh(const Context& context);
+/// The same as runAlarmsOn, and says who will ring.
+Exit runAlarmsOnTellingWho(const Context& context);
+Exit runAlarmsTest(const Context& context);
+Exit runAlarmsStop(const Context& context);
+Exit runAlarmsConnect(const Context& context);
 Exit runWidget(const Context& context);
 
 } // namespace zorel::cli

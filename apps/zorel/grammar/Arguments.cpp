@@ -281,6 +281,13 @@ private:
             ->add_option("CHOICE", options_.value, "0 to 7: 5, 10, 20, 30 seconds, 1, 2, 3, 5 minutes")
             ->type_name("")
             ->required();
+        alarmCommand(alarms, "test", "Ring an alarm now, as it would");
+        command(*alarms, "stop", "Silence what rings");
+        command(*alarms, "connect", "Let GNOME ring instead of the ring service, or not any more")
+            ->add_option("WHOM", options_.value, "gnome or none")
+            ->type_name("")
+            ->required()
+            ->check(CLI::IsMember({"gnome", "none"}));
         command(*alarms, "refresh", "Move every active alarm to its next occurrence (for a daily timer)");
     }
 

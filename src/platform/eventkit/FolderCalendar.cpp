@@ -2,6 +2,7 @@
 #include "platform/eventkit/FolderCalendar.h"
 
 #include "platform/eventkit/IcsEvent.h"
+#include "platform/eventkit/OneFile.h"
 #include "platform/foundation/FileLock.h"
 #include "platform/foundation/Files.h"
 #include "platform/foundation/Locations.h"
@@ -174,7 +175,7 @@ bool FolderCalendar::saveEvent(const EKEvent& event, std::string& error) {
         return false;
     }
     const std::string path = pathOf(present ? present->name : fileName(wanted.eventIdentifier));
-    return done(replaceFile(path, *text), "cannot write", path, error);
+    return done(replaceFile(path, *text), "cannot write", path, error) && keepInStep(error);
 }
 
 bool FolderCalendar::removeEvent(const std::string& identifier, std::string& error) {
@@ -193,7 +194,11 @@ bool FolderCalendar::removeEvent(const std::string& identifier, std::string& err
         return false;
     }
     const std::string path = pathOf(present->name);
-    return done(removeFile(path), "cannot remove", path, error);
+    return done(removeFile(path), "cannot remove", path, error) && keepInStep(error);
+}
+
+bool FolderCalendar::keepInStep(std::string& error) const {
+    return done(keepOneFile(folder_), "cannot write", oneFileOf(folder_), error);
 }
 
 std::vector<std::string> FolderCalendar::identifiersWithPrefix(const std::string& prefix) {

@@ -46,6 +46,8 @@ private:
                                                    const std::string& identifier) const;
     [[nodiscard]] std::optional<Entry> find(const std::string& identifier) const;
     bool makeFolder(std::string& error) const;
+    /// Brings the one file beside the folder in step, if there is one (OneFile.h).
+    bool keepInStep(std::string& error) const;
 
     std::string folder_;
 };

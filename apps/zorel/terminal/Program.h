@@ -1,0 +1,20 @@
+// SPDX-License-Identifier: Apache-2.0
+/// @file
+/// Another program of ours, run to its end.
+#pragma once
+
+#include <string>
+#include <vector>
+
+namespace zorel::cli {
+
+struct ProgramResult {
+    int status = -1;    ///< exit status; -1: it was killed or could not be started
+    std::string output; ///< what it wrote to its standard output
+};
+
+/// Runs a program of the folder of this one and waits for it; its error output is dropped.
+/// @param words its name and its arguments.
+[[nodiscard]] ProgramResult runSibling(std::vector<std::string> words);
+
+} // namespace zorel::cli
