@@ -8,9 +8,10 @@ base_packages=(
     libsystemd-dev nlohmann-json3-dev gstreamer1.0-plugins-base gstreamer1.0-plugins-good
     qt6-base-dev qt6-declarative-dev qml6-module-qtqml-workerscript qt6-wayland fonts-dejavu-core)
 # What the tests need besides: their library, a second compiler, what checks the sources and the files that are installed,
-# programs that read our calendars, completions and manual page, a session with a sound server, libraries that the
-# accuracy report has as peers.
+# programs that read our calendars, completions and manual page, a desktop without a screen and the bus of its screen
+# reader, a session with a sound server, libraries that the accuracy report has as peers.
 test_packages=(
+    xvfb openbox xdotool weston at-spi2-core gir1.2-atspi-2.0 python3-pil
     libgmock-dev clang clang-format git python3 locales
     dpkg-dev make file desktop-file-utils appstream systemd
     khal vdirsyncer radicale fish groff-base dbus pulseaudio pulseaudio-utils python3-dbus python3-gi libcap2-bin

@@ -18,6 +18,7 @@
 
 #include <QGuiApplication>
 #include <QIcon>
+#include <QLoggingCategory>
 #include <QTimer>
 
 #include <clocale>
@@ -28,6 +29,7 @@
 #include <iterator>
 #include <optional>
 #include <sstream>
+#include <string_view>
 #include <unistd.h>
 
 namespace {
@@ -77,6 +79,11 @@ std::string troubleAtStart() {
 /// on every machine.
 void chooseRenderer(bool forPicture) {
     setenv("QT_QUICK_BACKEND", "software", forPicture ? 1 : 0);
+    // Else Qt loads a graphics driver under Wayland that is then not used, 50 MB of it. It says so once.
+    if (std::string_view(getenv("QT_QUICK_BACKEND")) == "software" &&
+        setenv("QT_WAYLAND_CLIENT_BUFFER_INTEGRATION", "none", 0) == 0) {
+        QLoggingCategory::setFilterRules(QStringLiteral("qt.qpa.wayland.warning=false"));
+    }
     if (forPicture) {
         setenv("QT_QPA_PLATFORM", "offscreen", 0);
     }
