@@ -109,9 +109,6 @@ function(zorel_test_main)
         target_compile_options(zorel_test_main PRIVATE -fPIE)
     endif()
     target_link_libraries(zorel_test_main PRIVATE zorel_test_options)
-    if(ZOREL_HARDENING)
-        target_compile_options(zorel_test_main PRIVATE -fPIE) # as the programs that reuse what it has read
-    endif()
     target_precompile_headers(zorel_test_main PRIVATE
         <gtest/gtest.h> <gmock/gmock.h> <algorithm> <array> <cmath> <filesystem> <fstream> <functional> <map> <memory>
         <optional> <random> <regex> <set> <sstream> <stdexcept> <string> <string_view> <utility> <vector>)

@@ -14,6 +14,7 @@ test_packages=(
     xvfb openbox xdotool weston at-spi2-core gir1.2-atspi-2.0 python3-pil
     libgmock-dev clang clang-format git python3 locales
     dpkg-dev make file desktop-file-utils appstream systemd
+    librsvg2-bin weasyprint poppler-utils
     khal vdirsyncer radicale fish groff-base dbus pulseaudio pulseaudio-utils python3-dbus python3-gi libcap2-bin
     libitl-dev libnova-dev)
 # What the benchmarks need: their library, programs and libraries that are measured beside ours.

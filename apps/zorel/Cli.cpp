@@ -30,6 +30,8 @@ const std::map<std::string, Command>& commands() {
         {"today", runToday},
         {"tomorrow", runTomorrow},
         {"next", runNext},
+        {"chart", runChart},
+        {"sheet", runSheet},
         {"table", runTable},
         {"sky", runSky},
         {"hijri", runHijri},

@@ -12,6 +12,8 @@ namespace zorel::cli {
 Exit runToday(const Context& context);
 Exit runTomorrow(const Context& context);
 Exit runNext(const Context& context);
+Exit runChart(const Context& context);
+Exit runSheet(const Context& context);
 Exit runTable(const Context& context);
 Exit runTableAll(const Context& context);
 Exit runSky(const Context& context);

@@ -110,6 +110,14 @@ ShownPlace defaultPlace(const Context& context) {
     return shownPlace(*largest);
 }
 
+/// The table of --temkin in place of the place's own.
+void takeTemkin(const Context& context, ShownPlace& place) {
+    if (context.options.temkin != 0) {
+        place.place.temkin =
+            context.options.temkin == 500 ? almanac::Temkin::upTo500m : almanac::Temkin::upTo250m;
+    }
+}
+
 struct Resolve {
     const Context& context;
     Telling telling;
@@ -122,13 +130,17 @@ struct Resolve {
 } // namespace
 
 ShownPlace resolvePlace(const Context& context, Telling telling) {
-    ShownPlace place = context.options.words.empty()
-                           ? defaultPlace(context)
-                           : std::visit(Resolve{context, telling}, parsePlaceQuery(context.argument()));
-    if (context.options.temkin != 0) {
-        place.place.temkin =
-            context.options.temkin == 500 ? almanac::Temkin::upTo500m : almanac::Temkin::upTo250m;
+    if (!context.options.words.empty()) {
+        return resolvePlaceText(context, context.argument(), telling);
     }
+    ShownPlace place = defaultPlace(context);
+    takeTemkin(context, place);
+    return place;
+}
+
+ShownPlace resolvePlaceText(const Context& context, const std::string& text, Telling telling) {
+    ShownPlace place = std::visit(Resolve{context, telling}, parsePlaceQuery(text));
+    takeTemkin(context, place);
     return place;
 }
 

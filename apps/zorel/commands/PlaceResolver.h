@@ -16,4 +16,8 @@ namespace zorel::cli {
 /// @throws CliError: no result (nothing found), bad use, data trouble (no catalogue).
 [[nodiscard]] ShownPlace resolvePlace(const Context& context, Telling telling = Telling::once);
 
+/// The same for a place named elsewhere on the command line.
+[[nodiscard]] ShownPlace resolvePlaceText(const Context& context, const std::string& text,
+                                          Telling telling = Telling::once);
+
 } // namespace zorel::cli

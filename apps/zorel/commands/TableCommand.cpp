@@ -6,6 +6,7 @@
 #include "print/ClockNotices.h"
 #include "print/Csv.h"
 #include "print/DayJson.h"
+#include "print/DayMarks.h"
 #include "print/DayText.h"
 #include "print/IcsTable.h"
 #include "print/PlaceText.h"
@@ -15,8 +16,6 @@
 
 #include <fmt/format.h>
 
-#include <algorithm>
-#include <array>
 #include <functional>
 
 namespace zorel::cli {
@@ -119,54 +118,12 @@ void printIcs(const Context& context, const ShownPlace& place, const Range& rang
     notices.note();
 }
 
-/// Marks behind a day whose times are unusual, with their legend.
-struct Mark {
-    char sign;
-    Word legend;
-    bool (*fits)(const Day& day);
-};
-
-bool hasTimeOfOtherDay(const Day& day) {
-    return day[Prayer::fajr].takenFrom() || day[Prayer::isha].takenFrom();
-}
-
-bool hasCorrectedTime(const Day& day) {
-    return std::any_of(almanac::kSixPrayers.begin(), almanac::kSixPrayers.end(),
-                       [&](Prayer prayer) { return !day[prayer].why.corrections.none(); });
-}
-
-constexpr std::array kMarks{
-    Mark{'*', Word::markLowered, [](const Day& day) { return day.record.latitudeLowered; }},
-    Mark{'~', Word::markOtherDay, hasTimeOfOtherDay},
-    Mark{'^', Word::markCorrected, hasCorrectedTime},
-};
-
-std::string marksOf(const Day& day) {
-    std::string marks;
-    for (const Mark& mark : kMarks) {
-        if (mark.fits(day)) {
-            marks += mark.sign;
-        }
-    }
-    return marks;
-}
-
-std::string legendText(const Context& context, const std::string& marks) {
-    std::string text;
-    for (const Mark& mark : kMarks) {
-        if (marks.find(mark.sign) != std::string::npos) {
-            text += fmt::format("{} {}\n", mark.sign, context.word(mark.legend));
-        }
-    }
-    return text;
-}
-
 std::vector<std::string> rowOf(const Context& context, const Day& day, const Clockface& clock) {
     std::vector<std::string> cells{almanac::isoDate(day.date)};
     for (const Prayer prayer : almanac::kSixPrayers) {
         cells.push_back(timeText(context, clock.of(day[prayer]), day.date));
     }
-    cells.push_back(marksOf(day));
+    cells.push_back(marksOf(day, almanac::kSixPrayers));
     return cells;
 }
 
@@ -185,7 +142,10 @@ void printText(const Context& context, const ShownPlace& place, const Range& ran
         table.add(std::move(row));
     });
     context.streams.out << context.style.bold(placeText(place, context.language)) << '\n'
-                        << table.text(context.style) << legendText(context, marks);
+                        << table.text(context.style);
+    for (const std::string& sentence : legendOf(context, marks)) {
+        context.streams.out << sentence << '\n';
+    }
     for (const std::string& sentence : notices.sentences()) {
         context.streams.out << "! " << context.style.warning(sentence) << '\n';
     }

@@ -2,6 +2,7 @@
 #include "draw/DayLight.h"
 
 #include <algorithm>
+#include <array>
 
 namespace zorel::cli {
 
@@ -32,22 +33,25 @@ void addTimes(DayLight& into, const Day& day) {
 }
 } // namespace
 
-DayLight dayLight(const almanac::Almanac& almanac, almanac::Memory& memory, almanac::Date date) {
-    DayLight light{almanac::CivilDay(almanac.place().clock, date), {}, {}, false};
-    std::vector<LightSpan> days;
-    for (const int shift : {-1, 0, 1}) {
-        const Day day = almanac.day(almanac::addDays(date, shift), memory);
-        light.known |= shift == 0 && day[Prayer::sunrise].exists() && day[Prayer::maghrib].exists();
+DayLight dayLight(const almanac::PlaceClock& clock, std::span<const Day, 3> days) {
+    DayLight light{almanac::CivilDay(clock, days[1].date), {}, {}, false};
+    light.known = days[1][Prayer::sunrise].exists() && days[1][Prayer::maghrib].exists();
+    for (const Day& day : days) {
         addSpan(light, Light::dusk, day[Prayer::maghrib], day[Prayer::isha]);
         addSpan(light, Light::dawn, day[Prayer::fajr], day[Prayer::sunrise]);
         addTimes(light, day);
-        std::swap(days, light.spans);
-        addSpan(light, Light::day, day[Prayer::sunrise], day[Prayer::maghrib]);
-        std::swap(days, light.spans);
     }
-    light.spans.insert(light.spans.end(), days.begin(), days.end());
+    for (const Day& day : days) {
+        addSpan(light, Light::day, day[Prayer::sunrise], day[Prayer::maghrib]);
+    }
     std::ranges::stable_sort(light.times, {}, &DayTime::shown);
     return light;
+}
+
+DayLight dayLight(const almanac::Almanac& almanac, almanac::Memory& memory, almanac::Date date) {
+    const std::array days{almanac.day(almanac::addDays(date, -1), memory), almanac.day(date, memory),
+                          almanac.day(almanac::addDays(date, 1), memory)};
+    return dayLight(almanac.place().clock, days);
 }
 
 Light lightAt(const DayLight& day, Instant instant) {

@@ -6,6 +6,7 @@
 #include "almanac/Almanac.h"
 #include "almanac/CivilDay.h"
 
+#include <span>
 #include <vector>
 
 namespace zorel::cli {
@@ -34,6 +35,8 @@ struct DayLight {
 };
 
 [[nodiscard]] DayLight dayLight(const almanac::Almanac& almanac, almanac::Memory& memory, almanac::Date date);
+/// The same of days that were told before: the one before the date, its own, and the one after it.
+[[nodiscard]] DayLight dayLight(const almanac::PlaceClock& clock, std::span<const almanac::Day, 3> days);
 /// The light at an instant of the date.
 [[nodiscard]] Light lightAt(const DayLight& day, almanac::Instant instant);
 

@@ -43,6 +43,8 @@ public:
         addTimes();
         addNext();
         addTable();
+        addChart();
+        addSheet();
         addSky();
         addHijri();
         addCompass();
@@ -190,6 +192,54 @@ private:
         all->excludes(ics);
     }
 
+    void svg(CLI::App* sub) {
+        sub->add_flag("--svg", options_.svg, "Print a picture (SVG) instead of characters");
+    }
+    CLI::Option* year(CLI::App* sub, const char* help) {
+        return sub->add_option("--year", options_.year, help)
+            ->type_name("YEAR")
+            ->check(wholeNumber(1584, 9997));
+    }
+    void others(CLI::App* sub) {
+        sub->add_flag("--others", options_.others, "Also the times beside the six");
+    }
+
+    void addChart() {
+        CLI::App* chart = command(app_, "chart", "A year of a place as a picture: its times over the months");
+        if (!asked(chart)) {
+            return;
+        }
+        place(chart);
+        year(chart, "The year, 1584 to 9997; default: this one");
+        value(*chart, "--with", options_.with, "PLACE", "Draw a second place beside it, dashed");
+        others(chart);
+        svg(chart);
+        drawing(chart);
+        temkin(chart);
+    }
+
+    void addSheet() {
+        CLI::App* sheet =
+            command(app_, "sheet", "A month, a year or a Ramadan as pages to print and hang up");
+        if (!asked(sheet)) {
+            return;
+        }
+        place(sheet);
+        auto* month =
+            value(*sheet, "--month", options_.month, "MONTH", "The month, 2026-12; default: this one");
+        year(sheet, "A whole year, a page for each month")->excludes(month);
+        sheet->add_option("--ramadan", options_.ramadan, "The Ramadan of a Hijri year, such as 1448")
+            ->type_name("YEAR")
+            ->check(wholeNumber(992, 9666))
+            ->excludes(month)
+            ->excludes("--year");
+        value(*sheet, "--paper", options_.paper, "PAPER", "a4 or letter; default: a4")
+            ->transform(oneOf({"a4", "letter"}));
+        others(sheet);
+        value(*sheet, "--pdf", options_.pdf, "FILE", "Write a PDF (by weasyprint) instead of printing HTML");
+        temkin(sheet);
+    }
+
     void addSky() {
         CLI::App* sky = command(app_, "sky", "Sun and Moon now: where they stand, rise and set, phases");
         if (!asked(sky)) {
@@ -217,7 +267,7 @@ private:
             return;
         }
         place(compass);
-        day(compass, "--date", options_.date, "The day; default: today");
+        day(compass, "--date", options_.date, std::string("The day: ") + kDateForms + "; default: today");
         json(compass);
     }
 

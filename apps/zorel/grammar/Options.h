@@ -44,6 +44,16 @@ struct Options {
     int width = 0; ///< columns; 0: those of the terminal
     bool ascii = false;
 
+    // Pictures and pages.
+    std::string with;  ///< a second place
+    int year = 0;      ///< 0: this one
+    std::string month; ///< "2026-12"; empty: this one
+    int ramadan = 0;   ///< Hijri year; 0: no Ramadan
+    std::string paper = "a4";
+    std::string pdf; ///< file; empty: HTML on the output
+    bool svg = false;
+    bool others = false; ///< the other times too
+
     // Whole catalogue.
     bool all = false;
     std::int32_t fromId = 0;

@@ -208,6 +208,10 @@ std::string_view correctionText(almanac::Correction correction, Language languag
     return word(static_cast<Word>(which), language);
 }
 
+std::string_view monthName(unsigned month, Language language) {
+    return entry(kMonths, static_cast<int>(month) - 1, language);
+}
+
 std::string_view hijriMonthName(int month, Language language) {
     return entry(kHijriMonths, month - 1, language);
 }
@@ -221,8 +225,8 @@ std::string_view weekdayName(int weekday, Language language) {
 }
 
 std::string dayAndMonth(Date date, Language language) {
-    const int month = static_cast<int>(static_cast<unsigned>(date.month()));
-    return fmt::format("{} {}", static_cast<unsigned>(date.day()), entry(kMonths, month - 1, language));
+    return fmt::format("{} {}", static_cast<unsigned>(date.day()),
+                       monthName(static_cast<unsigned>(date.month()), language));
 }
 
 std::string longDate(Date date, Language language) {

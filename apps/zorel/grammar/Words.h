@@ -131,6 +131,8 @@ enum class Word {
 [[nodiscard]] std::string hijriText(const AllCalendarRecord& calendars, Language language);
 /// "8 November 1442".
 [[nodiscard]] std::string rumiText(const AllCalendarRecord& calendars, Language language);
+/// "January". @param month 1 to 12.
+[[nodiscard]] std::string_view monthName(unsigned month, Language language);
 [[nodiscard]] std::string_view hijriMonthName(int month, Language language);
 [[nodiscard]] std::string_view rumiMonthName(int month, Language language);
 [[nodiscard]] std::string_view weekdayName(int weekday, Language language);

@@ -78,6 +78,14 @@ std::size_t displayWidth(std::string_view text) {
     return width;
 }
 
+std::string_view firstCharacters(std::string_view text, std::size_t count) {
+    std::size_t bytes = 0;
+    while (count-- > 0 && bytes < text.size()) {
+        bytes += firstCharacter(text.substr(bytes)).bytes;
+    }
+    return text.substr(0, bytes);
+}
+
 void TextTable::add(std::vector<std::string> cells, Emphasis emphasis) {
     rows_.push_back({std::move(cells), emphasis});
 }

@@ -38,6 +38,9 @@ private:
 /// combining marks, two for East Asian wide characters.
 [[nodiscard]] std::size_t displayWidth(std::string_view text);
 
+/// The first characters of UTF-8 text, all of it when it has fewer.
+[[nodiscard]] std::string_view firstCharacters(std::string_view text, std::size_t count);
+
 /// Rows of cells printed in aligned columns, two blanks between them. Rows may have different emphasis.
 class TextTable {
 public:

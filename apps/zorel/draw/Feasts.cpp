@@ -1,0 +1,45 @@
+// SPDX-License-Identifier: Apache-2.0
+#include "draw/Feasts.h"
+
+#include <algorithm>
+#include <array>
+
+namespace zorel::cli {
+
+namespace {
+struct Feast {
+    int month;
+    int firstDay;
+    int lastDay;
+    std::string_view name;
+    bool holiday = false;
+};
+
+constexpr std::array kFeasts{
+    Feast{1, 1, 1, "New Year"},         Feast{1, 10, 10, "Ashura"},
+    Feast{3, 12, 12, "Mawlid"},         Feast{7, 27, 27, "Isra and Miraj"},
+    Feast{8, 15, 15, "Mid-Shaban"},     Feast{9, 1, 1, "Ramadan begins"},
+    Feast{9, 27, 27, "Night of Power"}, Feast{10, 1, 3, "Eid al-Fitr", true},
+    Feast{12, 9, 9, "Arafah"},          Feast{12, 10, 13, "Eid al-Adha", true},
+};
+
+const Feast* find(const AllCalendarRecord& calendars) {
+    const auto* feast = std::ranges::find_if(kFeasts, [&](const Feast& one) {
+        return one.month == calendars.hijriMonth && one.firstDay <= calendars.hijriDay &&
+               calendars.hijriDay <= one.lastDay;
+    });
+    return feast == kFeasts.end() ? nullptr : feast;
+}
+} // namespace
+
+std::string_view feastOf(const AllCalendarRecord& calendars) {
+    const Feast* feast = find(calendars);
+    return feast == nullptr ? std::string_view() : feast->name;
+}
+
+bool isHoliday(const AllCalendarRecord& calendars) {
+    const Feast* feast = find(calendars);
+    return feast != nullptr && feast->holiday;
+}
+
+} // namespace zorel::cli
