@@ -59,8 +59,8 @@ Instant startOf(const EKEvent& event) {
 }
 
 bool hasItsAlarm(const EKEvent& event) {
-    return !event.allDay && event.recurrenceRules.empty() &&
-           std::ranges::find(event.alarms, EKAlarm::alarmWithRelativeOffset(0)) != event.alarms.end();
+    const auto isAtStart = [](const EKAlarm& alarm) { return alarm.relativeOffset == 0; };
+    return !event.allDay && event.recurrenceRules.empty() && std::ranges::any_of(event.alarms, isAtStart);
 }
 
 bool standsAt(const EKEvent& event, const std::optional<Instant>& instant) {
@@ -89,16 +89,26 @@ std::string removeEvent(const Scene& scene, DatabaseFunctions& dbFuncs, const Al
     return dbFuncs.executeSQL(statements::setEventId(row.timeId, "")) ? std::string() : dbFuncs.trouble();
 }
 
-/// A local time that occurs twice means the first to DatabaseFunctions; this moves the event to the second.
-std::string moveEvent(const Scene& scene, EKEvent event, Instant rings) {
+/// "Fajr 06:08, Istanbul": all events have the same title, so that their alarms name what they ring for.
+std::string alarmText(const Scene& scene, const GlobalFuncs& glbFuncs, const AlarmRow& row, Instant rings) {
+    const almanac::Place& place = *scene.home.place;
+    const auto shown = place.clock.localTime(rings - std::chrono::minutes(row.minute)).timeOfDay;
+    return glbFuncs.GetTextPrayLabels(row.prayerId()).value_or(std::string()) + " " +
+           almanac::clockText(shown, almanac::Precision::minutes) + ", " + place.name;
+}
+
+/// What DatabaseFunctions does not know: the second of two equal local times, and what the alarm says.
+std::string finishEvent(const Scene& scene, EKEvent event, Instant rings, std::string text) {
     std::string error;
     event.startDate = rings;
     event.endDate = rings + std::chrono::minutes(1);
+    event.alarms = {{0, std::move(text)}};
     scene.store.saveEvent(event, EKSpan::thisEvent, &error);
     return error;
 }
 
-std::string placeEvent(const Scene& scene, DatabaseFunctions& dbFuncs, const AlarmRow& row, Instant rings) {
+std::string placeEvent(const Scene& scene, const GlobalFuncs& glbFuncs, DatabaseFunctions& dbFuncs,
+                       const AlarmRow& row, Instant rings) {
     dbFuncs.forgetTrouble();
     dbFuncs.updateAlarmPrayerTime(row.prayerId(), handedOverTime(rings, row.minute, scene.now));
     const UserRows placed = storedUserRows(dbFuncs.userDBPath());
@@ -114,10 +124,11 @@ std::string placeEvent(const Scene& scene, DatabaseFunctions& dbFuncs, const Ala
     if (!event) {
         return dbFuncs.trouble().empty() ? "the calendar did not keep its event" : dbFuncs.trouble();
     }
-    return startOf(*event) == rings ? std::string() : moveEvent(scene, *event, rings);
+    return finishEvent(scene, *event, rings, alarmText(scene, glbFuncs, row, rings));
 }
 
-std::string settleActive(const Scene& scene, DatabaseFunctions& dbFuncs, const AlarmRow& row, bool edited) {
+std::string settleActive(const Scene& scene, const GlobalFuncs& glbFuncs, DatabaseFunctions& dbFuncs,
+                         const AlarmRow& row, bool edited) {
     const NextRings rings = scene.ringsOf(row);
     const auto& wanted = edited ? rings.afterMargin : rings.next;
     if (!wanted) {
@@ -129,15 +140,17 @@ std::string settleActive(const Scene& scene, DatabaseFunctions& dbFuncs, const A
         return error;
     }
     const NextRings allowed = edited ? NextRings{wanted, wanted} : rings;
-    return event && isRight(*event, allowed) ? std::string() : placeEvent(scene, dbFuncs, row, *wanted);
+    return event && isRight(*event, allowed) ? std::string()
+                                             : placeEvent(scene, glbFuncs, dbFuncs, row, *wanted);
 }
 
 /// While the home city's times cannot be told, what is on stays as it is.
-std::string settle(const Scene& scene, DatabaseFunctions& dbFuncs, const AlarmRow& row, bool edited) {
+std::string settle(const Scene& scene, const GlobalFuncs& glbFuncs, DatabaseFunctions& dbFuncs,
+                   const AlarmRow& row, bool edited) {
     if (!row.active || scene.home.state == HomeState::none) {
         return removeEvent(scene, dbFuncs, row);
     }
-    return scene.days ? settleActive(scene, dbFuncs, row, edited) : std::string();
+    return scene.days ? settleActive(scene, glbFuncs, dbFuncs, row, edited) : std::string();
 }
 
 std::vector<std::string> eventsOfActiveAlarms(const UserRows& rows) {
@@ -286,7 +299,7 @@ AlarmReport PrayerAlarms::reconcile(std::optional<std::int32_t> edited) {
     if (scene.rows.result.isDone()) {
         for (std::size_t index = 0; index < kAlarms; ++index) {
             const AlarmRow& row = scene.rows.alarms[index];
-            refusals[index] = settle(scene, dbFuncs_, row, row.prayerId() == edited);
+            refusals[index] = settle(scene, glbFuncs_, dbFuncs_, row, row.prayerId() == edited);
             if (!refusals[index].empty()) {
                 dbFuncs_.logTrouble("Error in reconcile : " + refusals[index]);
             }

@@ -60,6 +60,17 @@ TEST_F(ReconcileTest, PlacesEachAlarmAtItsShownMinute) {
     }
 }
 
+TEST_F(ReconcileTest, TheAlarmOfAnEventNamesPrayerTimeAndCity) {
+    world.glbFuncs.languageId = 1;
+    world.glbFuncs.loadLanguageFile();
+    world.switchOn(5, -10);
+    EXPECT_EQ(reconciled(5).state, AlarmState::rings);
+    EXPECT_EQ(onlyEvent().title, "Prayer Alarm");
+    ASSERT_EQ(onlyEvent().alarms.size(), 1U);
+    // The prayer's own time: ten minutes before it, the alarm rings.
+    EXPECT_EQ(onlyEvent().alarms.front().text, "Maghrib 17:48, " + world.home().name);
+}
+
 /// Istanbul's sunset prayer of 22 November 2026 and its neighbours fall into different parts of a minute.
 TEST_F(ReconcileTest, RingsOnTheMinuteThroughoutAYear) {
     world.switchOn(5);

@@ -62,6 +62,15 @@ TEST(IcsEvent, WritesThePanesEventInFull) {
                                                  "END:VCALENDAR\r\n");
 }
 
+TEST(IcsEvent, AnAlarmSaysItsOwnTextElseTheTitle) {
+    EKEvent event = sampleEvent("zorel-a-1");
+    event.alarms = {{0, "Fajr 06:08, Istanbul"}, {-600, ""}};
+    const std::string text = written(event);
+    EXPECT_NE(text.find("DESCRIPTION:Fajr 06:08\\, Istanbul\r\n"), std::string::npos) << text;
+    EXPECT_NE(text.find("DESCRIPTION:Prayer Alarm\r\n"), std::string::npos);
+    EXPECT_EQ(eventFromIcs(text).value().alarms, event.alarms);
+}
+
 TEST(IcsEvent, FoldsLinesAtSeventyFiveOctetsWithoutCuttingCharacters) {
     EKEvent event = sampleEvent("zorel-a-1");
     for (int count = 0; count < 100; ++count) {
@@ -220,7 +229,7 @@ TEST(IcsEvent, CountsDisplayAlarmsWithAnyTrigger) {
                   "TRIGGER;VALUE=DATE-TIME:20260328T034000Z\r\nEND:VALARM\r\n"
                   "BEGIN:VALARM\r\nACTION:AUDIO\r\nTRIGGER:PT0S\r\nEND:VALARM\r\n"
                   "BEGIN:VALARM\r\nACTION:DISPLAY\r\nDESCRIPTION:none\r\nEND:VALARM\r\n");
-    EXPECT_THAT(event.alarms, testing::ElementsAre(EKAlarm{-900}, EKAlarm{600}));
+    EXPECT_THAT(event.alarms, testing::ElementsAre(EKAlarm{-900, "a"}, EKAlarm{600, "b"}));
 }
 
 TEST(IcsEvent, OfARepeatedEventWithExceptionsReadsTheEventItself) {

@@ -261,7 +261,8 @@ TEST_F(Story, EveryEventHasItsOwnIdentifierAndOneAlarm) {
     std::set<std::string> identifiers;
     for (const EKEvent& event : events()) {
         identifiers.insert(event.eventIdentifier);
-        EXPECT_EQ(event.alarms, std::vector<EKAlarm>{EKAlarm::alarmWithRelativeOffset(0)});
+        ASSERT_EQ(event.alarms.size(), 1U);
+        EXPECT_EQ(event.alarms.front().relativeOffset, 0);
         EXPECT_FALSE(event.allDay);
         EXPECT_GT(event.startDate, now());
         EXPECT_LE(event.startDate, now() + std::chrono::hours(25));

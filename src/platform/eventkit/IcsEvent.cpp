@@ -116,11 +116,14 @@ std::optional<EKAlarm> alarmOf(icalcomponent* alarm, Instant start) {
 }
 
 std::vector<EKAlarm> alarmsOf(icalcomponent* event, Instant start) {
+    const std::string title = textOf(icalcomponent_get_summary(event));
     std::vector<EKAlarm> alarms;
     for (icalcomponent* alarm = icalcomponent_get_first_component(event, ICAL_VALARM_COMPONENT);
          alarm != nullptr; alarm = icalcomponent_get_next_component(event, ICAL_VALARM_COMPONENT)) {
-        if (const auto one = alarmOf(alarm, start)) {
-            alarms.push_back(*one);
+        if (auto one = alarmOf(alarm, start)) {
+            const std::string shown = notesOf(alarm).value_or(title);
+            one->text = shown == title ? std::string() : shown;
+            alarms.push_back(*std::move(one));
         }
     }
     return alarms;
@@ -221,7 +224,8 @@ Component alarmComponent(const EKAlarm& alarm, const std::string& title) {
     trigger.time = icaltime_null_time();
     trigger.duration = icaldurationtype_from_int(alarm.relativeOffset);
     add(component.get(), icalproperty_new_action(ICAL_ACTION_DISPLAY));
-    add(component.get(), icalproperty_new_description(withoutControls(title).c_str()));
+    add(component.get(),
+        icalproperty_new_description(withoutControls(alarm.text.empty() ? title : alarm.text).c_str()));
     add(component.get(), icalproperty_new_trigger(trigger));
     return component;
 }
