@@ -55,10 +55,6 @@ Child::Child(sd_event* event, const std::vector<std::string>& words, Ended ended
     }
 }
 
-Child::~Child() {
-    stop();
-}
-
 void Child::stop() const {
     if (process_ > 0) {
         kill(process_, SIGTERM);
@@ -85,6 +81,8 @@ void Child::watch(sd_event* event) {
         hearing_.reset(source);
     }
     if (sd_event_add_child(event, &source, process_, WEXITED, exited, this) >= 0) {
+        // Without this a process whose object goes first would stay behind, dead, until this one ends.
+        sd_event_source_set_child_process_own(source, 1);
         exiting_.reset(source);
     }
 }

@@ -15,7 +15,7 @@
 namespace zorel::ring {
 
 /// One process. Its standard output is collected, its error output is that of this process. When the object
-/// goes, the process is asked to end (SIGTERM) and nobody hears of it any more.
+/// goes, the process is killed and nobody hears of it any more.
 class Child {
 public:
     struct Result {
@@ -29,7 +29,6 @@ public:
     Child(sd_event* event, const std::vector<std::string>& words, Ended ended);
     Child(const Child&) = delete;
     Child& operator=(const Child&) = delete;
-    ~Child();
 
     /// Asks the process to end; `ended` is still called.
     void stop() const;

@@ -5,6 +5,7 @@
 #include <gtest/gtest.h>
 
 #include <fstream>
+#include <sys/wait.h>
 
 namespace zorel::test {
 namespace {
@@ -117,6 +118,16 @@ TEST_F(ServiceTest, StopEndsThePlayerAndSnoozeRingsAgain) {
     clock.passTo(kDawn + 10min);
     settle();
     EXPECT_EQ(played(), 2U);
+}
+
+TEST_F(ServiceTest, TheNextRingTakesTheSoundOverAndLeavesNoDeadProcess) {
+    startWith({ringAt(kDawn), ringAt(kDawn + 10s, "tulu")});
+    clock.passTo(kDawn);
+    EXPECT_TRUE(runUntil([&] { return played() == 1; }));
+    clock.passTo(kDawn + 10s);
+    EXPECT_TRUE(runUntil([&] { return played() == 2; }));
+    settle();
+    EXPECT_EQ(waitpid(-1, nullptr, WNOHANG), 0); // one lives, none is dead
 }
 
 TEST_F(ServiceTest, AlarmsThatCannotBeReadLeaveThePlanInForce) {
