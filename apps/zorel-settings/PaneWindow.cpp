@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: Apache-2.0
 #include "PaneWindow.h"
 
+#include "platform/foundation/Clock.h"
 #include "platform/foundation/Locale.h"
 #include "platform/uikit/UISearchBar.h"
 #include "store/DatabaseFunctions.h"
@@ -8,6 +9,7 @@
 #include <QFontInfo>
 #include <QGuiApplication>
 #include <QScreen>
+#include <QTimer>
 
 #include <algorithm>
 
@@ -68,22 +70,29 @@ PaneWindow::PaneWindow(const WindowOptions& options, const QString& problem)
     host_.setFirstPage(firstPage_.get());
     window_ = std::make_unique<Window>(host_, size);
     window_->setTitle(QStringLiteral("Zorel"));
-    // Midnight, or the command line, while the window is open.
+    // Midnight, a ring, the clock or the command line, while the window is open.
     freshness_ = std::make_unique<Freshness>(
-        QString::fromStdString(controller_->dbFuncs().userDBPath()),
-        [this] { return controller_->currentDate(); },
-        [this] {
-            controller_->loadAllUserCities();
-            controller_->table().reloadData();
-        });
+        QString::fromStdString(controller_->dbFuncs().userDBPath()), [this] { return moment(); },
+        [this] { controller_->refreshAlarms(); });
     QObject::connect(firstPage_->today(), &TodayModel::ticked, freshness_.get(),
                      [this] { freshness_->look(false); });
     QObject::connect(qGuiApp, &QGuiApplication::applicationStateChanged, firstPage_->today(),
                      &TodayModel::tick);
+    if (options.screenshot.empty()) {
+        QTimer::singleShot(0, &host_, [this] { controller_->refreshAlarms(); });
+    }
 }
 
 PaneWindow::~PaneWindow() {
     host_.finish();
+}
+
+std::string PaneWindow::moment() const {
+    const auto rung = std::ranges::count_if(controller_->alarms().alarms, [](const AlarmStatus& alarm) {
+        return alarm.ringsAt && *alarm.ringsAt <= now();
+    });
+    return almanac::isoDate(controller_->currentDate()) +
+           almanac::isoOffset(std::chrono::seconds(utcOffsetSeconds(now()))) + std::to_string(rung);
 }
 
 void PaneWindow::openScreen(const std::string& screen, const std::string& searchText) {

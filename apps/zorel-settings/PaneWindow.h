@@ -14,6 +14,7 @@
 #include <QImage>
 
 #include <memory>
+#include <string>
 
 namespace zorel {
 
@@ -35,6 +36,10 @@ public:
     [[nodiscard]] QImage picture();
 
 private:
+    /// What the window shows and time alone changes: the home city's date, the machine's offset, the number
+    /// of alarms that have rung.
+    [[nodiscard]] std::string moment() const;
+
     Host host_;
     std::unique_ptr<ZorelSettingsController> controller_;
     std::unique_ptr<UINavigationController> navigation_;

@@ -301,7 +301,7 @@ AlarmReport PrayerAlarms::reconcile(std::optional<std::int32_t> edited) {
             const AlarmRow& row = scene.rows.alarms[index];
             refusals[index] = settle(scene, glbFuncs_, dbFuncs_, row, row.prayerId() == edited);
             if (!refusals[index].empty()) {
-                dbFuncs_.logTrouble("Error in reconcile : " + refusals[index]);
+                dbFuncs_.logTrouble("reconcile", refusals[index]);
             }
         }
         sweep(scene, dbFuncs_);

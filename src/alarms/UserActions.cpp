@@ -41,11 +41,6 @@ bool isHome(const UserRows& rows, std::int32_t cityId) {
     return position && integerValue(rows.cities[*position].cityId) == cityId;
 }
 
-/// No text that ends a statement's text may get into one.
-bool holdsApostrophe(const std::string& name) {
-    return name.find('\'') != std::string::npos;
-}
-
 ActionResult failed(const StoreResult& result) {
     const bool busy = result.state == StoreState::busy;
     return {busy ? ActionState::busy : ActionState::unstorable, result.reason, std::nullopt};
@@ -71,6 +66,10 @@ std::string complaintOf(const AlarmReport& report, std::optional<std::int32_t> e
 
 } // namespace
 
+bool isStorableRingtone(const std::string& name) {
+    return name.find('\'') == std::string::npos;
+}
+
 ActionResult UserActions::perform(const Planner& planner) {
     const UserLock lock(dbFuncs_.userDBPath(), LockKind::exclusive);
     if (!lock.isHeld()) {
@@ -88,7 +87,7 @@ ActionResult UserActions::perform(const Planner& planner) {
     if (!plan.statements.empty()) {
         const StoreResult changed = changeUserRows(dbFuncs_.userDBPath(), plan.statements);
         if (!changed.isDone()) {
-            dbFuncs_.logTrouble("Error in action : " + changed.reason);
+            dbFuncs_.logTrouble("action", changed.reason);
             return failed(changed);
         }
     }
@@ -107,17 +106,17 @@ ActionResult UserActions::follow(const Plan& plan, const UserRows& before) {
     return putBack(before, reason);
 }
 
-/// Should the rows refuse to go back too, they hold what was asked for, and the next reconciliation completes
-/// it.
+/// Should the rows refuse to go back too, they hold what was asked for.
 ActionResult UserActions::putBack(const UserRows& before, const std::string& reason) {
     const UserRows now = storedUserRows(dbFuncs_.userDBPath());
     const StoreResult restored = now.result.isDone()
                                      ? changeUserRows(dbFuncs_.userDBPath(), statementsToRestore(before, now))
                                      : now.result;
     if (!restored.isDone()) {
-        dbFuncs_.logTrouble("Error in putBack : " + restored.reason);
+        dbFuncs_.logTrouble("putBack", restored.reason);
     }
-    return {ActionState::refused, reason, PrayerAlarms(glbFuncs_, dbFuncs_).reconcile()};
+    return {restored.isDone() ? ActionState::refused : ActionState::unfinished, reason,
+            PrayerAlarms(glbFuncs_, dbFuncs_).reconcile()};
 }
 
 ActionResult UserActions::addCity(std::int32_t cityId) {
@@ -182,7 +181,7 @@ ActionResult UserActions::switchOn(std::int32_t prayerId, const std::function<vo
         if (rows.cities.empty()) {
             plan.state = ActionState::noHome;
             plan.reason = "there is no home city whose times an alarm could follow";
-        } else if (holdsApostrophe(chosen.melodyName)) {
+        } else if (!isStorableRingtone(chosen.melodyName)) {
             plan.state = ActionState::badName;
             plan.reason = "a ringtone's name must not hold an apostrophe";
         }
@@ -211,7 +210,7 @@ ActionResult UserActions::setOffset(std::int32_t prayerId, std::int32_t minutes)
 }
 
 ActionResult UserActions::setRingtone(std::int32_t prayerId, const std::string& name) {
-    if (holdsApostrophe(name)) {
+    if (!isStorableRingtone(name)) {
         return {ActionState::badName, "a ringtone's name must not hold an apostrophe", std::nullopt};
     }
     return changeStored(prayerId, statements::setMelodyName(prayerId - kTimeIdOffset, name));

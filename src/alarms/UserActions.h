@@ -27,6 +27,7 @@ enum class ActionState : std::uint8_t {
     busy,          ///< another program was at work for longer than one waits; nothing was changed
     unstorable,    ///< the user database cannot be read or written; nothing was changed
     refused,       ///< the calendar or the catalogue stood against it; the rows were put back
+    unfinished,    ///< the same, but the rows could not be put back: the next refresh completes it
 };
 
 struct ActionResult {
@@ -36,6 +37,10 @@ struct ActionResult {
 
     [[nodiscard]] bool isDone() const { return state == ActionState::done; }
 };
+
+/// Whether a ringtone's name can be stored: it goes into a statement as it is, so that it may not hold an
+/// apostrophe.
+[[nodiscard]] bool isStorableRingtone(const std::string& name);
 
 /// Each action runs under the user's lock, alone: the rows are changed in one transaction, then the calendar
 /// is made to fit them (PrayerAlarms). Refuses the calendar, the rows are put back as they were and it is

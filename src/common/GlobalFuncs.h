@@ -84,8 +84,9 @@ public:
     [[nodiscard]] DateTimeRecord GetCurrentDateTime() const;
     void GetCurrentDateTime(DateTimeRecord& record) const;
 
-    // Log (GlobalFuncs_Log.cpp): one line per call in "SettingsLog.txt" of the data folder, with the time of
-    // day before it. A line that cannot be written is lost.
+    // Log (GlobalFuncs_Log.cpp): one line per call in "SettingsLog.txt" of the data folder, with the local
+    // date and time before it. A file of 128 KiB becomes "SettingsLog.1.txt" in place of the one before. A
+    // line that cannot be written is lost.
     void NSLogToFile(std::string_view message) const;
     void NSLogToFileStrInt(std::string_view message, std::int32_t value) const;
     void NSLogToFileStrIntInt(std::string_view message, std::int32_t first, std::int32_t second) const;

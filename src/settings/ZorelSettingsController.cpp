@@ -1,17 +1,18 @@
 // SPDX-License-Identifier: Apache-2.0
 #include "settings/ZorelSettingsController.h"
 
+#include "alarms/PrayerAlarms.h"
 #include "almanac/Almanac.h"
 #include "common/GlobalFuncs.h"
 #include "platform/foundation/Clock.h"
 #include "platform/foundation/NumberText.h"
 #include "platform/uikit/UIScreen.h"
-#include "store/AlmanacPlace.h"
 #include "store/DatabaseFunctions.h"
 #include "store/UserCities.h"
 #include "views/Settings.h"
 #include "views/Texts.h"
 
+#include <algorithm>
 #include <chrono>
 #include <exception>
 
@@ -28,18 +29,6 @@ constexpr std::int32_t kBackKey = 1030;
 almanac::Date deviceDate() {
     const LocalDateTime today = localDateTime(now());
     return almanac::dateOf({.year = today.year, .month = today.month, .day = today.day});
-}
-
-/// The times as the alarms take them: hours on the clock of the city. A time on the eve is that of the next
-/// evening; one beyond midnight keeps counting.
-PrayerTimes alarmTimes(const almanac::Day& day) {
-    PrayerTimes times = day.record;
-    for (double& hours : times.times) {
-        if (hours < 0.0 && hours != kNoSolarEvent) {
-            hours += 24.0;
-        }
-    }
-    return times;
 }
 
 } // namespace
@@ -138,41 +127,58 @@ void ZorelSettingsController::loadAllUserCities() {
 }
 
 /// In the order of the table's rows. No home city is known until the list is complete: a failure on the way
-/// leaves none rather than one of the former list. True when every row was read.
-bool ZorelSettingsController::readUserCities() {
+/// leaves none rather than one of the former list.
+void ZorelSettingsController::readUserCities() {
     userCities_.clear();
+    alarms_.reset();
+    homePlace_.reset();
     currentCityId_ = -1;
     const UserCities stored = storedUserCities(dbFuncs_->userDBPath());
-    for (const UserCity& row : stored.rows) {
-        City city(*glbFuncs_);
-        city.cityId = row.cityId;
-        city.setAsHome = row.setAsHome;
-        city.getAllCityInfo(city);
-        userCities_.push_back(std::move(city));
+    listResult_ = stored.result;
+    const auto home = homePosition(stored.rows);
+    for (std::size_t row = 0; row < stored.rows.size() && stored.result.isDone(); ++row) {
+        const bool isHome = stored.rows[row].cityId == stored.rows[*home].cityId;
+        listCity(stored.rows[row], isHome && isMarkedAsHome(stored.rows[*home]));
     }
-    return stored.result.isDone();
-}
-
-void ZorelSettingsController::calculatePrayerTimes() {
-    homePlace_.reset();
-    homeDay_.reset();
-    if (currentCityId_ >= 0) {
-        tellTimes(userCities_.at(static_cast<std::size_t>(currentCityId_)));
+    if (stored.result.isDone()) {
+        homePlace_ = homePlaceOf(*glbFuncs_, stored.rows).place;
     }
 }
 
-std::optional<almanac::Place> ZorelSettingsController::placeOf(const City& city) const {
-    const auto known = placeById(*glbFuncs_, integerValue(city.cityId));
-    return known ? std::optional(almanacPlace(*known)) : std::nullopt;
-}
-
-void ZorelSettingsController::tellTimes(City& city) {
-    homePlace_ = placeOf(city);
-    if (!homePlace_) {
+/// A city that the database holds twice has one row.
+void ZorelSettingsController::listCity(const UserCity& row, bool home) {
+    const auto isSame = [&row](const City& city) { return city.cityId == row.cityId; };
+    if (std::ranges::any_of(userCities_, isSame)) {
         return;
     }
-    homeDay_ = almanac::Almanac(*homePlace_).day(currentDate());
-    city.setPrayerTimes(alarmTimes(*homeDay_));
+    City city(*glbFuncs_);
+    city.cityId = row.cityId;
+    city.setAsHome = home ? "1" : row.setAsHome;
+    city.getAllCityInfo(city);
+    userCities_.push_back(std::move(city));
+}
+
+/// A home city that the catalogue does not have, or cannot be asked for, has no times.
+void ZorelSettingsController::calculatePrayerTimes() {
+    homeDay_.reset();
+    if (currentCityId_ >= 0 && homePlace_) {
+        homeDay_ = almanac::Almanac(*homePlace_).day(currentDate());
+        userCities_.at(static_cast<std::size_t>(currentCityId_)).setPrayerTimes(homeDay_->record);
+    }
+}
+
+void ZorelSettingsController::refreshAlarms() {
+    const ActionResult result = actions().refresh();
+    loadAllUserCities();
+    alarms_ = result.alarms;
+    table().reloadData();
+}
+
+const AlarmReport& ZorelSettingsController::alarms() const {
+    if (!alarms_) {
+        alarms_ = PrayerAlarms(*glbFuncs_, *dbFuncs_).report();
+    }
+    return *alarms_;
 }
 
 almanac::Date ZorelSettingsController::currentDate() const {

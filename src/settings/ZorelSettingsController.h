@@ -3,6 +3,7 @@
 /// The pane: the user's cities, the home city and its prayer times of today, the six alarms.
 #pragma once
 
+#include "alarms/UserActions.h"
 #include "almanac/Day.h"
 #include "almanac/Place.h"
 #include "platform/preferences/PSListController.h"
@@ -26,12 +27,12 @@ class DatabaseFunctions;
 class GlobalFuncs;
 class Settings;
 
-/// Owns every long-lived object of the pane, fills its table and does what the views ask for. After each
-/// change the list of cities is read anew from the database; nothing else is remembered. Times are those of
-/// the last reading.
+/// Owns every long-lived object of the pane, fills its table and lets UserActions do what the views ask for.
+/// After each change the list of cities is read anew from the database; nothing else is remembered. Times are
+/// those of the last reading. What the rows say of alarms is PrayerAlarms' report.
 ///
-/// Failures of the database and the calendar are logged, not shown: the table then shows what the database
-/// holds.
+/// A failure is said in place: under the cities or the alarms, in the alarm's editor, on the search screen.
+/// The table shows what the database holds; a list that cannot be read is not shown as an empty one.
 class ZorelSettingsController : public PSListController,
                                 public UICityHeaderViewDelegate,
                                 public AddCityViewDelegate,
@@ -54,8 +55,18 @@ public:
     void loadAllUserCities();
     /// Computes the times of the home city for today, by its own calendar; nothing without one.
     void calculatePrayerTimes();
+    /// Moves the alarms to where they should be, as a host does after start-up, at midnight and when the
+    /// clock has changed, and reads the cities anew.
+    void refreshAlarms();
 
+    /// The cities of the list, each once, also where the database holds one twice.
     [[nodiscard]] const std::vector<City>& userCities() const { return userCities_; }
+    /// How the last reading of the list ended.
+    [[nodiscard]] const StoreResult& listResult() const { return listResult_; }
+    /// What the alarms do, as of the last reading.
+    [[nodiscard]] const AlarmReport& alarms() const;
+    /// What a person does; loadAllUserCities shows what came of it.
+    [[nodiscard]] UserActions actions() const { return {*glbFuncs_, *dbFuncs_}; }
     /// Position of the home city in userCities, -1 when there is none. Not a catalogue id.
     [[nodiscard]] std::int32_t currentCityId() const { return currentCityId_; }
     /// The home city, or nullptr.
@@ -81,9 +92,9 @@ public:
     /// meaningful time, that it was computed for a lower latitude, or that it lies on the evening before.
     /// Nothing on an ordinary day.
     [[nodiscard]] std::optional<std::string> noticeForAlarm(std::int32_t prayerId) const;
-    /// "05:32", with the alarm on "05:32 · Alarm 05:22", each with the notice behind it; the notice alone
-    /// when there is no time; "" without a home city. The prayer's minute is the one that the almanac shows;
-    /// the alarm's is that of its event, cut off.
+    /// "05:32", with the alarm on "05:32 · Alarm tomorrow 05:22", and the notice behind it; "" without a home
+    /// city. The alarm's time is read from its event, by the home city's clock, with this device's beside it
+    /// where that differs; an alarm that is on and does not ring says so.
     [[nodiscard]] std::string summaryOfAlarm(std::int32_t prayerId) const;
 
     // The table (ZorelSettingsController_Table.cpp): cities, alarms, information.
@@ -119,11 +130,8 @@ public:
     int delegateAlarmView_MelodyTimeChanged(UIPickerView& picker, AlarmView& view) override;
 
 private:
-    bool readUserCities();
-    /// The city where times are told; nothing when the catalogue cannot be read or does not have it.
-    [[nodiscard]] std::optional<almanac::Place> placeOf(const City& city) const;
-    /// Gives a city its times of today, when its place is known.
-    void tellTimes(City& city);
+    void readUserCities();
+    void listCity(const UserCity& row, bool home);
     /// Whether the home city's clock is not the device's, by which the alarms ring.
     [[nodiscard]] bool homeClockDiffers() const;
     /// The told time of the home city's day; nothing without one, and for an id that no time has.
@@ -141,8 +149,14 @@ private:
     void fillCityCell(UITableViewCell& cell, int row);
     void fillAlarmCell(UITableViewCell& cell, int row);
     void deleteCity(int row);
-    void moveHomeFrom(int row);
-    void storeAlarm(const AlarmView& view);
+    [[nodiscard]] std::string alarmPart(std::int32_t prayerId) const;
+    [[nodiscard]] std::string ringText(const AlarmStatus& alarm) const;
+    /// What is said of an action that was not done; "" when it was.
+    [[nodiscard]] std::string messageFor(const ActionResult& result) const;
+    [[nodiscard]] std::string listMessage() const;
+    void showCities(const ActionResult& result);
+    int showAlarm(const ActionResult& result, AlarmView& view);
+    ActionResult storeAlarm(const AlarmView& view);
 
     std::vector<PSSpecifier> specifiers_;
     bool specifiersLoaded_ = false;
@@ -151,6 +165,9 @@ private:
     std::unique_ptr<DatabaseFunctions> dbFuncs_;
     std::unique_ptr<UICityHeaderView> cityHeaderView_;
     std::vector<City> userCities_;
+    StoreResult listResult_;
+    mutable std::optional<AlarmReport> alarms_; ///< read when first asked for
+    std::string cityMessage_;
     std::int32_t currentCityId_ = -1;
     std::optional<almanac::Place> homePlace_;
     std::optional<almanac::Day> homeDay_;

@@ -1,57 +1,70 @@
 // SPDX-License-Identifier: Apache-2.0
-// What the user does to cities and alarms. Each step is written to the database before the next one.
+// What the user does to cities and alarms: UserActions does it as a whole, and what came of it is shown.
 #include "settings/ZorelSettingsController.h"
 
+#include "alarms/PrayerAlarms.h"
+#include "common/GlobalFuncs.h"
 #include "platform/foundation/NumberText.h"
-#include "store/AlarmRecords.h"
-#include "store/DatabaseFunctions.h"
-#include "store/StatementText.h"
-#include "store/UserCities.h"
+#include "views/MessageView.h"
+#include "views/Texts.h"
 
-#include <fmt/format.h>
 #include <set>
 
 namespace zorel {
 namespace {
 
 constexpr int kDone = 0;
-constexpr int kRefused = -1;
-
-std::string markAsHome(std::int32_t cityId) {
-    return fmt::format("UPDATE USER_CITY SET SETASHOME={} WHERE ID={}", 1, cityId);
-}
+constexpr int kRefused = -1;   ///< there is no city, or the alarm is off: the editor says so
+constexpr int kNotStored = -2; ///< it has been said why
+constexpr std::int32_t kBusyKey = 1050;
+constexpr std::int32_t kNotStoredKey = 1051;
+constexpr std::int32_t kTakenBackKey = 1052;
+constexpr std::int32_t kListedAlreadyKey = 1053;
+constexpr std::int32_t kUnreadableKey = 1054;
 
 } // namespace
 
-/// A home city that could not be deleted stays the home city: there must not be two.
-void ZorelSettingsController::deleteCity(int row) {
-    if (row < 0 || row >= static_cast<int>(userCities_.size())) {
-        return;
+std::string ZorelSettingsController::messageFor(const ActionResult& result) const {
+    switch (result.state) {
+    case ActionState::done:
+        return {};
+    case ActionState::alreadyListed:
+        return textForKey(*glbFuncs_, kListedAlreadyKey);
+    case ActionState::busy:
+        return textForKey(*glbFuncs_, kBusyKey);
+    case ActionState::unfinished: {
+        constexpr std::int32_t unfinishedKey = 1064;
+        return textForKey(*glbFuncs_, unfinishedKey) + ' ' + result.reason;
     }
-    const City& city = userCities_[static_cast<std::size_t>(row)];
-    const bool wasHome = isMarkedAsHome(city);
-    const bool deleted =
-        dbFuncs_->executeSQL(fmt::format("DELETE FROM USER_CITY WHERE ID = {}", integerValue(city.cityId)));
-    if (deleted && wasHome) {
-        moveHomeFrom(row);
+    case ActionState::refused:
+        return textForKey(*glbFuncs_, kTakenBackKey) + ' ' + result.reason;
+    default:
+        return textForKey(*glbFuncs_, kNotStoredKey) + ' ' + result.reason;
     }
+}
+
+std::string ZorelSettingsController::listMessage() const {
+    switch (listResult_.state) {
+    case StoreState::busy:
+        return textForKey(*glbFuncs_, kBusyKey);
+    case StoreState::failed:
+        return textForKey(*glbFuncs_, kUnreadableKey) + ' ' + listResult_.reason;
+    default:
+        return {};
+    }
+}
+
+void ZorelSettingsController::showCities(const ActionResult& result) {
+    cityMessage_ = messageFor(result);
     loadAllUserCities();
     table().reloadData();
 }
 
-/// The home city goes: the first of the others becomes the home city and takes over the alarms. Without
-/// others they are switched off.
-void ZorelSettingsController::moveHomeFrom(int row) {
-    if (userCities_.size() < 2) {
-        dbFuncs_->clearAllAlarms(true);
-        return;
+void ZorelSettingsController::deleteCity(int row) {
+    if (row >= 0 && row < static_cast<int>(userCities_.size())) {
+        const City& city = userCities_[static_cast<std::size_t>(row)];
+        showCities(actions().removeCity(integerValue(city.cityId)));
     }
-    dbFuncs_->clearAllAlarms(false);
-    userCities_.erase(userCities_.begin() + row);
-    City& next = userCities_.front();
-    dbFuncs_->executeSQL(markAsHome(integerValue(next.cityId)));
-    tellTimes(next);
-    dbFuncs_->setAllAlarms(next);
 }
 
 void ZorelSettingsController::markListedCities() {
@@ -67,63 +80,61 @@ void ZorelSettingsController::delegateUICityHeaderView_AddTapped(UIButtonX& /*bu
     push(*addCityViewController_);
 }
 
-/// A city that is in the list already gets a second row. An empty list is read again first: when it could not
-/// be read, there may be a home city that a second one must not be put beside.
 void ZorelSettingsController::delegateAddCityView_AddTapped(const City& city) {
-    if (userCities_.empty() && !readUserCities()) {
-        return;
-    }
-    const bool isFirst = userCities_.empty();
-    if (isFirst) {
-        dbFuncs_->clearAllAlarms(true);
-    }
-    dbFuncs_->executeSQL(fmt::format("INSERT INTO USER_CITY (ID,SETASHOME) VALUES ({}, {})",
-                                     integerValue(city.cityId), isFirst ? 1 : 0));
-    loadAllUserCities();
-    if (isFirst && !userCities_.empty()) {
-        dbFuncs_->setAllAlarms(userCities_.front());
-    }
+    const ActionResult result = actions().addCity(integerValue(city.cityId));
+    showCities(result);
     markListedCities();
-    table().reloadData();
+    if (!result.isDone()) {
+        MessageView::toastInView(*addCityView_, cityMessage_);
+    }
+    if (result.state == ActionState::alreadyListed) {
+        cityMessage_.clear(); // nothing is wrong with the list
+    }
 }
 
-/// While the former home city cannot be unmarked, no other is marked.
 void ZorelSettingsController::delegateUICityView_HomeTapped(UICityView& view) {
-    if (dbFuncs_->executeSQL("UPDATE USER_CITY SET SETASHOME = 0")) {
-        dbFuncs_->executeSQL(markAsHome(view.cityId()));
-    }
-    loadAllUserCities();
-    dbFuncs_->clearAllAlarms(false);
-    if (const City* home = homeCity()) {
-        dbFuncs_->setAllAlarms(*home);
-    }
+    showCities(actions().makeHome(view.cityId()));
+}
+
+/// Shows in its editor what became of a change of an alarm, and reads the alarms anew.
+int ZorelSettingsController::showAlarm(const ActionResult& result, AlarmView& view) {
+    alarms_ = result.alarms;
     table().reloadData();
+    std::string notice = messageFor(result);
+    if (notice.empty() && result.alarms && result.alarms->of(view.prayerTag()).skipsNext()) {
+        constexpr std::int32_t marginKey = 1055;
+        notice = textForKey(*glbFuncs_, marginKey) + ' ' + ringText(alarms().of(view.prayerTag()));
+    }
+    view.setNotice(notice);
+    return result.isDone() ? kDone : kNotStored;
 }
 
-void ZorelSettingsController::storeAlarm(const AlarmView& view) {
-    const double prayerTime = homeCity()->getRelevantPrayerTime(view.prayerTag());
-    dbFuncs_->updateAlarmDefinitions(view.prayerTag(), view.timeOffset(), prayerTime, view.melodyName(),
-                                     view.melodyTime());
+ActionResult ZorelSettingsController::storeAlarm(const AlarmView& view) {
+    return actions().switchOn(view.prayerTag(), [&view](AlarmInfo& alarm) {
+        alarm.timeOffset = view.timeOffset();
+        alarm.melodyName = view.melodyName();
+        alarm.melodyTime = view.melodyTime();
+    });
 }
 
+/// A switch that could not be followed goes back.
 int ZorelSettingsController::delegateAlarmView_AlarmEnabledChanged(UISwitch& control, AlarmView& view) {
-    if (homeCity() == nullptr) {
+    if (homeCity() == nullptr && listResult_.isDone()) {
         return kRefused;
     }
-    if (control.isOn()) {
-        storeAlarm(view);
-    } else {
-        dbFuncs_->deleteAlarm(view.prayerTag());
+    const int answer =
+        showAlarm(control.isOn() ? storeAlarm(view) : actions().switchOff(view.prayerTag()), view);
+    if (answer == kNotStored) {
+        control.setOn(!control.isOn());
     }
-    return kDone;
+    return answer;
 }
 
 int ZorelSettingsController::delegateAlarmView_TimeChanged(UIPickerView& /*picker*/, AlarmView& view) {
     if (!view.alarmEnabled().isOn() || homeCity() == nullptr) {
         return kRefused;
     }
-    storeAlarm(view);
-    return kDone;
+    return showAlarm(storeAlarm(view), view);
 }
 
 /// The event stays as it is: it does not know the ringtone.
@@ -131,18 +142,14 @@ int ZorelSettingsController::delegateAlarmView_MelodyNameChanged(UIPickerView& /
     if (!view.alarmEnabled().isOn() || homeCity() == nullptr) {
         return kRefused;
     }
-    dbFuncs_->executeSQL(fmt::format(" UPDATE USER_ALARMS SET MELODYNAME = '{}'  WHERE TIMEID = {} ",
-                                     statementText(view.melodyName()), view.prayerTag() - kTimeIdOffset));
-    return kDone;
+    return showAlarm(actions().setRingtone(view.prayerTag(), view.melodyName()), view);
 }
 
 int ZorelSettingsController::delegateAlarmView_MelodyTimeChanged(UIPickerView& /*picker*/, AlarmView& view) {
     if (!view.alarmEnabled().isOn() || homeCity() == nullptr) {
         return kRefused;
     }
-    dbFuncs_->executeSQL(fmt::format(" UPDATE USER_ALARMS SET MELODYTIME = {}  WHERE TIMEID = {} ",
-                                     view.melodyTime(), view.prayerTag() - kTimeIdOffset));
-    return kDone;
+    return showAlarm(actions().setDuration(view.prayerTag(), view.melodyTime()), view);
 }
 
 } // namespace zorel

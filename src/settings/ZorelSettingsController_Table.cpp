@@ -5,14 +5,13 @@
 #include "common/GlobalFuncs.h"
 #include "platform/foundation/NumberText.h"
 #include "store/CitySearch.h"
-#include "store/DatabaseFunctions.h"
 #include "store/UserCities.h"
 #include "views/Texts.h"
 
 #include <algorithm>
-#include <cmath>
 #include <fmt/format.h>
 #include <string_view>
+#include <vector>
 
 namespace zorel {
 namespace {
@@ -20,7 +19,7 @@ namespace {
 enum Section : int { citySection = 0, alarmSection = 1, informationSection = 2 };
 
 constexpr int kSections = 3;
-constexpr int kAlarms = 6;
+constexpr int kAlarmRows = 6;
 constexpr double kCityRowHeight = 60.0;
 constexpr double kRowHeight = 40.0;
 constexpr double kHeaderHeight = 40.0;
@@ -37,17 +36,23 @@ constexpr std::int32_t kRuleOnlyKey = 1047;
 constexpr std::int32_t kRuleIsNewerKey = 1048;
 constexpr std::int32_t kSystemIsOlderKey = 1049;
 constexpr const char* kCellIdentifier = "CellIdentifier";
-constexpr std::int32_t kMinutesPerDay = 1440;
+constexpr std::int32_t kTomorrowKey = 1056;
+constexpr std::int32_t kOnThisDeviceKey = 1057;
+constexpr std::int32_t kPassedKey = 1058;
+constexpr std::int32_t kWillNotRingKey = 1059;
+constexpr std::int32_t kUnknownCityKey = 1063;
 
-/// Minutes since midnight, cut off as for the alarm's event.
-std::int32_t minutesOfDay(double hours) {
-    const double whole = std::trunc(hours);
-    return static_cast<std::int32_t>(whole) * 60 + static_cast<std::int32_t>((hours - whole) * 60.0);
+std::string minuteText(const almanac::LocalTime& time) {
+    return almanac::clockText(time.timeOfDay, almanac::Precision::minutes);
 }
 
-std::string clockText(std::int64_t minutes) {
-    const std::int64_t day = (minutes % kMinutesPerDay + kMinutesPerDay) % kMinutesPerDay;
-    return fmt::format("{:02}:{:02}", day / 60, day % 60);
+/// The texts that are not empty, one behind the other.
+std::string joined(const std::vector<std::string>& parts) {
+    std::string all;
+    for (const std::string& part : parts) {
+        all += all.empty() || part.empty() ? part : " · " + part;
+    }
+    return all;
 }
 
 } // namespace
@@ -61,7 +66,7 @@ int ZorelSettingsController::numberOfRowsInSection(UITableView& /*table*/, int s
     case citySection:
         return std::max(1, static_cast<int>(userCities_.size()));
     case alarmSection:
-        return kAlarms;
+        return kAlarmRows;
     default:
         return 0;
     }
@@ -84,8 +89,11 @@ double ZorelSettingsController::heightForHeaderInSection(UITableView& /*table*/,
 }
 
 std::string ZorelSettingsController::titleForFooterInSection(UITableView& /*table*/, int section) {
-    if (section != informationSection) {
-        return {};
+    if (section == citySection) {
+        return cityMessage_;
+    }
+    if (section == alarmSection) {
+        return listResult_.isDone() ? alarms().complaint() : std::string();
     }
     std::string information = textForKey(*glbFuncs_, kInformationKey);
     if (homeClockDiffers()) {
@@ -115,13 +123,15 @@ void ZorelSettingsController::fillCityCell(UITableViewCell& cell, int row) {
     auto view = std::make_unique<UICityView>(kCityFrame, *glbFuncs_, *glbSettings_);
     view->setDelegate(this);
     if (userCities_.empty()) {
-        view->cityName().setText(textForKey(*glbFuncs_, kNoCityKey));
+        const std::string trouble = listMessage();
+        view->cityName().setText(trouble.empty() ? textForKey(*glbFuncs_, kNoCityKey) : trouble);
         view->cityName().setTextAlignment(UITextAlignment::center);
         view->buttonHome().setHidden(true);
     } else {
         const City& city = userCities_.at(static_cast<std::size_t>(row));
         view->setCityId(integerValue(city.cityId));
-        view->cityName().setText(city.name);
+        view->cityName().setText(
+            city.name.empty() ? textForKey(*glbFuncs_, kUnknownCityKey) + ' ' + city.cityId : city.name);
         if (isMarkedAsHome(city)) {
             view->buttonHome().setSelected(true);
             view->buttonHome().setNeedsDisplay();
@@ -217,21 +227,44 @@ std::string ZorelSettingsController::regionOfCity(int row) const {
 
 std::string ZorelSettingsController::summaryOfAlarm(std::int32_t prayerId) const {
     const almanac::DayTime* time = homeTime(prayerId);
-    if (time == nullptr) {
+    return joined({time != nullptr && time->exists() ? minuteText(time->local) : std::string(),
+                   alarmPart(prayerId), noticeForAlarm(prayerId).value_or(std::string())});
+}
+
+/// What its alarm does, where it is on.
+std::string ZorelSettingsController::alarmPart(std::int32_t prayerId) const {
+    if (homeCity() == nullptr) {
         return {};
     }
-    const std::string notice = noticeForAlarm(prayerId).value_or(std::string());
-    if (!time->exists()) {
-        return notice;
+    const AlarmStatus& alarm = alarms().of(prayerId);
+    switch (alarm.state) {
+    case AlarmState::rings:
+        return textForKey(*glbFuncs_, kAlarmKey) + ' ' + ringText(alarm);
+    case AlarmState::passed:
+        return textForKey(*glbFuncs_, kPassedKey);
+    case AlarmState::failed:
+        return textForKey(*glbFuncs_, kWillNotRingKey);
+    default:
+        return {};
     }
-    std::string summary = almanac::clockText(time->local.timeOfDay, almanac::Precision::minutes);
-    const AlarmInfo alarm = dbFuncs_->getAlarmInfo(prayerId);
-    if (alarm.active) {
-        const double handedOver = homeCity()->getRelevantPrayerTime(prayerId);
-        summary += fmt::format(" · {} {}", textForKey(*glbFuncs_, kAlarmKey),
-                               clockText(minutesOfDay(handedOver) + alarm.timeOffset));
+}
+
+std::string ZorelSettingsController::ringText(const AlarmStatus& alarm) const {
+    const almanac::PlaceClock here = almanac::PlaceClock::ofMachine();
+    const almanac::PlaceClock& clock = homePlace_ ? homePlace_->clock : here;
+    const almanac::LocalTime there = clock.localTime(*alarm.ringsAt);
+    const std::int64_t days = almanac::daysBetween(currentDate(), there.date);
+    std::string text = minuteText(there);
+    if (days == 1) {
+        text = textForKey(*glbFuncs_, kTomorrowKey) + ' ' + text;
+    } else if (days != 0) {
+        text = almanac::isoDate(there.date) + ' ' + text;
     }
-    return notice.empty() ? summary : summary + " · " + notice;
+    const almanac::LocalTime local = here.localTime(*alarm.ringsAt);
+    if (local.offset != there.offset) {
+        text += fmt::format(" ({} {})", minuteText(local), textForKey(*glbFuncs_, kOnThisDeviceKey));
+    }
+    return text;
 }
 
 std::string ZorelSettingsController::clockNotice() const {

@@ -33,24 +33,24 @@ void DatabaseFunctions::generateUserDatabaseFile() {
     }
     const std::string error = createUserDatabase(userDBPath_);
     if (!error.empty()) {
-        logTrouble(error);
+        logTrouble({}, error);
     }
 }
 
-void DatabaseFunctions::logTrouble(const std::string& reason) {
+void DatabaseFunctions::logTrouble(std::string_view operation, const std::string& reason) {
     trouble_ = reason;
-    glbFuncs_.NSLogToFile(reason);
+    glbFuncs_.NSLogToFile(operation.empty() ? reason : fmt::format("Error in {} : {}", operation, reason));
 }
 
 /// Opens the user database; a failure is logged under the operation's name.
 std::optional<Database> DatabaseFunctions::openOrLog(std::string_view operation) {
     if (!glbFuncs_.fileExists(userDBPath_)) {
-        logTrouble(fmt::format("Error in {} : DB file not exists", operation));
+        logTrouble(operation, "DB file not exists");
         return std::nullopt;
     }
     auto database = Database::openUser(userDBPath_, UserLock::patience(userDBPath_));
     if (!database) {
-        logTrouble(fmt::format("Error in {} : DB not opened", operation));
+        logTrouble(operation, "DB not opened");
     }
     return database;
 }
@@ -59,7 +59,7 @@ std::optional<Database> DatabaseFunctions::openOrLog(std::string_view operation)
 bool DatabaseFunctions::executeOrLog(const Database& database, const std::string& statement) {
     const auto error = database.execute(statement);
     if (error) {
-        logTrouble(*error);
+        logTrouble({}, *error);
     }
     return !error;
 }

@@ -68,9 +68,10 @@ public:
 
     // What went wrong.
 
-    /// Logs why something could not be done, and keeps it.
-    void logTrouble(const std::string& reason);
-    /// What was logged last; empty after forgetTrouble and until something goes wrong.
+    /// Logs why an operation could not be done ("Error in saveEvent : no room"), and keeps the reason.
+    /// Without an operation the reason is logged as it is.
+    void logTrouble(std::string_view operation, const std::string& reason);
+    /// The latest reason; empty after forgetTrouble and until something goes wrong.
     [[nodiscard]] const std::string& trouble() const { return trouble_; }
     void forgetTrouble() { trouble_.clear(); }
 

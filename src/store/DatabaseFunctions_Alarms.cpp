@@ -57,7 +57,7 @@ public:
     AlarmLock(DatabaseFunctions& database, std::string_view operation)
         : lock_(database.userDBPath(), LockKind::exclusive) {
         if (!lock_.isHeld()) {
-            database.logTrouble(fmt::format("Error in {} : {}", operation, lock_.reason()));
+            database.logTrouble(operation, lock_.reason());
         }
     }
     [[nodiscard]] bool isHeld() const { return lock_.isHeld(); }
@@ -133,7 +133,7 @@ void removeEvent(const Context& context, const EKEventStore& store, const std::s
     std::string reason;
     const auto event = store.eventWithIdentifier(eventId);
     if (event && !store.removeEvent(*event, EKSpan::thisEvent, &reason)) {
-        context.database.logTrouble("Error in removeEvent : " + reason);
+        context.database.logTrouble("removeEvent", reason);
     }
 }
 
@@ -187,7 +187,7 @@ std::string placeEvent(const Context& context, const EKEventStore& store, const 
     event.endDate = dateFromComponents(endOf(glbFuncs, start));
     event.calendar = store.defaultCalendarForNewEvents();
     if (std::string reason; !store.saveEvent(event, EKSpan::thisEvent, &reason)) {
-        context.database.logTrouble("Error in saveEvent : " + reason);
+        context.database.logTrouble("saveEvent", reason);
     }
     return event.eventIdentifier;
 }

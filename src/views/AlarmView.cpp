@@ -8,6 +8,7 @@
 #include "views/Texts.h"
 
 #include <algorithm>
+#include <utility>
 
 namespace zorel {
 namespace {
@@ -121,7 +122,15 @@ void AlarmView::setAlarmInfo(std::int32_t prayerTag) {
     pickerTime_->selectRow(offsetRow(timeOffset_), false);
     pickerMelodyTime_->selectRow(melodyTime_, false);
     selectMelody(info.melodyName);
+    notice_.clear();
     alarmTableView_->reloadData();
+}
+
+void AlarmView::setNotice(std::string notice) {
+    if (notice != notice_) {
+        notice_ = std::move(notice);
+        alarmTableView_->reloadData();
+    }
 }
 
 /// Selects the ringtone of exactly this name, or the first one.

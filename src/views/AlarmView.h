@@ -47,6 +47,10 @@ public:
     /// Loads the alarm of a prayer (200 to 205) and sets the controls to it. A ringtone that is no longer
     /// there, or none, shows the first one.
     void setAlarmInfo(std::int32_t prayerTag);
+    /// A line below the switch that says what came of the last change; empty: none. Loading an alarm empties
+    /// it.
+    void setNotice(std::string notice);
+    [[nodiscard]] const std::string& notice() const { return notice_; }
     /// The switch has been flipped: a delegate that refuses has it turned back, with a message.
     void switchState(UISwitch& control);
 
@@ -83,6 +87,7 @@ public:
     int numberOfRowsInSection(UITableView& table, int section) override;
     double heightForHeaderInSection(UITableView& table, int section) override;
     std::string titleForHeaderInSection(UITableView& table, int section) override;
+    std::string titleForFooterInSection(UITableView& table, int section) override;
     double heightForRowAtIndexPath(UITableView& table, NSIndexPath indexPath) override;
     std::unique_ptr<UITableViewCell> cellForRowAtIndexPath(UITableView& table,
                                                            NSIndexPath indexPath) override;
@@ -116,6 +121,7 @@ private:
     std::unique_ptr<UIPickerView> pickerMelodyTime_;
     std::unique_ptr<UITableView> alarmTableView_;
     std::string melodyName_;
+    std::string notice_;
     std::int32_t prayerTag_ = 0;
     std::int32_t timeOffset_ = 0;
     std::int32_t melodyTime_ = 0;

@@ -132,6 +132,10 @@ std::string AlarmView::titleForHeaderInSection(UITableView& /*table*/, int secti
     return section == 0 ? std::string() : textForKey(glbFuncs_, kFirstHeaderKey + section - 1);
 }
 
+std::string AlarmView::titleForFooterInSection(UITableView& /*table*/, int section) {
+    return section == 0 ? notice_ : std::string();
+}
+
 UIView& AlarmView::accessoryOfSection(int section) const {
     switch (section) {
     case 1:

@@ -186,7 +186,7 @@ TEST(CliErrors, AnAlarmThatCannotBeMovedIsSaid) {
     // A file in the place of the calendar's folder.
     std::filesystem::remove_all(run.folder.path("data/calendar"));
     writeFile(run.folder.path("data/calendar"), "x");
-    expectDataTrouble(run, "alarms refresh", "the alarm fajr could not be moved to its next time");
+    expectDataTrouble(run, "alarms refresh", "the alarm fajr will not ring: cannot make the folder");
 }
 
 TEST(CliErrors, ABrokenCatalogueIsDataTroubleOrNoResultButNeverACrash) {

@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: Apache-2.0
 // Cities and alarms from the terminal: the pane's rules, the calendar folder, refreshing twice.
 #include "CliRunner.h"
+#include "platform/foundation/FileLock.h"
 
 #include <gtest/gtest.h>
 #include <nlohmann/json.hpp>
@@ -78,7 +79,8 @@ TEST_F(CliPane, AnAlarmIsAnEventOfTheCalendar) {
     const auto files = calendarFiles();
     ASSERT_EQ(files.size(), 1U);
     EXPECT_NE(files.begin()->second.find("SUMMARY:Prayer Alarm"), std::string::npos);
-    EXPECT_EQ(alarm(2)["rings_at"].get<std::string>().substr(0, 13), "2026-11-21T12");
+    EXPECT_EQ(alarm(2)["rings_at"], alarm(2)["prayer_time"]) << "what rings is what is shown";
+    EXPECT_EQ(alarm(2)["state"], "rings");
     ok("alarms off dhuhr");
     EXPECT_EQ(alarm(2)["active"], false);
     EXPECT_TRUE(alarm(2)["rings_at"].is_null());
@@ -170,8 +172,69 @@ TEST_F(CliPane, AlarmsOfACityWithAnotherClockComeWithAWarning) {
     ok("cities add Tokyo");
     ok("cities home Tokyo");
     EXPECT_NE(
-        ok("alarms on fajr").err.find("this machine's clock (UTC+03:00), not by that of Tokyo (UTC+09:00)"),
+        ok("alarms on fajr").err.find("at the times of Tokyo (UTC+09:00); this machine's clock is UTC+03:00"),
         std::string::npos);
+}
+
+/// Nobody has refreshed for three days: the list must not promise a ring, nor may its status.
+TEST_F(CliPane, AnAlarmThatHasPassedIsSaidAndIsNoSuccess) {
+    ok("cities add Istanbul");
+    ok("alarms on fajr");
+    ok("alarms");
+    run.common = "--lang en --now 2026-11-24T09:00:00+03:00";
+    const CliResult passed = run("alarms");
+    EXPECT_EQ(passed.code, 3);
+    EXPECT_NE(passed.out.find("2026-11-22 06:"), std::string::npos) << passed.out;
+    EXPECT_NE(passed.out.find("has passed"), std::string::npos) << passed.out;
+    EXPECT_NE(passed.err.find("zorel alarms refresh"), std::string::npos) << passed.err;
+    EXPECT_EQ(Json::parse(run("alarms --json").out)["alarms"][0]["state"], "passed");
+    ok("alarms refresh");
+    EXPECT_EQ(ok("alarms").out.find("has passed"), std::string::npos);
+    EXPECT_EQ(alarm(0)["rings_at"].get<std::string>().substr(0, 10), "2026-11-25");
+}
+
+TEST_F(CliPane, AnAlarmDueAtOnceWaitsForItsNextTimeAndSaysSo) {
+    run.common = "--lang en --now 2026-11-21T12:57:00+03:00";
+    ok("cities add Istanbul");
+    EXPECT_NE(ok("alarms on dhuhr").err.find("less than five minutes are left"), std::string::npos);
+    EXPECT_EQ(alarm(2)["skips_next"], true);
+    EXPECT_EQ(alarm(2)["rings_at"].get<std::string>().substr(0, 10), "2026-11-22");
+    ok("alarms refresh");
+    EXPECT_EQ(alarm(2)["rings_at"].get<std::string>().substr(0, 10), "2026-11-22") << "what is right stays";
+}
+
+/// A file in the place of the calendar's folder takes no event and lets none go.
+TEST_F(CliPane, WhatTheCalendarRefusesIsTakenBackAndIsNoSuccess) {
+    ok("cities add Istanbul");
+    ok("cities add Tokyo");
+    ok("alarms on fajr");
+    const std::string folder = run.folder.path("data/calendar");
+    std::filesystem::rename(folder, folder + ".away");
+    writeFile(folder, "x");
+    for (const char* line : {"alarms on asr", "cities home Tokyo", "cities remove Istanbul"}) {
+        const CliResult result = run(line);
+        EXPECT_EQ(result.code, 3) << line;
+        EXPECT_NE(result.err.find("taken back"), std::string::npos) << result.err;
+        EXPECT_EQ(cities()[0]["home"], true) << line;
+    }
+    std::filesystem::remove(folder);
+    std::filesystem::rename(folder + ".away", folder);
+    ok("alarms refresh");
+    EXPECT_EQ(alarm(3)["active"], false);
+    EXPECT_EQ(calendarFiles().size(), 1U);
+    ok("cities home Tokyo");
+    ok("alarms off fajr");
+    EXPECT_TRUE(calendarFiles().empty());
+}
+
+TEST_F(CliPane, ABusyDatabaseIsCalledBusy) {
+    ok("cities add Istanbul");
+    const FileLock other(run.folder.path("data/user.sqlite.lock"));
+    ASSERT_EQ(other.state(), LockState::acquired);
+    const CliResult result = run("cities");
+    EXPECT_EQ(result.code, 3);
+    EXPECT_NE(result.err.find("another program is working"), std::string::npos) << result.err;
+    EXPECT_NE(result.err.find("try again"), std::string::npos) << result.err;
 }
 
 TEST_F(CliPane, AnotherCalendarFolder) {

@@ -24,18 +24,34 @@ protected:
 
     QTemporaryDir folder;
     QString path = folder.filePath("file");
-    almanac::Date today{std::chrono::year{2026}, std::chrono::March, std::chrono::day{4}};
+    std::string moment = "one day";
     int renewed = 0;
-    Freshness freshness{path, [this] { return today; }, [this] { ++renewed; }};
+    Freshness freshness{path, [this] { return moment; }, [this] { ++renewed; }};
 };
 
-TEST_F(FreshnessTest, ANewDayIsSaidOnce) {
+TEST_F(FreshnessTest, ANewMomentIsSaidOnce) {
     freshness.look(false);
     EXPECT_EQ(renewed, 0);
-    today = almanac::addDays(today, 1);
+    moment = "another day";
     freshness.look(false);
     freshness.look(false);
     EXPECT_EQ(renewed, 1);
+}
+
+TEST_F(FreshnessTest, AClockThatWasSetIsSaidOnce) {
+    freshness.look(false);
+    EXPECT_EQ(renewed, 0);
+    for (const auto set : {std::chrono::hours{2}, -std::chrono::hours{3}}) {
+        renewed = 0;
+        const ClockOverride clock(now() + set);
+        freshness.look(false);
+        freshness.look(false);
+        EXPECT_EQ(renewed, 1) << set.count();
+        const Instant before = now();
+        const ClockOverride steered(before + std::chrono::seconds{3});
+        freshness.look(false);
+        EXPECT_EQ(renewed, 1);
+    }
 }
 
 TEST_F(FreshnessTest, AFileThatWasWrittenIsSaidWhenTheWindowComesToTheFront) {

@@ -4,6 +4,7 @@
 /// of it is looked up in the table, in the database and in the folder of calendar events.
 #pragma once
 
+#include "alarms/NextRings.h"
 #include "common/GlobalFuncs.h"
 #include "platform/eventkit/FolderCalendar.h"
 #include "platform/foundation/Clock.h"
@@ -123,16 +124,24 @@ protected:
         const auto ids = query("SELECT EVENTID FROM USER_ALARMS WHERE TIMEID = " + std::to_string(timeId));
         return FolderCalendar(Locations::current().data + "/calendar").eventWithIdentifier(ids.at(0));
     }
-    /// Minutes since local midnight at which an event begins.
-    [[nodiscard]] static int minuteOfDay(const EKEvent& event) {
-        const LocalDateTime start = localDateTime(event.startDate);
-        return start.hour * 60 + start.minute;
+    /// The home city's next times of a prayer, by its almanac. @param offset [min]
+    [[nodiscard]] NextRings dueTimes(int timeId, std::int32_t offset) const {
+        const auto rows = storedUserCities(pane->dbFuncs().userDBPath()).rows;
+        const HomePlace home = homePlaceOf(pane->glbFuncs(), rows);
+        const auto present = std::chrono::floor<std::chrono::seconds>(now());
+        return AlarmDays(home.place.value(), present)
+            .nextRings(almanac::prayerOfId(kTimeIdOffset + timeId).value(), offset);
     }
-    /// Minutes since midnight at which the home city's prayer lies, without seconds.
-    [[nodiscard]] int prayerMinute(int timeId) const {
-        const double hours = pane->homeCity()->getRelevantPrayerTime(kTimeIdOffset + timeId);
-        const int whole = static_cast<int>(hours);
-        return whole * 60 + static_cast<int>((hours - whole) * 60.0);
+    /// When an alarm that has just been changed should ring.
+    [[nodiscard]] Instant dueAt(int timeId, std::int32_t offset = 0) const {
+        return dueTimes(timeId, offset).afterMargin.value();
+    }
+    /// What the clock of the home city shows then, "15:04".
+    [[nodiscard]] std::string homeClock(Instant instant) const {
+        const auto rows = storedUserCities(pane->dbFuncs().userDBPath()).rows;
+        const auto clockThere = homePlaceOf(pane->glbFuncs(), rows).place.value().clock;
+        const auto shown = clockThere.localTime(std::chrono::floor<std::chrono::seconds>(instant));
+        return almanac::clockText(shown.timeOfDay, almanac::Precision::minutes);
     }
     [[nodiscard]] static City cityNamed(const std::string& search, const std::string& name) {
         static GlobalFuncs funcs; // cities refer to it

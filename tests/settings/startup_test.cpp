@@ -136,7 +136,9 @@ TEST_F(StartUp, OnlyTheHomeCityGetsTimes) {
                     integerValue(home.DST), integerValue(home.startMonth), integerValue(home.startDay),
                     integerValue(home.stopMonth), integerValue(home.stopDay), integerValue(home.hour),
                     integerValue(home.temkin));
-    EXPECT_EQ(home.aNamazVakitleri, engine.CalculatePrayTimes().today);
+    PrayerTimes expected = engine.CalculatePrayTimes().today;
+    expected.ezani = {}; // not computed yet, a working value apart
+    EXPECT_EQ(home.aNamazVakitleri, expected);
     for (int prayer = 200; prayer < 205; ++prayer) {
         EXPECT_LT(home.getRelevantPrayerTime(prayer), home.getRelevantPrayerTime(prayer + 1));
     }
@@ -150,7 +152,9 @@ TEST_F(StartUp, CityThatTheCatalogueDoesNotKnowStaysEmpty) {
     EXPECT_EQ(pane->homeCity()->name, "");
     EXPECT_EQ(pane->homeCity()->cityId, "2147483647");
     EXPECT_TRUE(log().empty()) << log();
-    EXPECT_EQ(cityRow(0).cityName().text(), "");
+    EXPECT_EQ(cityRow(0).cityName().text(), "Unknown city 2147483647");
+    EXPECT_FALSE(pane->homeDay()) << "such a city has no times";
+    EXPECT_EQ(pane->summaryOfAlarm(203), "");
 }
 
 TEST_F(StartUp, MissingDatabaseLeavesNoCities) {
@@ -188,9 +192,9 @@ TEST_F(StartUp, ExceptionIsLoggedUnderAnothersName) {
     std::istringstream lines(log());
     std::string line;
     std::getline(lines, line);
-    EXPECT_EQ(line, "[09:00:00] Error in ZorelController -> calculatePrayerTimes");
+    EXPECT_EQ(line, "[2026-03-10 09:00:00] Error in ZorelController -> calculatePrayerTimes");
     std::getline(lines, line);
-    EXPECT_EQ(line, "[09:00:00] the clock stands still");
+    EXPECT_EQ(line, "[2026-03-10 09:00:00] the clock stands still");
     EXPECT_EQ(pane->userCities().size(), 1U) << "work already done stays";
     EXPECT_EQ(pane->currentCityId(), 0);
 }

@@ -3,7 +3,6 @@
 #include "almanac/Almanac.h"
 #include "tests/settings/PaneFixture.h"
 
-#include <cmath>
 #include <fmt/format.h>
 
 namespace zorel {
@@ -45,8 +44,8 @@ TEST_F(PaneTable, HeadersAndFooter) {
     EXPECT_TRUE(table.titleForFooter(2).starts_with("Every alarm is an event in the calendar"));
 }
 
-TEST_F(PaneTable, TheFooterTellsWhenAlarmsRingByAnotherClock) {
-    const std::string otherClock = "ring by the clock of this device";
+TEST_F(PaneTable, TheFooterTellsWhenThisDeviceHasAnotherClock) {
+    const std::string otherClock = "The clock of this device is not that of the home city";
     addCity("konya", "Konya");
     UITableView& table = pane->table();
     for (const char* zone : {"Europe/London", "America/Lima", "Asia/Kolkata"}) {
@@ -163,23 +162,46 @@ TEST_F(PaneTable, SummarySaysPrayerAndAlarmTime) {
     EXPECT_EQ(pane->summaryOfAlarm(200), "");
     EXPECT_FALSE(pane->noticeForAlarm(200));
     addAnkara();
-    const auto text = [](int minutes) {
-        const std::string two = std::to_string(100 + minutes / 60).substr(1);
-        return two + ":" + std::to_string(100 + minutes % 60).substr(1);
-    };
-    const double exact = pane->homeCity()->getRelevantPrayerTime(203) * 60.0;
-    ASSERT_GT(exact, std::floor(exact)) << "a time between two minutes";
-    EXPECT_EQ(pane->summaryOfAlarm(203), text(prayerMinute(4) + 1)) << "nobody prays early";
-    EXPECT_EQ(pane->summaryOfAlarm(200), text(prayerMinute(1))) << "nobody eats after dawn";
-    EXPECT_EQ(pane->table().detailForRow({1, 3}), pane->summaryOfAlarm(203));
+    const TimeZoneOverride device("Europe/Istanbul");
+    const std::string shown = homeClock(dueAt(4));
+    EXPECT_EQ(pane->summaryOfAlarm(203), shown);
+    EXPECT_EQ(pane->table().detailForRow({1, 3}), shown);
     EXPECT_EQ(pane->table().detailForRow({0, 0}), "Türkiye") << "a city tells its region and country";
     AlarmView& alarm = openAlarm(3);
     alarm.pickerTime().userPicksRow(49);
     alarm.alarmEnabled().userToggles();
-    EXPECT_EQ(pane->summaryOfAlarm(203),
-              text(prayerMinute(4) + 1) + " · Alarm " + text(prayerMinute(4) - 10));
-    EXPECT_EQ(minuteOfDay(*eventOfAlarm(4)), prayerMinute(4) - 10);
+    EXPECT_EQ(pane->summaryOfAlarm(203), shown + " · Alarm " + homeClock(dueAt(4, -10)));
+    EXPECT_EQ(eventOfAlarm(4)->startDate, dueAt(4, -10));
     EXPECT_FALSE(pane->noticeForAlarm(203));
+}
+
+TEST_F(PaneTable, SummarySaysTomorrowAndTheTimeOfThisDevice) {
+    addAnkara();
+    toggleAlarm(0);
+    const TimeZoneOverride here("Europe/Berlin");
+    pane->loadAllUserCities();
+    const Instant dawn = dueAt(1);
+    const LocalDateTime local = localDateTime(dawn);
+    EXPECT_TRUE(pane->summaryOfAlarm(200).ends_with(fmt::format(
+        " · Alarm tomorrow {} ({:02}:{:02} on this device)", homeClock(dawn), local.hour, local.minute)))
+        << pane->summaryOfAlarm(200);
+}
+
+/// Nothing moves it until somebody refreshes: the row must not promise a ring.
+TEST_F(PaneTable, SummarySaysThatAnAlarmHasPassedOrWillNotRing) {
+    addAnkara();
+    toggleAlarm(3);
+    clock.reset();
+    clock.emplace(instantFromLocal({2026, 3, 13, 9, 0, 0, 0.0}));
+    pane->loadAllUserCities();
+    EXPECT_TRUE(pane->summaryOfAlarm(203).ends_with(" · Alarm has passed")) << pane->summaryOfAlarm(203);
+    EXPECT_NE(pane->table().titleForFooter(1), "");
+    pane->refreshAlarms();
+    EXPECT_NE(pane->summaryOfAlarm(203).find(" · Alarm " + homeClock(dueAt(4))), std::string::npos);
+    EXPECT_EQ(pane->table().titleForFooter(1), "");
+    std::filesystem::remove_all(Locations::current().data + "/calendar");
+    pane->loadAllUserCities();
+    EXPECT_TRUE(pane->summaryOfAlarm(203).ends_with(" · Alarm will not ring"));
 }
 
 /// A home city far from this device, on a day of its own.

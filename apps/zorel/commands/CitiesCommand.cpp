@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: Apache-2.0
 #include "commands/Commands.h"
 
+#include "commands/CataloguePlaces.h"
 #include "commands/HeadlessPane.h"
 #include "commands/PlaceResolver.h"
 #include "commands/UserData.h"
@@ -25,12 +26,25 @@ Json cityJson(const Context& context, const City& city, bool home) {
                 {"home", home}};
 }
 
+/// What stands for a city whose name the catalogue did not tell.
+std::string namelessText(const Context& context, const City& city) {
+    bool readable = false;
+    const auto place = placeById(context.services, integerValue(city.cityId), readable);
+    if (!readable) {
+        throw unreadableCatalogue(context.services);
+    }
+    return place ? citySearchText(context.services, place->city)
+                 : std::string(context.word(Word::notInCatalogue));
+}
+
 void list(const Context& context, const HeadlessPane& pane) {
     TextTable table("lrl");
     Json cities = Json::array();
     for (const City* city : pane.cities()) {
         const bool home = city == pane.home();
-        table.add({home ? "*" : "", city->cityId, citySearchText(context.services, *city)},
+        const std::string name =
+            city->name.empty() ? namelessText(context, *city) : citySearchText(context.services, *city);
+        table.add({home ? "*" : "", city->cityId, name},
                   home ? TextTable::Emphasis::bold : TextTable::Emphasis::none);
         cities.push_back(cityJson(context, *city, home));
     }
@@ -95,17 +109,19 @@ std::size_t wantedRow(const Context& context, const HeadlessPane& pane) {
     return rows.front();
 }
 
-bool isListed(const HeadlessPane& pane, const std::string& id) {
-    const auto cities = pane.cities();
-    return std::any_of(cities.begin(), cities.end(), [&](const City* city) { return city->cityId == id; });
+/// Shows the list after an action. That it cannot be read any more does not undo what was done.
+Exit listAfterwards(const Context& context, const HeadlessPane& pane) {
+    try {
+        pane.requireLoaded();
+        list(context, pane);
+    } catch (const CliError& error) {
+        context.note(fmt::format("this was done, but cannot be shown: {}", error.what()));
+    }
+    return Exit::ok;
 }
 
-/// The pane only logs what it could not store.
-void requireStored(bool stored, const std::string& name) {
-    if (!stored) {
-        throw CliError(Exit::dataTrouble, fmt::format("the change of {} could not be stored", name),
-                       storingHint());
-    }
+std::string changeOf(const City& city) {
+    return fmt::format("the change of {}", city.name.empty() ? city.cityId : city.name);
 }
 } // namespace
 
@@ -118,33 +134,29 @@ Exit runCities(const Context& context) {
 Exit runCitiesAdd(const Context& context) {
     const City city = wantedCity(context);
     HeadlessPane pane;
-    if (isListed(pane, city.cityId)) {
+    const ActionResult result =
+        pane.act([&](UserActions& actions) { return actions.addCity(integerValue(city.cityId)); });
+    requireDone(result, changeOf(city));
+    if (result.state == ActionState::alreadyListed) {
         context.note(fmt::format("{} is in your list already", city.name));
-    } else {
-        pane.add(city);
     }
-    requireStored(isListed(pane, city.cityId), city.name);
-    list(context, pane);
-    return Exit::ok;
+    return listAfterwards(context, pane);
 }
 
 Exit runCitiesHome(const Context& context) {
     HeadlessPane pane;
     const City city = *pane.cities()[wantedRow(context, pane)];
-    pane.makeHome(integerValue(city.cityId));
-    requireStored(homeCityId() == integerValue(city.cityId), city.name);
-    list(context, pane);
-    return Exit::ok;
+    requireDone(pane.act([&](UserActions& actions) { return actions.makeHome(integerValue(city.cityId)); }),
+                changeOf(city));
+    return listAfterwards(context, pane);
 }
 
 Exit runCitiesRemove(const Context& context) {
     HeadlessPane pane;
-    const std::size_t row = wantedRow(context, pane);
-    const City city = *pane.cities()[row];
-    pane.remove(row);
-    requireStored(!isListed(pane, city.cityId), city.name);
-    list(context, pane);
-    return Exit::ok;
+    const City city = *pane.cities()[wantedRow(context, pane)];
+    requireDone(pane.act([&](UserActions& actions) { return actions.removeCity(integerValue(city.cityId)); }),
+                changeOf(city));
+    return listAfterwards(context, pane);
 }
 
 } // namespace zorel::cli

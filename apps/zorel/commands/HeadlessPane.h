@@ -1,13 +1,12 @@
 // SPDX-License-Identifier: Apache-2.0
 /// @file
-/// The settings pane without a window: every change of cities and alarms goes through its controller, so that
-/// the pane's rules hold in the terminal too.
+/// The settings pane without a window: its list of cities, and the choices that its alarm editor offers.
 #pragma once
 
-#include "store/AlarmRecords.h"
+#include "alarms/UserActions.h"
+#include "common/UIComboboxItem.h"
 #include "store/City.h"
 
-#include <cstddef>
 #include <cstdint>
 #include <functional>
 #include <memory>
@@ -15,7 +14,6 @@
 #include <vector>
 
 namespace zorel {
-class AlarmView;
 class ZorelSettingsController;
 } // namespace zorel
 
@@ -24,7 +22,7 @@ namespace zorel::cli {
 class HeadlessPane {
 public:
     /// Opens the pane: makes the user database if there is none, loads the cities, computes the home city's
-    /// times.
+    /// times. @throws CliError (data trouble) when the cities cannot be read.
     HeadlessPane();
     HeadlessPane(const HeadlessPane&) = delete;
     HeadlessPane& operator=(const HeadlessPane&) = delete;
@@ -33,24 +31,16 @@ public:
     [[nodiscard]] std::vector<const City*> cities() const;
     /// The home city, or nullptr without cities.
     [[nodiscard]] const City* home() const;
+    /// What the alarms do.
+    [[nodiscard]] const AlarmReport& alarms() const;
 
-    void add(const City& city);
-    void makeHome(std::int32_t cityId);
-    /// @param row position in cities().
-    void remove(std::size_t row);
+    /// Does something as the pane does it, and loads the cities anew.
+    ActionResult act(const std::function<ActionResult(UserActions&)>& action);
+    /// @throws CliError (data trouble) when the cities could not be loaded after the latest action.
+    void requireLoaded() const;
 
-    [[nodiscard]] AlarmInfo alarm(std::int32_t prayerId) const;
-    /// Calendar event that carries an alarm; empty when there is none.
-    [[nodiscard]] std::string eventId(std::int32_t prayerId) const;
-    /// Loads an alarm into the editor, lets `edit` change what the user would change, and reports it to the
-    /// controller as the editor does. False when the controller refuses (no city, or the alarm is off).
-    enum class Change { on, off, offset, ringtone, duration };
-    [[nodiscard]] bool edit(std::int32_t prayerId, Change change,
-                            const std::function<void(AlarmView&)>& edit);
-    /// The editor with its lists of ringtones and durations.
-    [[nodiscard]] AlarmView& editor() const;
-    /// Moves every active alarm to its next occurrence by the home city's times.
-    void refresh();
+    [[nodiscard]] const std::vector<UIComboboxItem>& ringtones() const;
+    [[nodiscard]] const std::vector<UIComboboxItem>& durations() const;
 
 private:
     std::unique_ptr<ZorelSettingsController> controller_;

@@ -4,6 +4,8 @@
 /// names.
 #pragma once
 
+#include "alarms/UserActions.h"
+
 #include <cstdint>
 #include <string>
 
@@ -16,6 +18,9 @@ void makeDataDir();
 /// for an empty one.
 void requireReadableUserData();
 
+/// @throws CliError (data trouble) unless the cities were read; "busy" is said apart from "cannot".
+void requireRead(const StoreResult& result);
+
 /// The catalogue id of the home city, read from the user database by the pane's rule: the first city marked
 /// as home, else the first one; 0 when there is none.
 /// @throws CliError (data trouble) when there is a user database that cannot be read.
@@ -23,5 +28,12 @@ void requireReadableUserData();
 
 /// What to do when something could not be stored.
 [[nodiscard]] std::string storingHint();
+
+/// What to do about what is wrong with the alarms.
+[[nodiscard]] std::string remedyFor(const AlarmReport& report);
+
+/// @param what the action was about ("the change of Bursa"). @throws CliError with reason and remedy unless
+/// the action was done.
+void requireDone(const ActionResult& result, const std::string& what);
 
 } // namespace zorel::cli

@@ -338,7 +338,7 @@ private:
             ->type_name("")
             ->required()
             ->check(CLI::IsMember({"gnome", "none"}));
-        command(*alarms, "refresh", "Move every active alarm to its next occurrence (for a daily timer)");
+        command(*alarms, "refresh", "Move every active alarm to its next time (for a daily timer)");
     }
 
     void addWidget() {

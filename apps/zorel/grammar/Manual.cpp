@@ -103,8 +103,7 @@ const std::vector<Section>& sections() {
          "dawn, nobody prays before a prayer's time. With --seconds the same holds for whole seconds. "
          "The engine's own rounding goes to the nearest minute plus a second, which can be too early for a "
          "prayer, so it "
-         "is not used here. An alarm rings at the beginning of the minute that its time falls in, moved by "
-         "its offset."},
+         "is not used here. An alarm rings at the minute that is shown, moved by its offset."},
         {"EXIT STATUS",
          {{"0", "the question was answered"},
           {"1", "the question was good, the answer is nothing (no such place)"},
@@ -120,7 +119,8 @@ const std::vector<Section>& sections() {
         {"FILES",
          {{"~/.local/share/zorel/user.sqlite", "cities and alarms"},
           {"~/.local/share/zorel/calendar/", "one .ics file for each active alarm"},
-          {"~/.local/share/zorel/SettingsLog.txt", "what went wrong, with the time of day"}},
+          {"~/.local/share/zorel/SettingsLog.txt",
+           "what went wrong, with date and time; at 128 KiB it becomes SettingsLog.1.txt"}},
          ""},
     };
     return list;

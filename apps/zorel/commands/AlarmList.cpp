@@ -1,0 +1,203 @@
+// SPDX-License-Identifier: Apache-2.0
+#include "commands/AlarmList.h"
+
+#include "commands/CataloguePlaces.h"
+#include "print/ClockNotices.h"
+#include "print/DayJson.h"
+#include "print/DayText.h"
+
+#include "almanac/Almanac.h"
+#include "store/CatalogueLookup.h"
+
+#include <fmt/format.h>
+
+#include <optional>
+
+namespace zorel::cli {
+
+namespace {
+constexpr std::int32_t kNoSuchTimeText = 1043;
+
+/// The report, and the home city's day beside it.
+struct List {
+    const AlarmReport& report;
+    std::optional<ShownPlace> home;
+    almanac::Date today{};
+    almanac::Day day;
+};
+
+List listOf(const Context& context, const AlarmReport& report) {
+    List list{report, std::nullopt, {}, {}};
+    const auto row = report.home.place ? placeById(context.services, report.home.cityId) : std::nullopt;
+    if (row) {
+        list.home = shownPlace(*row);
+        list.today = list.home->clock().dateAt(context.now());
+        list.day = almanac::Almanac(list.home->place).day(list.today);
+    }
+    return list;
+}
+
+ShownTime prayerTime(const List& list, const AlarmStatus& alarm) {
+    const almanac::DayTime& time = list.day[alarm.prayer];
+    return list.home && time.exists() ? ShownTime(time.local) : std::nullopt;
+}
+
+/// The start of its event on a clock.
+ShownTime ringOn(const almanac::PlaceClock& clock, const AlarmStatus& alarm) {
+    return alarm.ringsAt ? ShownTime(clock.localTime(*alarm.ringsAt)) : std::nullopt;
+}
+
+ShownTime ringHere(const AlarmStatus& alarm) {
+    return ringOn(almanac::PlaceClock::ofMachine(), alarm);
+}
+
+ShownTime ringThere(const List& list, const AlarmStatus& alarm) {
+    return list.home ? ringOn(list.home->clock(), alarm) : ringHere(alarm);
+}
+
+std::string_view keyOf(AlarmState state) {
+    switch (state) {
+    case AlarmState::off:
+        return "off";
+    case AlarmState::rings:
+        return "rings";
+    case AlarmState::passed:
+        return "passed";
+    case AlarmState::noSuchTime:
+        return "no_such_time";
+    default:
+        return "failed";
+    }
+}
+
+std::string durationLabel(const HeadlessPane& pane, std::int32_t duration) {
+    const auto& durations = pane.durations();
+    const bool known = duration >= 0 && duration < static_cast<std::int32_t>(durations.size());
+    return known ? durations[static_cast<std::size_t>(duration)].displayText : std::string();
+}
+
+std::string prayerText(const Context& context, const List& list, const AlarmStatus& alarm) {
+    if (!list.home) {
+        return "-";
+    }
+    const ShownTime time = prayerTime(list, alarm);
+    return time ? timeText(context, time, list.today)
+                : context.services.GetKeyValue(kNoSuchTimeText)
+                      .value_or(std::string(context.word(Word::noSuchTimeToday)));
+}
+
+/// "2026-11-22 05:26", with this machine's "(2026-11-22 03:26 here)" where its clock is another.
+std::string ringText(const Context& context, const List& list, const AlarmStatus& alarm) {
+    const auto text = [](const almanac::LocalTime& time) {
+        return fmt::format("{} {}", almanac::isoDate(time.date),
+                           almanac::clockText(time.timeOfDay, almanac::Precision::minutes));
+    };
+    const almanac::LocalTime there = ringThere(list, alarm).value();
+    const almanac::LocalTime here = ringHere(alarm).value();
+    return there.offset == here.offset
+               ? text(there)
+               : fmt::format("{} ({} {})", text(there), text(here), context.word(Word::onThisMachine));
+}
+
+std::string stateText(const Context& context, const List& list, const AlarmStatus& alarm) {
+    switch (alarm.state) {
+    case AlarmState::rings:
+        return ringText(context, list, alarm);
+    case AlarmState::passed:
+        return fmt::format("{} {}", ringText(context, list, alarm), context.word(Word::hasPassed));
+    case AlarmState::noSuchTime:
+        return std::string(context.word(Word::noSuchTimeSoon));
+    case AlarmState::failed:
+        return std::string(context.word(Word::willNotRing));
+    default:
+        return {};
+    }
+}
+
+/// Of the home city; empty without one.
+std::string homeName(const HeadlessPane& pane, const List& list) {
+    if (list.report.home.place) {
+        return list.report.home.place->name;
+    }
+    return pane.home() == nullptr ? std::string() : pane.home()->name;
+}
+
+void printText(const Context& context, const HeadlessPane& pane, const List& list) {
+    TextTable table("lllrlll");
+    table.add({"", "", std::string(context.word(Word::time)), std::string(context.word(Word::offset)),
+               std::string(context.word(Word::rings)), std::string(context.word(Word::ringtone)),
+               std::string(context.word(Word::duration))},
+              TextTable::Emphasis::dim);
+    for (const AlarmStatus& alarm : list.report.alarms) {
+        table.add({context.nameOf(alarm.prayer),
+                   std::string(context.word(alarm.info.active ? Word::on : Word::off)),
+                   prayerText(context, list, alarm), fmt::format("{:+}", alarm.info.timeOffset),
+                   stateText(context, list, alarm), alarm.info.melodyName,
+                   fmt::format("{} ({})", alarm.info.melodyTime, durationLabel(pane, alarm.info.melodyTime))},
+                  alarm.info.active ? TextTable::Emphasis::bold : TextTable::Emphasis::none);
+    }
+    context.streams.out << (pane.home() == nullptr ? std::string(context.word(Word::noCities))
+                                                   : context.style.bold(homeName(pane, list)))
+                        << '\n'
+                        << table.text(context.style);
+    if (list.home) {
+        context.streams.out << clockNoticeLine(context, *list.home, list.today);
+    }
+}
+
+Json alarmJson(const Context& context, const HeadlessPane& pane, const List& list, const AlarmStatus& alarm) {
+    const ShownTime time = prayerTime(list, alarm);
+    return Json{{"name", almanac::keyOf(alarm.prayer)},
+                {"label", context.nameOf(alarm.prayer)},
+                {"active", alarm.info.active},
+                {"state", keyOf(alarm.state)},
+                {"reason", alarm.reason.empty() ? Json(nullptr) : Json(alarm.reason)},
+                {"offset_minutes", alarm.info.timeOffset},
+                {"ringtone", alarm.info.melodyName},
+                {"duration", alarm.info.melodyTime},
+                {"duration_label", durationLabel(pane, alarm.info.melodyTime)},
+                {"prayer_time", timeJson(time)},
+                {"rings_at", timeJson(ringHere(alarm))},
+                {"rings_at_home", timeJson(ringThere(list, alarm))},
+                {"skips_next", alarm.skipsNext()},
+                {"no_such_time_today", list.home && !time}};
+}
+
+Json listJson(const Context& context, const HeadlessPane& pane, const List& list) {
+    Json items = Json::array();
+    for (const AlarmStatus& alarm : list.report.alarms) {
+        items.push_back(alarmJson(context, pane, list, alarm));
+    }
+    return Json{{"schema", "zorel/alarms/1"},
+                {"home", pane.home() == nullptr ? Json(nullptr) : Json(homeName(pane, list))},
+                {"clock", list.home ? clockJson(*list.home, list.today) : Json(nullptr)},
+                {"good", list.report.isGood()},
+                {"complaint", list.report.isGood() ? Json(nullptr) : Json(list.report.complaint())},
+                {"alarms", items}};
+}
+
+/// Alarms ring at the home city's times; this machine shows others then.
+void compareClocks(const Context& context, const std::optional<ShownPlace>& home) {
+    if (!home) {
+        return;
+    }
+    const auto here = almanac::PlaceClock::ofMachine().offsetAt(context.now());
+    const auto there = home->clock().offsetAt(context.now());
+    if (here != there) {
+        context.note(fmt::format("alarms ring at the times of {} (UTC{}); this machine's clock is UTC{}",
+                                 home->place.name, almanac::isoOffset(there), almanac::isoOffset(here)));
+    }
+}
+} // namespace
+
+void printAlarms(const Context& context, const HeadlessPane& pane, const AlarmReport& report) {
+    const List list = listOf(context, report);
+    compareClocks(context, list.home);
+    if (context.options.json) {
+        writeJson(context, listJson(context, pane, list));
+    } else {
+        printText(context, pane, list);
+    }
+}
+
+} // namespace zorel::cli
