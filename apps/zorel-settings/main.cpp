@@ -13,6 +13,7 @@
 #include "platform/foundation/Locations.h"
 #include "platform/foundation/NumberText.h"
 #include "platform/foundation/ProgramLocations.h"
+#include "platform/foundation/Utf8.h"
 #include "store/Database.h"
 #include "store/DatabaseFunctions.h"
 
@@ -108,7 +109,8 @@ int drawPicture(PaneWindow& pane, const WindowOptions& options) {
         if (pane.picture().save(QString::fromStdString(options.screenshot))) {
             code = 0;
         } else {
-            std::cerr << "zorel-settings: the picture could not be written to " << options.screenshot
+            std::cerr << "zorel-settings: the picture could not be written to "
+                      << cleanText(options.screenshot)
                       << ". Does the folder exist, may you write there, does the name end in .png?\n";
         }
         QGuiApplication::quit();
@@ -182,7 +184,7 @@ int runProgram(int argc, char** argv, const WindowOptions& options) {
     setLocations(options);
     const std::string trouble = troubleAtStart();
     if (!trouble.empty()) {
-        std::cerr << "zorel-settings: " << trouble << '\n';
+        std::cerr << "zorel-settings: " << cleanText(trouble) << '\n';
     }
     SingleInstance instance(QString::fromStdString(Locations::current().data));
     const bool forUse = options.screenshot.empty() && !options.timeStart;

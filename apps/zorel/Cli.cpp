@@ -13,6 +13,7 @@
 #include "platform/foundation/Clock.h"
 #include "platform/foundation/Locations.h"
 #include "platform/foundation/ProgramLocations.h"
+#include "platform/foundation/Utf8.h"
 
 #include <fmt/format.h>
 
@@ -118,9 +119,9 @@ Exit runCommand(const Options& options, Streams& streams) {
 
 int failed(Streams& streams, Exit code, std::string_view what, std::string_view hint) {
     streams.out.flush();
-    streams.err << "zorel: " << what << '\n';
+    streams.err << "zorel: " << cleanText(what) << '\n';
     if (!hint.empty()) {
-        streams.err << "  " << hint << '\n';
+        streams.err << "  " << cleanText(hint) << '\n';
     }
     return static_cast<int>(code);
 }

@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: Apache-2.0
 #include "platform/foundation/FoldedName.h"
 #include "platform/foundation/Slips.h"
+#include "platform/foundation/Utf8.h"
 #include "store/NameIndex.h"
 #include "store/NameResolution.h"
 

@@ -1,6 +1,8 @@
 // SPDX-License-Identifier: Apache-2.0
 #include "platform/foundation/Slips.h"
 
+#include "platform/foundation/Utf8.h"
+
 #include <gtest/gtest.h>
 #include <random>
 
@@ -64,12 +66,6 @@ TEST(Slips, AreTheSameInBothDirections) {
             ASSERT_EQ(slips(left, right, most), std::min(count, most + 1)) << left << " " << right;
         }
     }
-}
-
-TEST(Characters, MalformedBytesAreCharactersToo) {
-    EXPECT_EQ(charactersOf("aé北").size(), 3U);
-    EXPECT_EQ(charactersOf("\xFF\xC3").size(), 2U);
-    EXPECT_TRUE(charactersOf("").empty());
 }
 
 } // namespace

@@ -3,6 +3,7 @@
 // difference, and slips are counted alike in both directions.
 #include "platform/foundation/FoldedName.h"
 #include "platform/foundation/Slips.h"
+#include "platform/foundation/Utf8.h"
 #include "tests/fuzz/Fuzz.h"
 
 #include <string>

@@ -4,10 +4,10 @@
 #include "almanac/PlaceClock.h"
 #include "almanac/Time.h"
 #include "grammar/PlaceQuery.h"
+#include "platform/foundation/Utf8.h"
 #include "terminal/CliError.h"
 #include "tests/fuzz/Fuzz.h"
 
-#include <algorithm>
 #include <cmath>
 
 namespace {
@@ -34,8 +34,7 @@ struct Check {
 };
 
 bool isPrintable(const std::string& text) {
-    return std::none_of(text.begin(), text.end(),
-                        [](char c) { return static_cast<unsigned char>(c) < ' ' || c == 127; });
+    return zorel::cleanText(text) == text;
 }
 
 void readPlace(std::string_view text) {

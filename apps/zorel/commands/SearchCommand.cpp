@@ -7,7 +7,7 @@
 #include "print/DayJson.h"
 
 #include "platform/foundation/NumberText.h"
-#include "platform/foundation/Slips.h"
+#include "platform/foundation/Utf8.h"
 #include "store/CitySearch.h"
 #include "store/MatchedSpelling.h"
 

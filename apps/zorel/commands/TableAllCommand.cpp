@@ -63,14 +63,14 @@ private:
 
     [[nodiscard]] std::string jsonLine(const ShownPlace& place, const almanac::Day& day) const {
         const Clockface clock(place.clock(), context_.precision());
-        return Json{{"schema", "zorel/place-day/1"},
-                    {"place", placeJson(context_, place)},
-                    {"date", almanac::isoDate(day.date)},
-                    {"utc_offset", almanac::isoOffset(day.offset)},
-                    {"clock", clockJson(place, day.date)},
-                    {"times", timesJson(day, almanac::kSixPrayers, clock)},
-                    {"corrections", correctionsJson(day, almanac::kSixPrayers)}}
-            .dump(-1, ' ', false, Json::error_handler_t::replace);
+        const Json document{{"schema", "zorel/place-day/1"},
+                            {"place", placeJson(context_, place)},
+                            {"date", almanac::isoDate(day.date)},
+                            {"utc_offset", almanac::isoOffset(day.offset)},
+                            {"clock", clockJson(place, day.date)},
+                            {"times", timesJson(day, almanac::kSixPrayers, clock)},
+                            {"corrections", correctionsJson(day, almanac::kSixPrayers)}};
+        return jsonText(document, -1);
     }
 
     void appendCsv(std::string& text, const ShownPlace& place, const almanac::Day& day) const {

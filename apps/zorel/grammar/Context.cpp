@@ -4,6 +4,7 @@
 #include "terminal/Wrap.h"
 
 #include "platform/foundation/Clock.h"
+#include "platform/foundation/Utf8.h"
 
 #include <fmt/format.h>
 
@@ -54,7 +55,7 @@ std::string Context::nameOf(almanac::Prayer prayer) const {
         return std::string(word(wordOf(prayer)));
     }
     if (auto name = services.GetTextPrayLabels(id)) {
-        return *std::move(name);
+        return cleanText(*name);
     }
     throw CliError(Exit::dataTrouble, fmt::format("no language file in {}", services.appBundlePath),
                    "name the folder that holds the catalogue and the language files with --bundle DIR");
@@ -82,7 +83,7 @@ std::string Context::argument() const {
 }
 
 void Context::note(std::string_view text) const {
-    streams.err << "note: " << text << '\n';
+    streams.err << "note: " << cleanText(text) << '\n';
 }
 
 } // namespace zorel::cli

@@ -5,6 +5,7 @@
 #include "terminal/CliError.h"
 
 #include "platform/foundation/Slips.h"
+#include "platform/foundation/Utf8.h"
 
 #include <fmt/format.h>
 

@@ -1,6 +1,8 @@
 // SPDX-License-Identifier: Apache-2.0
 #include "print/Csv.h"
 
+#include "platform/foundation/Utf8.h"
+
 #include <array>
 #include <charconv>
 
@@ -9,13 +11,14 @@ namespace zorel::cli {
 using almanac::Prayer;
 
 void appendCsvField(std::string& line, std::string_view text) {
+    const std::string clean = cleanText(text);
     line += ',';
-    if (text.find_first_of(",\"\r\n") == std::string_view::npos) {
-        line += text;
+    if (clean.find_first_of(",\"") == std::string::npos) {
+        line += clean;
         return;
     }
     line += '"';
-    for (const char character : text) {
+    for (const char character : clean) {
         line.append(character == '"' ? 2 : 1, character);
     }
     line += '"';

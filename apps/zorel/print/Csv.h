@@ -10,7 +10,8 @@
 
 namespace zorel::cli {
 
-/// Appends a comma and the field, in quotation marks when it holds a comma, a quotation mark or a line break.
+/// Appends a comma and the field as clean text (cleanText), in quotation marks when it holds a comma or one
+/// of them.
 void appendCsvField(std::string& line, std::string_view text);
 /// Appends a comma and a number, rounded to some decimals as printf does.
 void appendCsvNumber(std::string& line, double number, int decimals);

@@ -3,7 +3,14 @@
 
 #include "print/PlaceText.h"
 
+#include "platform/foundation/Utf8.h"
+
+#include <fmt/format.h>
+
+#include <algorithm>
 #include <cmath>
+#include <cstdint>
+#include <string_view>
 
 namespace zorel::cli {
 
@@ -43,6 +50,29 @@ Json noticeJson(almanac::ClockNotice notice) {
     default:
         return nullptr;
     }
+}
+
+/// A character as JSON writes it in ASCII: "\u0085", two such for one beyond U+FFFF.
+std::string escaped(char32_t code) {
+    if (code < 0x10000) {
+        return fmt::format("\\u{:04x}", static_cast<std::uint32_t>(code));
+    }
+    const std::uint32_t rest = code - 0x10000U;
+    return fmt::format("\\u{:04x}\\u{:04x}", 0xD800U + (rest >> 10U), 0xDC00U + (rest & 0x3FFU));
+}
+
+/// The writer of JSON has escaped the controls of ASCII, but for the last; what is left are its own line
+/// feeds.
+bool mayDisturb(char byte) {
+    return static_cast<unsigned char>(byte) >= 0x7F;
+}
+
+/// Moves the first character of `rest` to `text`, escaped if it would disturb a terminal.
+void appendEscaped(std::string& text, std::string_view& rest) {
+    const Utf8Character character = firstCharacter(rest);
+    text += disturbsTerminal(character.code) ? escaped(character.code)
+                                             : std::string(rest.substr(0, character.bytes));
+    rest.remove_prefix(character.bytes);
 }
 
 Json ownerJson(const std::optional<ClockOwner>& owner) {
@@ -145,8 +175,23 @@ Json numberJson(double value, int decimals) {
     return std::isfinite(value) ? Json(std::round(value * scale) / scale) : Json(nullptr);
 }
 
+std::string jsonText(const Json& document, int indent) {
+    const std::string plain = document.dump(indent, ' ', false, Json::error_handler_t::replace);
+    std::string text;
+    text.reserve(plain.size());
+    for (std::string_view rest = plain; !rest.empty();) {
+        const auto ascii = std::ranges::find_if(rest, mayDisturb) - rest.begin();
+        text += rest.substr(0, static_cast<std::size_t>(ascii));
+        rest.remove_prefix(static_cast<std::size_t>(ascii));
+        if (!rest.empty()) {
+            appendEscaped(text, rest);
+        }
+    }
+    return text;
+}
+
 void writeJson(const Context& context, const Json& document) {
-    context.streams.out << document.dump(2, ' ', false, Json::error_handler_t::replace) << '\n';
+    context.streams.out << jsonText(document, 2) << '\n';
 }
 
 } // namespace zorel::cli

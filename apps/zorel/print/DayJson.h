@@ -35,7 +35,10 @@ using Json = nlohmann::ordered_json;
 /// A number rounded to some decimals, so that the last bits of the C library do not show; null when it is not
 /// finite.
 [[nodiscard]] Json numberJson(double value, int decimals);
-/// Writes one document, indented, with a line feed. Text that is not UTF-8 is mended with U+FFFD.
+/// The text of a document; -1: in one line. Text that is not UTF-8 is mended with U+FFFD, characters that
+/// disturb a terminal are escaped.
+[[nodiscard]] std::string jsonText(const Json& document, int indent);
+/// Writes one document, indented, with a line feed.
 void writeJson(const Context& context, const Json& document);
 
 } // namespace zorel::cli

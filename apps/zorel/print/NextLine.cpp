@@ -4,6 +4,8 @@
 #include "print/DayText.h"
 #include "print/PlaceText.h"
 
+#include "platform/foundation/Utf8.h"
+
 #include <fmt/format.h>
 
 #include <algorithm>
@@ -54,7 +56,7 @@ std::string clockLeftText(const Moment& moment) {
 
 std::string cityText(const Moment& moment) {
     const almanac::Place& place = moment.place.place;
-    return moment.place.id == 0 ? pointText(place.latitude, place.longitude) : place.name;
+    return moment.place.id == 0 ? pointText(place.latitude, place.longitude) : cleanText(place.name);
 }
 
 std::string dateText(const Moment& moment) {

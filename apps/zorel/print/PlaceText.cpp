@@ -1,6 +1,8 @@
 // SPDX-License-Identifier: Apache-2.0
 #include "print/PlaceText.h"
 
+#include "platform/foundation/Utf8.h"
+
 #include <fmt/format.h>
 
 #include <cmath>
@@ -26,9 +28,9 @@ std::string placeText(const ShownPlace& place, Language language) {
         return pointText(place.place.latitude, place.place.longitude);
     }
     if (place.region.empty() || place.region == name) {
-        return fmt::format("{} / {}", name, countryName(place, language));
+        return cleanText(fmt::format("{} / {}", name, countryName(place, language)));
     }
-    return fmt::format("{} / {} / {}", name, place.region, countryName(place, language));
+    return cleanText(fmt::format("{} / {} / {}", name, place.region, countryName(place, language)));
 }
 
 } // namespace zorel::cli

@@ -115,8 +115,7 @@ StatusLine widgetLine(const Context& context, almanac::Memory& memory, const Sho
                     {"tooltip", tooltipOf(context, place, day)},
                     {"class", className(nearnessOf(next, instant, minutes(context.options.soon)))},
                     {"percentage", percentageOf(next, instant)}};
-    return {line.dump(-1, ' ', false, Json::error_handler_t::replace),
-            nextChangeOf(context, place, next, instant)};
+    return {jsonText(line, -1), nextChangeOf(context, place, next, instant)};
 }
 
 } // namespace zorel::cli

@@ -1,6 +1,8 @@
 // SPDX-License-Identifier: Apache-2.0
 #include "terminal/CliError.h"
 
+#include "platform/foundation/Utf8.h"
+
 namespace zorel::cli {
 
 namespace {
@@ -24,13 +26,7 @@ std::string_view cut(std::string_view text) {
 
 std::string printable(std::string_view text) {
     const std::string_view shown = cut(text);
-    std::string result;
-    for (const char byte : shown) {
-        const auto code = static_cast<unsigned char>(byte);
-        result += code < 0x20U || code == 0x7FU ? '?' : byte;
-    }
-    result += shown.size() < text.size() ? "..." : "";
-    return result;
+    return cleanText(shown) + (shown.size() < text.size() ? "..." : "");
 }
 
 std::string quote(std::string_view text) {

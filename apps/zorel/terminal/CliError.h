@@ -16,7 +16,8 @@ enum class Exit : int {
     dataTrouble = 3, ///< catalogue, database, calendar or language files cannot be used
 };
 
-/// Ends a command; main prints "zorel: <what>" and, when there is one, the hint on a second line.
+/// Ends a command; main prints "zorel: <what>" and, when there is one, the hint on a second line, both as
+/// clean text (cleanText).
 class CliError : public std::runtime_error {
 public:
     CliError(Exit code, const std::string& what, std::string hint = {})
@@ -29,10 +30,9 @@ private:
     std::string hint_;
 };
 
-/// The text with control characters replaced by "?", cut after 60 bytes at a character's edge.
+/// Clean text (cleanText), cut after 60 bytes at a character's edge.
 [[nodiscard]] std::string printable(std::string_view text);
-/// The text in quotation marks with control characters replaced by "?", cut after 60 bytes at a character's
-/// edge: what the user typed may hold anything, and it goes back to a terminal.
+/// The same in quotation marks: what the user typed may hold anything, and it goes back to a terminal.
 [[nodiscard]] std::string quote(std::string_view text);
 
 } // namespace zorel::cli

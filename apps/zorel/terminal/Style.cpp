@@ -1,44 +1,20 @@
 // SPDX-License-Identifier: Apache-2.0
 #include "terminal/Style.h"
 
+#include "platform/foundation/Utf8.h"
+
 #include <algorithm>
-#include <cstdint>
 #include <cstdlib>
 
 namespace zorel::cli {
 
 namespace {
-struct Character {
-    std::uint32_t code;
-    std::size_t bytes;
-};
-
-/// The first character of UTF-8 text; a malformed byte counts as one character.
-Character firstCharacter(std::string_view text) {
-    const auto byte = [&](std::size_t i) {
-        return static_cast<std::uint32_t>(static_cast<unsigned char>(text[i]));
-    };
-    const std::uint32_t lead = byte(0);
-    const std::size_t length = lead < 0xC0 ? 1 : lead < 0xE0 ? 2 : lead < 0xF0 ? 3 : 4;
-    if (length == 1 || length > text.size()) {
-        return {lead, 1};
-    }
-    std::uint32_t code = lead & (0xFFU >> (length + 1));
-    for (std::size_t i = 1; i < length; ++i) {
-        if ((byte(i) & 0xC0U) != 0x80U) {
-            return {lead, 1};
-        }
-        code = (code << 6U) | (byte(i) & 0x3FU);
-    }
-    return {code, length};
-}
-
-bool isCombining(std::uint32_t code) {
+bool isCombining(char32_t code) {
     return (code >= 0x300 && code <= 0x36F) || (code >= 0x483 && code <= 0x489) ||
            (code >= 0x64B && code <= 0x65F) || code == 0x200D || (code >= 0xFE00 && code <= 0xFE0F);
 }
 
-bool isWide(std::uint32_t code) {
+bool isWide(char32_t code) {
     return (code >= 0x1100 && code <= 0x115F) || (code >= 0x2E80 && code <= 0xA4CF) ||
            (code >= 0xAC00 && code <= 0xD7A3) || (code >= 0xF900 && code <= 0xFAFF) ||
            (code >= 0xFF00 && code <= 0xFF60) || (code >= 0x1F300 && code <= 0x1FAFF);
@@ -51,11 +27,12 @@ bool isSetAndNotEmpty(const char* variable) {
 } // namespace
 
 std::string Style::wrap(std::string_view code, std::string_view text) const {
+    std::string clean = cleanText(text);
     if (!colours_) {
-        return std::string(text);
+        return clean;
     }
     std::string result = "\x1b[";
-    result.append(code).append("m").append(text).append("\x1b[0m");
+    result.append(code).append("m").append(clean).append("\x1b[0m");
     return result;
 }
 
@@ -71,7 +48,7 @@ bool coloursWanted(std::string_view choice, bool terminal) {
 std::size_t displayWidth(std::string_view text) {
     std::size_t width = 0;
     while (!text.empty()) {
-        const Character character = firstCharacter(text);
+        const Utf8Character character = firstCharacter(text);
         width += isCombining(character.code) ? 0 : isWide(character.code) ? 2 : 1;
         text.remove_prefix(character.bytes);
     }
@@ -87,6 +64,7 @@ std::string_view firstCharacters(std::string_view text, std::size_t count) {
 }
 
 void TextTable::add(std::vector<std::string> cells, Emphasis emphasis) {
+    std::ranges::transform(cells, cells.begin(), cleanText);
     rows_.push_back({std::move(cells), emphasis});
 }
 

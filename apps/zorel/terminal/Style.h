@@ -9,7 +9,7 @@
 
 namespace zorel::cli {
 
-/// Wraps text in terminal colours, or leaves it alone.
+/// Wraps clean text (cleanText) in terminal colours, or leaves it without.
 class Style {
 public:
     explicit Style(bool colours) : colours_(colours) {}
@@ -41,7 +41,8 @@ private:
 /// The first characters of UTF-8 text, all of it when it has fewer.
 [[nodiscard]] std::string_view firstCharacters(std::string_view text, std::size_t count);
 
-/// Rows of cells printed in aligned columns, two blanks between them. Rows may have different emphasis.
+/// Rows of cells of clean text (cleanText) printed in aligned columns, two blanks between them. Rows may have
+/// different emphasis.
 class TextTable {
 public:
     enum class Emphasis { none, bold, dim, highlight };

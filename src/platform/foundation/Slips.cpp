@@ -3,12 +3,7 @@
 
 #include <algorithm>
 #include <array>
-#include <cstdint>
-#include <unicode/utf8.h>
 #include <utility>
-
-// ICU's macros narrow within themselves.
-#pragma GCC diagnostic ignored "-Wconversion"
 
 namespace zorel {
 namespace {
@@ -53,22 +48,6 @@ std::size_t slipsBetween(std::u32string_view left, std::u32string_view right, st
         beforeLast = std::exchange(last, row);
     }
     return std::min(last[right.size()], most + 1);
-}
-
-std::u32string charactersOf(std::string_view text) {
-    std::u32string characters;
-    const auto size = static_cast<std::int32_t>(text.size());
-    for (std::int32_t at = 0; at < size;) {
-        const std::int32_t start = at;
-        UChar32 character = 0;
-        U8_NEXT(text.data(), at, size, character);
-        if (character < 0) {
-            at = start + 1;
-            character = 0xFFFD;
-        }
-        characters += static_cast<char32_t>(character);
-    }
-    return characters;
 }
 
 } // namespace zorel

@@ -4,7 +4,6 @@
 #pragma once
 
 #include <cstddef>
-#include <string>
 #include <string_view>
 
 namespace zorel {
@@ -13,8 +12,5 @@ namespace zorel {
 /// its neighbour (the restricted distance of Damerau, 1964). At most a word of 64 letters is compared.
 /// @param most what is of interest; any larger number of slips is answered with most + 1
 [[nodiscard]] std::size_t slipsBetween(std::u32string_view left, std::u32string_view right, std::size_t most);
-
-/// Characters of UTF-8 text; a malformed byte is a character of its own.
-[[nodiscard]] std::u32string charactersOf(std::string_view text);
 
 } // namespace zorel
