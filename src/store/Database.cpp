@@ -5,7 +5,9 @@
 #include "store/DatabaseAuthorizer.h"
 
 #include <algorithm>
+#include <filesystem>
 #include <sqlite3.h>
+#include <system_error>
 #include <thread>
 
 namespace zorel {
@@ -15,6 +17,12 @@ namespace {
 /// of a search that reads every row of the catalogue.
 constexpr int kStepsBetweenLooks = 100'000;
 constexpr int kLooks = 500;
+/// The same for the user database: enough for ten thousand cities. It may come from anywhere, and who reads
+/// more rows than a person ever made works for a minute.
+constexpr int kUserStepsBetweenLooks = 10'000;
+constexpr int kUserLooks = 3;
+/// No text that a person keeps is as long as this [bytes].
+constexpr int kLongestUserValue = 1'000'000;
 /// Places do not lie in the order of their ids: who reads them in that order would read each page forty times
 /// (a gigabyte through the kernel). The table of places fits [KiB]. Not mapped into memory: that would save
 /// no more, the pages would count all the same, and a file cut short meanwhile would end the program (SIGBUS)
@@ -26,6 +34,18 @@ constexpr int kLongestPattern = 1'000;
 struct Release {
     void operator()(void* memory) const { sqlite3_free(memory); }
 };
+
+/// A named pipe would hold the program, and a device may do so.
+bool isRegularFile(const std::string& path) {
+    std::error_code error;
+    return std::filesystem::is_regular_file(path, error);
+}
+
+/// Neither of our files has views: whoever put one there wants to have something computed.
+void refuseViews(sqlite3* connection) {
+    sqlite3_db_config(connection, SQLITE_DBCONFIG_ENABLE_VIEW, 0, nullptr);
+    sqlite3_db_config(connection, SQLITE_DBCONFIG_TRUSTED_SCHEMA, 0, nullptr);
+}
 
 /// Between two tries to get at a file that another program holds.
 constexpr std::chrono::milliseconds kPause{10};
@@ -83,19 +103,25 @@ std::optional<Database> Database::open(const std::string& path, int flags, Deadl
 }
 
 std::optional<Database> Database::openUser(const std::string& path, Deadline patience) {
-    auto database = open(path, SQLITE_OPEN_READWRITE, patience);
+    auto database = isRegularFile(path) ? open(path, SQLITE_OPEN_READWRITE, patience) : std::nullopt;
     if (database) {
-        allowUserTables(database->connection_.get());
+        sqlite3* connection = database->connection_.get();
+        database->limits_->looks = kUserLooks;
+        sqlite3_progress_handler(connection, kUserStepsBetweenLooks, &spendLook, database->limits_.get());
+        sqlite3_limit(connection, SQLITE_LIMIT_LENGTH, kLongestUserValue);
+        refuseViews(connection);
+        allowUserTables(connection);
     }
     return database;
 }
 
 std::optional<Database> Database::openCatalogue(const std::string& path, Reading reading) {
-    auto database = open(path, SQLITE_OPEN_READONLY);
+    auto database = isRegularFile(path) ? open(path, SQLITE_OPEN_READONLY) : std::nullopt;
     if (database) {
         if (reading == Reading::everyPlaceById) {
             static_cast<void>(database->execute(kHoldThePlaces)); // without it all is slower, not other
         }
+        refuseViews(database->connection_.get());
         useCatalogueLike(database->connection_.get());
         allowCatalogueTables(database->connection_.get());
     }

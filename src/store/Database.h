@@ -39,7 +39,8 @@ private:
 /// A connection, used by one thread at a time. What a statement may do on it is limited by SQLite's
 /// authorizer to what the program itself does, so that text put into a statement unescaped cannot reach
 /// another file. A refused statement fails with an error text, and so does one that runs far longer than a
-/// search of the whole catalogue.
+/// search of the whole catalogue, or, on the user database, than reading ten thousand rows. Views are
+/// refused. Only regular files are opened.
 class Database {
 public:
     using Deadline = std::chrono::steady_clock::time_point;

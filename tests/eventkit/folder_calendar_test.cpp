@@ -8,6 +8,7 @@
 #include <gtest/gtest.h>
 
 #include <cerrno>
+#include <chrono>
 #include <fcntl.h>
 #include <filesystem>
 #include <functional>
@@ -20,6 +21,7 @@ namespace zorel {
 namespace {
 
 namespace fs = std::filesystem;
+using testing::ElementsAre;
 using testing::HasSubstr;
 using testing::IsEmpty;
 
@@ -116,6 +118,53 @@ TEST_F(FolderCalendarTest, FindsAndMovesAnEventInAFileOfAnotherName) {
     EXPECT_THAT(text("renamed by a server.ics"), HasSubstr("SEQUENCE:1\r\n"));
     EXPECT_TRUE(FolderCalendar(folder).removeEvent(kUid, error));
     EXPECT_FALSE(fs::exists(path("renamed by a server.ics")));
+}
+
+TEST_F(FolderCalendarTest, ListsEventsByTheirUidWhateverTheirFilesAreCalled) {
+    ASSERT_TRUE(save(sampleEvent(kUid)));
+    ASSERT_TRUE(save(sampleEvent("zorel-a-2")));
+    fs::rename(path("zorel-a-1.ics"), path("from a server.ics"));
+    // A file that only looks like one of ours, and one of several events.
+    test::writeFile(path("zorel-a-3.ics"), "BEGIN:VCALENDAR\r\nUID:dentist\r\nEND:VCALENDAR\r\n");
+    test::writeFile(path("zorel-a-4.ics"), "UID:zorel-a-4\r\nUID:zorel-a-5\r\n");
+    FolderCalendar calendar(folder);
+    EXPECT_THAT(calendar.identifiersWithPrefix("zorel-a-"), ElementsAre(kUid, "zorel-a-2"));
+    EXPECT_FALSE(calendar.removeEvent("zorel-a-3", error));
+    EXPECT_FALSE(calendar.removeEvent("zorel-a-4", error));
+    EXPECT_TRUE(calendar.removeEvent(kUid, error)) << error;
+    EXPECT_FALSE(fs::exists(path("from a server.ics")));
+}
+
+/// Guests of the folder whose parsing would take minutes: nobody asks for them, so that nobody parses them.
+TEST_F(FolderCalendarTest, FilesOfOthersAreNotParsed) {
+    ASSERT_TRUE(save(sampleEvent(kUid)));
+    for (int i = 0; i < 20; ++i) {
+        test::writeFile(path("guest " + std::to_string(i) + ".ics"),
+                        "BEGIN:VCALENDAR\r\nBEGIN:VTIMEZONE\r\nTZID:Odd\r\nBEGIN:STANDARD\r\n"
+                        "DTSTART:00010101T000000\r\nRRULE:FREQ=SECONDLY\r\nTZOFFSETFROM:+0200\r\n"
+                        "TZOFFSETTO:+0100\r\nEND:STANDARD\r\nEND:VTIMEZONE\r\nBEGIN:VEVENT\r\nUID:guest\r\n"
+                        "DTSTART;TZID=Odd:20260328T043000\r\nEND:VEVENT\r\nEND:VCALENDAR\r\n");
+    }
+    const auto before = std::chrono::steady_clock::now();
+    FolderCalendar calendar(folder);
+    EXPECT_FALSE(calendar.eventWithIdentifier("zorel-a-7"));
+    EXPECT_FALSE(calendar.eventWithIdentifier("guest"));
+    EXPECT_TRUE(calendar.saveEvent(later(sampleEvent(kUid)), error)) << error;
+    EXPECT_LT(std::chrono::steady_clock::now() - before, std::chrono::seconds(2));
+}
+
+/// Whoever knows our identifiers can put one into a file that no parser may have: it can be removed.
+TEST_F(FolderCalendarTest, AnUnfitFileWithOurUidCanBeRemovedAndWrittenAnew) {
+    fs::create_directory(folder);
+    test::writeFile(path("odd.ics"), "BEGIN:VCALENDAR\r\nUID:zorel-a-1\r\n");
+    FolderCalendar calendar(folder);
+    EXPECT_FALSE(calendar.eventWithIdentifier(kUid));
+    EXPECT_THAT(calendar.identifiersWithPrefix("zorel-a-"), ElementsAre(kUid));
+    ASSERT_TRUE(calendar.saveEvent(sampleEvent(kUid), error)) << error;
+    EXPECT_TRUE(calendar.eventWithIdentifier(kUid));
+    EXPECT_TRUE(calendar.removeEvent(kUid, error)) << error;
+    EXPECT_TRUE(calendar.removeEvent(kUid, error)) << error;
+    EXPECT_THAT(calendar.identifiersWithPrefix("zorel-a-"), IsEmpty());
 }
 
 TEST_F(FolderCalendarTest, SweepsTemporaryFilesWhenItStarts) {

@@ -2,6 +2,7 @@
 #include "platform/eventkit/FolderCalendar.h"
 
 #include "platform/eventkit/IcsEvent.h"
+#include "platform/eventkit/IcsLines.h"
 #include "platform/eventkit/OneFile.h"
 #include "platform/foundation/FileLock.h"
 #include "platform/foundation/Files.h"
@@ -9,6 +10,7 @@
 
 #include <algorithm>
 #include <filesystem>
+#include <set>
 #include <stdexcept>
 #include <string_view>
 #include <system_error>
@@ -99,37 +101,44 @@ std::vector<std::string> FolderCalendar::fileNames() const {
     return names;
 }
 
-std::optional<FolderCalendar::Entry> FolderCalendar::entryInFile(const std::string& name,
-                                                                 const std::string& identifier) const {
+std::optional<std::string> FolderCalendar::textOf(const std::string& name, std::string_view ours) const {
     std::error_code error;
     auto text = readSmallFile(pathOf(name), kFileLimit, error);
-    if (!text) {
-        if (name == fileName(identifier) && !isNoEvent(error)) {
-            throw std::runtime_error("cannot read " + pathOf(name) + ": " + error.message());
-        }
-        return std::nullopt;
+    if (!text && name.starts_with(ours) && !isNoEvent(error)) {
+        throw std::runtime_error("cannot read " + pathOf(name) + ": " + error.message());
     }
-    auto event = eventFromIcs(*text);
-    if (!event || event->eventIdentifier != identifier) {
-        return std::nullopt;
-    }
-    event->calendar = description();
-    return Entry{name, std::move(*text), std::move(*event)};
+    return text;
 }
 
-std::optional<FolderCalendar::Entry> FolderCalendar::find(const std::string& identifier) const {
+std::optional<FolderCalendar::File> FolderCalendar::fileOf(const std::string& identifier) const {
+    const std::string usual = fileName(identifier);
+    const auto holds = [&](const std::string& name) -> std::optional<File> {
+        auto text = textOf(name, usual);
+        const bool is = text && onlyUidOf(*text) == identifier;
+        return is ? std::optional(File{name, *std::move(text)}) : std::nullopt;
+    };
     if (isPlain(identifier)) {
-        if (auto entry = entryInFile(fileName(identifier), identifier)) {
-            return entry;
+        if (auto file = holds(usual)) {
+            return file;
         }
     }
     // Another program may have given the file another name.
     for (const std::string& name : fileNames()) {
-        if (auto entry = entryInFile(name, identifier)) {
-            return entry;
+        if (auto file = holds(name)) {
+            return file;
         }
     }
     return std::nullopt;
+}
+
+std::optional<FolderCalendar::Entry> FolderCalendar::find(const std::string& identifier) const {
+    auto file = fileOf(identifier);
+    auto event = file ? eventFromIcs(file->text) : std::nullopt;
+    if (!event) {
+        return std::nullopt;
+    }
+    event->calendar = description();
+    return Entry{*std::move(file), *std::move(event)};
 }
 
 std::optional<EKEvent> FolderCalendar::eventWithIdentifier(const std::string& identifier) {
@@ -169,12 +178,12 @@ bool FolderCalendar::saveEvent(const EKEvent& event, std::string& error) {
         error = "the identifier cannot be a file name: " + wanted.eventIdentifier;
         return false;
     }
-    const auto text = icsFromEvent(wanted, present ? present->text : std::string(), now());
+    const auto text = icsFromEvent(wanted, present ? present->file.text : std::string(), now());
     if (!text) {
         error = "the event cannot be written as iCalendar text";
         return false;
     }
-    const std::string path = pathOf(present ? present->name : fileName(wanted.eventIdentifier));
+    const std::string path = pathOf(present ? present->file.name : fileName(wanted.eventIdentifier));
     return done(replaceFile(path, *text), "cannot write", path, error) && keepInStep(error);
 }
 
@@ -188,7 +197,7 @@ bool FolderCalendar::removeEvent(const std::string& identifier, std::string& err
     if (!held(lock, error)) {
         return false;
     }
-    const auto present = find(identifier);
+    const auto present = fileOf(identifier);
     if (!present) {
         error = "there is no event " + identifier;
         return false;
@@ -202,14 +211,15 @@ bool FolderCalendar::keepInStep(std::string& error) const {
 }
 
 std::vector<std::string> FolderCalendar::identifiersWithPrefix(const std::string& prefix) {
-    std::vector<std::string> identifiers;
-    for (std::string& name : fileNames()) {
-        if (name.starts_with(prefix)) {
-            name.resize(name.size() - kSuffix.size());
-            identifiers.push_back(std::move(name));
+    std::set<std::string> identifiers;
+    for (const std::string& name : fileNames()) {
+        const auto text = textOf(name, prefix);
+        auto identifier = text ? onlyUidOf(*text) : std::nullopt;
+        if (identifier && identifier->starts_with(prefix)) {
+            identifiers.insert(*std::move(identifier));
         }
     }
-    return identifiers;
+    return {identifiers.begin(), identifiers.end()};
 }
 
 } // namespace zorel

@@ -18,7 +18,8 @@ namespace zorel {
 /// Changes are atomic and durable. A folder that is missing is made at the first save, with the files
 /// "displayname" and "color". An event that says the same as before is not written again. Files of other
 /// programs, broken files, folders and pipes among them are left alone; so are files that hold more than one
-/// event. Source: RFC 5545, RFC 7986.
+/// event. An event is known by its UID, whatever its file is called; a file without the UID that is looked
+/// for is not parsed. Source: RFC 5545, RFC 7986.
 class FolderCalendar final : public Calendar {
 public:
     /// Removes what an interrupted write left in the folder.
@@ -33,17 +34,22 @@ public:
     [[nodiscard]] std::vector<std::string> identifiersWithPrefix(const std::string& prefix) override;
 
 private:
-    /// A file and the event in it.
-    struct Entry {
+    struct File {
         std::string name;
         std::string text;
+    };
+    /// A file and the event in it.
+    struct Entry {
+        File file;
         EKEvent event;
     };
 
     [[nodiscard]] std::string pathOf(std::string_view name) const;
     [[nodiscard]] std::vector<std::string> fileNames() const;
-    [[nodiscard]] std::optional<Entry> entryInFile(const std::string& name,
-                                                   const std::string& identifier) const;
+    /// Throws where a file cannot be read whose name begins with `ours`.
+    [[nodiscard]] std::optional<std::string> textOf(const std::string& name, std::string_view ours) const;
+    /// The file whose only UID this is. Nothing is parsed for that.
+    [[nodiscard]] std::optional<File> fileOf(const std::string& identifier) const;
     [[nodiscard]] std::optional<Entry> find(const std::string& identifier) const;
     bool makeFolder(std::string& error) const;
     /// Brings the one file beside the folder in step, if there is one (OneFile.h).

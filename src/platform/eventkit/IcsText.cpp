@@ -1,35 +1,14 @@
 // SPDX-License-Identifier: Apache-2.0
 #include "platform/eventkit/IcsText.h"
 
+#include "platform/eventkit/IcsLines.h"
+
 #include <algorithm>
 #include <cstdlib>
 #include <iterator>
 
 namespace zorel {
 namespace {
-
-constexpr int kDeepestNesting = 8;
-
-bool startsWithIgnoringCase(std::string_view line, std::string_view upper) {
-    const auto same = [](char left, char right) {
-        return (left >= 'a' && left <= 'z' ? static_cast<char>(left - 'a' + 'A') : left) == right;
-    };
-    return line.size() >= upper.size() &&
-           std::equal(upper.begin(), upper.end(), line.begin(),
-                      [&](char right, char left) { return same(left, right); });
-}
-
-/// Whether BEGIN and END lines pair and nest no deeper than any calendar program writes them.
-bool nestsReasonably(std::string_view text) {
-    int depth = 0;
-    while (!text.empty() && depth >= 0 && depth <= kDeepestNesting) {
-        const std::string_view line = text.substr(0, text.find('\n'));
-        depth += startsWithIgnoringCase(line, "BEGIN") ? 1 : 0;
-        depth -= startsWithIgnoringCase(line, "END:") ? 1 : 0;
-        text.remove_prefix(std::min(line.size() + 1, text.size()));
-    }
-    return depth == 0;
-}
 
 bool isItem(icalcomponent_kind kind) {
     return kind == ICAL_VEVENT_COMPONENT || kind == ICAL_VTODO_COMPONENT || kind == ICAL_VJOURNAL_COMPONENT ||
@@ -49,7 +28,7 @@ bool isException(icalcomponent* event) {
 } // namespace
 
 Component parseCalendar(const std::string& text) {
-    if (text.find('\0') != std::string::npos || !nestsReasonably(text)) {
+    if (!isFitForParsing(text)) {
         return nullptr;
     }
     icalerror_set_errors_are_fatal(0);

@@ -16,8 +16,7 @@ struct ComponentFree {
 };
 using Component = std::unique_ptr<icalcomponent, ComponentFree>;
 
-/// The VCALENDAR of a text; empty when it is none, or is nested so deeply that parsing it would exhaust the
-/// stack.
+/// The VCALENDAR of a text; empty when it is none, or is not fit for parsing (IcsLines.h).
 [[nodiscard]] Component parseCalendar(const std::string& text);
 /// CRLF line ends, lines folded at 75 octets, texts escaped (RFC 5545, 3.1 and 3.3.11).
 [[nodiscard]] std::string textOfCalendar(icalcomponent* calendar);
