@@ -3,13 +3,20 @@
 /// Whose alarm events are these?
 #pragma once
 
+#include "platform/eventkit/EKEventStore.h"
+
 #include <string>
 
 namespace zorel {
 
-/// Sixteen hexadecimal digits that stand for a user database on this machine: a digest of the machine's
-/// identity and the file's path. Events of the same owner are this database's own; events of another machine
-/// that share the calendar through a server, or of another user's database, are not.
-[[nodiscard]] std::string alarmOwner(const std::string& userDBPath);
+/// The owner of a user database's events: sixteen hexadecimal digits, a digest of the machine's identity and
+/// of a random text that is made once for each database and kept beside it, in the file with ".owner" at the
+/// end of its name. Events of the same owner are this database's own. Those of another machine that shares
+/// the calendar through a server, of another user or of a copied data folder on another machine are not. Only
+/// exact clones, with the machine's identity and this file, cannot be told apart.
+///
+/// The former name is a digest of the machine's identity and the database's path, as earlier versions had it;
+/// their events are adopted. It also stands in while the file cannot be read or made.
+[[nodiscard]] EventOwner alarmOwner(const std::string& userDBPath);
 
 } // namespace zorel

@@ -41,7 +41,7 @@ TEST_F(EventStore, ANewEventIsEmptyAndHasNoIdentifier) {
 }
 
 TEST_F(EventStore, SavingGivesAnIdentifierThatStays) {
-    const EKEventStore store("0123");
+    const EKEventStore store({"0123"});
     EKEvent event = newEvent(store);
     ASSERT_TRUE(store.saveEvent(event, EKSpan::thisEvent, nullptr));
     const std::string identifier = event.eventIdentifier;
@@ -104,19 +104,42 @@ TEST_F(EventStore, RemovesAnEvent) {
 }
 
 TEST_F(EventStore, SweepsOnlyEventsOfItsOwner) {
-    const EKEventStore mine("aaaa");
+    const EKEventStore mine({"aaaa"});
     EKEvent kept = newEvent(mine);
     EKEvent lost = newEvent(mine);
     EKEvent other = newEvent(mine);
     ASSERT_TRUE(mine.saveEvent(kept, EKSpan::thisEvent, nullptr));
     ASSERT_TRUE(mine.saveEvent(lost, EKSpan::thisEvent, nullptr));
-    ASSERT_TRUE(EKEventStore("bbbb").saveEvent(other, EKSpan::thisEvent, nullptr));
+    ASSERT_TRUE(EKEventStore({"bbbb"}).saveEvent(other, EKSpan::thisEvent, nullptr));
     memory->events["dentist"] = sampleEvent("dentist");
     EXPECT_EQ(mine.removeEventsExcept(std::vector<std::string>{kept.eventIdentifier, ""}), 1);
     EXPECT_TRUE(mine.eventWithIdentifier(kept.eventIdentifier));
     EXPECT_FALSE(mine.eventWithIdentifier(lost.eventIdentifier));
     EXPECT_TRUE(mine.eventWithIdentifier(other.eventIdentifier));
     EXPECT_TRUE(mine.eventWithIdentifier("dentist"));
+}
+
+TEST_F(EventStore, AdoptsTheEventsOfItsFormerName) {
+    const EKEventStore before({"aaaa"});
+    EKEvent kept = newEvent(before);
+    EKEvent lost = newEvent(before);
+    ASSERT_TRUE(before.saveEvent(kept, EKSpan::thisEvent, nullptr));
+    ASSERT_TRUE(before.saveEvent(lost, EKSpan::thisEvent, nullptr));
+    const EKEventStore mine({"bbbb", "aaaa"});
+    EKEvent fresh = newEvent(mine);
+    ASSERT_TRUE(mine.saveEvent(fresh, EKSpan::thisEvent, nullptr));
+    EXPECT_TRUE(fresh.eventIdentifier.starts_with("zorel-bbbb-"));
+    std::string error;
+    EXPECT_THAT(
+        mine.ownIdentifiers(&error),
+        testing::UnorderedElementsAre(kept.eventIdentifier, lost.eventIdentifier, fresh.eventIdentifier));
+    EXPECT_EQ(error, "");
+    EXPECT_EQ(mine.removeEventsExcept(std::vector<std::string>{kept.eventIdentifier, fresh.eventIdentifier}),
+              1);
+    EXPECT_TRUE(mine.eventWithIdentifier(kept.eventIdentifier));
+    EXPECT_FALSE(mine.eventWithIdentifier(lost.eventIdentifier));
+    EXPECT_EQ(before.removeEventsExcept({}), 1) << "the earlier version does not touch the new one's";
+    EXPECT_TRUE(mine.eventWithIdentifier(fresh.eventIdentifier));
 }
 
 /// A calendar whose library throws.

@@ -5,6 +5,7 @@
 usage: interop_test.py PLACE_ALARM
 Needs khal, vdirsyncer and radicale (Debian packages of these names); without one of them it is skipped and says so.
 """
+import contextlib
 import datetime
 import os
 import pathlib
@@ -270,6 +271,106 @@ class ServerHoldsTheAlarms(unittest.TestCase):
         self.vdirsyncer("sync")
         self.assertEqual(len(self.server.hrefs()), 5)
         self.assert_server_equals_folder()
+
+
+class TwoMachinesShareTheServer(unittest.TestCase):
+    """Both have the same identity (they are this one) and, each while it runs, the same path."""
+
+    def setUp(self):
+        self.home = tempfile.TemporaryDirectory()
+        self.addCleanup(self.home.cleanup)
+        self.server = Server(self.home.name)
+        self.addCleanup(self.server.stop)
+        self.machines = {}
+        for name in ("desk", "lap"):
+            with self.turn(name):
+                self.here.mkdir(exist_ok=True)
+                self.machines[name] = Place("Europe/Berlin", self.here)
+
+    @property
+    def here(self):
+        return pathlib.Path(self.home.name) / "machine"
+
+    @contextlib.contextmanager
+    def turn(self, name):
+        """The folder of the machine lies in the one place while it is its turn."""
+        away = pathlib.Path(self.home.name) / name
+        if away.exists():
+            away.rename(self.here)
+        try:
+            yield self.machines.get(name)
+        finally:
+            self.here.rename(away)
+
+    def sync(self, place):
+        config = place.home / "vdirsyncer.conf"
+        config.write_text(VDIRSYNCER.format(home=place.home, calendar=place.calendar, url=self.server.url),
+                          encoding="utf-8")
+        place.calendar.mkdir(exist_ok=True)
+        for word in ("discover", "sync"):
+            run(["vdirsyncer", "-c", config, word], place.zone, place.home)
+
+    def stems(self, place):
+        return {path.stem for path in place.events()}
+
+    def far(self, place, hours):
+        return (place.now().hour + hours) % 24 + 0.5
+
+    def test_neither_removes_the_alarms_of_the_other(self):
+        events = {}
+        for name in ("desk", "lap", "desk"):
+            with self.turn(name) as place:
+                self.sync(place)
+                events[name] = {place.alarm(200 + index, self.far(place, 5 + index), 0) for index in range(3)}
+                self.sync(place)
+        self.assertEqual(len(self.server.hrefs()), 6)
+        # Every action sweeps what a machine takes for its own leftovers.
+        with self.turn("lap") as place:
+            self.sync(place)
+            self.assertEqual(self.stems(place), events["desk"] | events["lap"])
+            place.switch_off(200)
+            place.alarm(201, self.far(place, 9), 0)
+            self.assertTrue(events["desk"] <= self.stems(place))
+            self.assertEqual(len(self.stems(place)), 5)
+            self.sync(place)
+        with self.turn("desk") as place:
+            self.sync(place)
+            for prayer in range(200, 203):
+                place.switch_off(prayer)
+            self.assertEqual(len(self.stems(place)), 2, "those of the other machine")
+            self.sync(place)
+        self.assertEqual(len(self.server.hrefs()), 2)
+
+    def test_a_copied_folder_on_another_machine_is_another_owner(self):
+        with self.turn("desk") as place:
+            mine = place.alarm(200, self.far(place, 6), 0)
+            identity = place.home / "machine-id"
+            identity.write_text("0123456789abcdef0123456789abcdef\n", encoding="utf-8")
+            elsewhere = ["unshare", "--map-root-user", "--mount", "sh", "-c",
+                         'mount --bind "$0" /etc/machine-id && exec "$@"', identity]
+            try:
+                run([*elsewhere, "true"])
+            except (AssertionError, OSError) as reason:
+                self.skipTest(f"no other machine can be played here: {reason}")
+            copy = place.home / "copy"
+            shutil.copytree(place.data, copy)
+            theirs = run([*elsewhere, PLACE_ALARM, copy, "201", "12.5", "0"], place.zone).strip()
+            self.assertNotEqual(theirs.rsplit("-", 1)[0], mine.rsplit("-", 1)[0])
+
+    def test_events_of_an_earlier_version_are_adopted(self):
+        with self.turn("desk") as place:
+            (place.data / "user.sqlite.owner").mkdir()  # no identifier can be kept: the former name serves
+            first, second = (place.alarm(prayer, self.far(place, 6), 0) for prayer in (200, 201))
+            former = first.rsplit("-", 1)[0]
+            self.assertEqual(second.rsplit("-", 1)[0], former)
+            leftover = place.calendar / f"{former}-00000000000000000000000000000000.ics"
+            leftover.write_text((place.calendar / f"{first}.ics").read_text(encoding="utf-8").replace(
+                first, leftover.stem), encoding="utf-8")
+            (place.data / "user.sqlite.owner").rmdir()
+            third = place.alarm(202, self.far(place, 7), 0)
+            self.assertNotEqual(third.rsplit("-", 1)[0], former)
+            self.assertEqual(self.stems(place), {first, second, third}, "the leftover is gone, the alarms stay")
+            self.assertEqual(place.alarm(200, self.far(place, 8), 0), first, "an event keeps its identifier for life")
 
 
 def main():

@@ -118,6 +118,8 @@ const std::vector<Section>& sections() {
          ""},
         {"FILES",
          {{"~/.local/share/zorel/user.sqlite", "cities and alarms"},
+          {"~/.local/share/zorel/user.sqlite.owner",
+           "random text that tells this database's events from others'"},
           {"~/.local/share/zorel/calendar/", "one .ics file for each active alarm"},
           {"~/.local/share/zorel/SettingsLog.txt",
            "what went wrong, with date and time; at 128 KiB it becomes SettingsLog.1.txt"}},

@@ -7,6 +7,7 @@
 
 #include <algorithm>
 #include <exception>
+#include <iterator>
 #include <utility>
 
 namespace zorel {
@@ -48,7 +49,7 @@ template <typename Operation> bool guarded(Operation operation, std::string* err
 
 } // namespace
 
-EKEventStore::EKEventStore(std::string owner)
+EKEventStore::EKEventStore(EventOwner owner)
     : owner_(std::move(owner)), calendar_(chosenCalendar() ? chosenCalendar() : defaultCalendar()) {}
 
 void EKEventStore::setCalendar(std::shared_ptr<Calendar> calendar) {
@@ -79,7 +80,7 @@ EKCalendar EKEventStore::defaultCalendarForNewEvents() const {
 }
 
 std::string EKEventStore::newIdentifier() const {
-    return prefixOf(owner_) + randomHexadecimal() + randomHexadecimal();
+    return prefixOf(owner_.name) + randomHexadecimal() + randomHexadecimal();
 }
 
 bool EKEventStore::saveEvent(EKEvent& event, EKSpan /*span*/, std::string* error) const {
@@ -125,7 +126,11 @@ std::vector<std::string> EKEventStore::ownIdentifiers(std::string* error) const 
     std::vector<std::string> identifiers;
     guarded(
         [&](std::string&) {
-            identifiers = calendar_->identifiersWithPrefix(prefixOf(owner_));
+            identifiers = calendar_->identifiersWithPrefix(prefixOf(owner_.name));
+            if (!owner_.formerName.empty()) {
+                std::ranges::move(calendar_->identifiersWithPrefix(prefixOf(owner_.formerName)),
+                                  std::back_inserter(identifiers));
+            }
             return true;
         },
         error);

@@ -17,13 +17,19 @@ namespace zorel {
 /// How far a change of a repeated event reaches. The pane's events are never repeated.
 enum class EKSpan { thisEvent };
 
+/// Whose events are these? Names of letters and digits; they are part of the identifiers of events.
+struct EventOwner {
+    std::string name = "local";
+    std::string formerName = {}; ///< earlier name of the same owner, whose events are its own too; "": none
+};
+
 /// Finds, saves and removes events in the calendar that is set for the whole process. A store is cheap: one
 /// is made for every operation. No call throws.
 class EKEventStore {
 public:
-    /// `owner`: letters and digits that tell the events of this program's user database from those of others
-    /// (another machine that synchronises with the same server); part of the identifiers of new events.
-    explicit EKEventStore(std::string owner = "local");
+    /// `owner`: tells the events of this program's user database from those of others (another machine that
+    /// synchronises with the same server).
+    explicit EKEventStore(EventOwner owner = {});
 
     /// The calendar of all stores from now on; nullptr: the folder "calendar" in the data directory.
     static void setCalendar(std::shared_ptr<Calendar> calendar);
@@ -49,7 +55,7 @@ public:
 private:
     [[nodiscard]] std::string newIdentifier() const;
 
-    std::string owner_;
+    EventOwner owner_;
     std::shared_ptr<Calendar> calendar_;
 };
 
