@@ -3,6 +3,7 @@
 
 #include "platform/foundation/Clock.h"
 #include "platform/foundation/Locale.h"
+#include "platform/foundation/Locations.h"
 #include "platform/uikit/UISearchBar.h"
 #include "store/DatabaseFunctions.h"
 
@@ -111,6 +112,11 @@ void PaneWindow::openScreen(const std::string& screen, const std::string& search
             bar->userTapsSearch();
         }
     }
+}
+
+void PaneWindow::watchRinging() {
+    firstPage_->setRingCheck(std::make_unique<RingCheck>(RingCheck::besideProgram(),
+                                                         QString::fromStdString(Locations::current().data)));
 }
 
 QImage PaneWindow::picture() {

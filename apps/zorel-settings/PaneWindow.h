@@ -32,6 +32,8 @@ public:
     [[nodiscard]] QQuickView& window() { return *window_; }
     /// Goes to one of the screens "cities", "search", "alarm", "why" and "edit", at once.
     void openScreen(const std::string& screen, const std::string& searchText);
+    /// Says when the program that rings does not run.
+    void watchRinging();
     /// The window's picture once it has been drawn.
     [[nodiscard]] QImage picture();
 

@@ -161,6 +161,7 @@ int timeStart(PaneWindow& pane) {
 
 int openWindow(PaneWindow& pane, SingleInstance& instance) {
     instance.listen();
+    pane.watchRinging();
     QObject::connect(&instance, &SingleInstance::raiseRequested, &pane.window(), [&pane] {
         pane.window().show();
         pane.window().raise();

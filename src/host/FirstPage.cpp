@@ -43,7 +43,7 @@ constexpr const char* kDeclined = "declinedTimeZone";
 
 FirstPage::FirstPage(Host& host, ZorelSettingsController& pane, bool healthy)
     : host_(host), pane_(pane), healthy_(healthy), words_(host.words()),
-      today_(TodayTexts(words_, namesOf(pane.glbFuncs(), words_), QLocale::system())),
+      today_(TodayTexts(words_, namesOf(pane.glbFuncs(), words_), QLocale::system())), alarms_(pane, today_),
       declinedZone_(memory().value(kDeclined).toString().toStdString()), cities_(pane.userCities().size()) {
     messageTimer_.setSingleShot(true);
     connect(&messageTimer_, &QTimer::timeout, this, [this] { say({}, {}); });
@@ -52,14 +52,27 @@ FirstPage::FirstPage(Host& host, ZorelSettingsController& pane, bool healthy)
             follow();
         }
     });
+    connect(&alarms_, &AlarmRows::refused, this, [this](const QString& reason) { say(reason, {}); });
+    // What a row says of a time changes when the time has come.
+    connect(&today_, &TodayModel::timesChanged, &alarms_, &AlarmRows::follow);
     follow();
 }
 
 void FirstPage::follow() {
     today_.setPlace(pane_.homePlace());
+    alarms_.follow();
+    if (ringCheck_) {
+        ringCheck_->ask();
+    }
     readSuggestion();
     noteAddition();
     emit changed();
+}
+
+void FirstPage::setRingCheck(std::unique_ptr<RingCheck> check) {
+    ringCheck_ = std::move(check);
+    emit ringCheckChanged();
+    ringCheck_->ask();
 }
 
 /// A city that was chosen on the search screen is said, and the person is back on the first page. After the

@@ -4,6 +4,8 @@
 /// change to, a word on what has just been done.
 #pragma once
 
+#include "host/AlarmRows.h"
+#include "host/RingCheck.h"
 #include "host/TodayModel.h"
 #include "host/Words.h"
 
@@ -27,6 +29,8 @@ class ZorelSettingsController;
 class FirstPage : public QObject {
     Q_OBJECT
     Q_PROPERTY(zorel::TodayModel* today READ today CONSTANT)
+    Q_PROPERTY(zorel::AlarmRows* alarms READ alarms CONSTANT)
+    Q_PROPERTY(zorel::RingCheck* ringCheck READ ringCheck NOTIFY ringCheckChanged)
     Q_PROPERTY(bool beginning READ beginning NOTIFY changed)
     Q_PROPERTY(bool elsewhere READ elsewhere NOTIFY changed)
     Q_PROPERTY(QString unknownHome READ unknownHome NOTIFY changed)
@@ -41,6 +45,10 @@ public:
     FirstPage(Host& host, ZorelSettingsController& pane, bool healthy);
 
     [[nodiscard]] TodayModel* today() { return &today_; }
+    [[nodiscard]] AlarmRows* alarms() { return &alarms_; }
+    /// Whether somebody rings; nullptr where nobody asks.
+    [[nodiscard]] RingCheck* ringCheck() const { return ringCheck_.get(); }
+    void setRingCheck(std::unique_ptr<RingCheck> check);
     /// Whether there is no city yet.
     [[nodiscard]] bool beginning() const;
     /// Whether the machine's time zone is not that of the home city, and nobody has said that this is well.
@@ -63,6 +71,7 @@ public:
 
 signals:
     void changed();
+    void ringCheckChanged();
     void messageChanged();
 
 private:
@@ -79,6 +88,8 @@ private:
     bool healthy_;
     Words words_;
     TodayModel today_;
+    AlarmRows alarms_;
+    std::unique_ptr<RingCheck> ringCheck_;
     std::optional<CataloguePlace> suggestion_;
     std::string suggestionZone_; ///< machine zone that the suggestion was read for
     std::string declinedZone_;

@@ -1,7 +1,9 @@
 // SPDX-License-Identifier: Apache-2.0
 #include "host/Host.h"
 
+#include "host/AlarmRows.h"
 #include "host/PickerModel.h"
+#include "host/RingCheck.h"
 #include "host/SkyDrawings.h"
 #include "host/TableModel.h"
 #include "host/ViewItem.h"
@@ -73,6 +75,8 @@ void Host::registerTypes() {
     qmlRegisterType<QiblaRose>(uri, 1, 0, "QiblaRose");
     qmlRegisterUncreatableType<ViewHandle>(uri, 1, 0, "ViewHandle", reason);
     qmlRegisterUncreatableType<PageHandle>(uri, 1, 0, "PageHandle", reason);
+    qmlRegisterUncreatableType<AlarmRows>(uri, 1, 0, "AlarmRows", reason);
+    qmlRegisterUncreatableType<RingCheck>(uri, 1, 0, "RingCheck", reason);
     qmlRegisterUncreatableType<Host>(uri, 1, 0, "Host", reason);
 }
 

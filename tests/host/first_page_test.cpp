@@ -128,7 +128,7 @@ TEST_F(FirstPageTest, AWideWindowShowsTodayBesideThePane) {
 }
 
 TEST_F(FirstPageTest, ANarrowAndLowWindowBeginsWithToday) {
-    open({320, 480});
+    open({320, 480}); // much lower than what there is to show
     first->useSuggestion();
     see("Next: Maghrib");
     QTest::qWait(200);

@@ -57,6 +57,30 @@ Item {
         }
         Loader {
             width: parent.width
+            active: first.page !== null && first.page.alarms.complaint !== ""
+            visible: active
+            sourceComponent: Notice {
+                host: first.host
+                theme: first.theme
+                text: first.page.alarms.complaint
+                action: first.host.words.repair
+                onAccepted: first.page.alarms.repair()
+            }
+        }
+        Loader {
+            width: parent.width
+            active: first.page !== null && first.page.ringCheck !== null && first.page.ringCheck.missing && first.page.alarms.anyOn
+            visible: active
+            sourceComponent: Notice {
+                host: first.host
+                theme: first.theme
+                text: first.host.words.nobodyRings
+                action: first.host.words.start
+                onAccepted: first.page.ringCheck.start()
+            }
+        }
+        Loader {
+            width: parent.width
             active: first.page !== null && first.page.elsewhere
             visible: active
             sourceComponent: Notice {
@@ -77,6 +101,7 @@ Item {
                 host: first.host
                 theme: first.theme
                 today: first.today
+                ring: first.page.alarms.next
             }
         }
         Loader {

@@ -105,6 +105,7 @@ FocusScope {
                 theme: screen.theme
                 host: screen.host
                 leading: screen.first && screen.width > 0 && !screen.beside && screen.host.firstPage !== null
+                ofPane: screen.first
                 focus: true
             }
         }

@@ -15,6 +15,8 @@ ListView {
     // Whether the first page's own column stands above the rows.
     property bool leading: false
     property bool touched: false
+    // Whether this is the pane's own table: then the alarms' rows tell what the alarms do.
+    property bool ofPane: false
 
     model: handle ? handle.model : null
     clip: true
@@ -43,6 +45,7 @@ ListView {
     // Until somebody scrolls, the page begins with its beginning.
     onOriginYChanged: Qt.callLater(begin)
     onHeightChanged: Qt.callLater(begin)
+    onContentHeightChanged: Qt.callLater(begin)
 
     function begin() {
         if (!touched)
@@ -60,7 +63,9 @@ ListView {
         return false
     }
     onActiveFocusChanged: if (activeFocus && currentIndex < 0) walk(1)
-    onMovementStarted: { touched = true; closeOpened() }
+    onMovementStarted: closeOpened()
+    onDragStarted: touched = true
+    onFlickStarted: touched = true
     function closeOpened() {
         if (opened)
             opened.closeSwipe()
@@ -71,7 +76,7 @@ ListView {
     Keys.onDownPressed: walk(1)
     Keys.onReturnPressed: if (currentItem) currentItem.activate()
     Keys.onEnterPressed: if (currentItem) currentItem.activate()
-    Keys.onSpacePressed: if (currentItem) currentItem.activate()
+    Keys.onSpacePressed: if (currentItem) currentItem.space()
     Keys.onDeletePressed: if (currentItem) currentItem.askDelete()
     Keys.onPressed: event => {
         touched = true
@@ -125,6 +130,7 @@ ListView {
         width: ListView.view.width
         sourceComponent: entryKind === "row" ? rowComponent : headerComponent
         function activate() { if (item) item.activate() }
+        function space() { if (item && item.space) item.space(); else activate() }
         function askDelete() { if (item && item.askDelete) item.askDelete() }
         function turn(step: int): bool { return item && item.turn ? item.turn(step) : false }
         function seek(text: string): bool { return item && item.seek ? item.seek(text) : false }

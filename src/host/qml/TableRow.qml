@@ -19,14 +19,16 @@ Item {
 
     // Space for the texts; where they are too long for one line, the second one stands below, so that no time is cut.
     readonly property real trailing: theme.margin + (chevron.visible ? chevron.width + 8 : 0)
-    readonly property real room: frame.width - theme.margin - trailing
+    readonly property real room: frame.width - theme.margin - trailing - (alarmPart.item ? alarmPart.width + 8 : 0)
     // A search result tells its country and region below its name, as do the cities of the list.
     readonly property int cut: list.handle !== null && !list.handle.grouped && entry.rowText ? entry.rowText.indexOf(" / ") : -1
     readonly property string name: cut < 0 ? entry.rowText || "" : entry.rowText.substring(0, cut)
-    readonly property string second: cut < 0 ? entry.detail || "" : entry.rowText.substring(cut + 3).split(" / ").join(", ")
+    readonly property string second: alarm ? alarm.text : cut < 0 ? entry.detail || "" : entry.rowText.substring(cut + 3).split(" / ").join(", ")
+    readonly property var page: list.ofPane ? host.firstPage : null
+    readonly property var alarm: page && !!entry.disclosure && page.alarms.rows.length > entry.row ? page.alarms.rows[entry.row] : null
     readonly property bool marked: drawn && accessory.checked && host.firstPage !== null
     readonly property bool drawn: accessory.wide && accessory.kind === "plain" && !accessory.inert
-    readonly property bool stacked: drawn || cut >= 0 || second !== "" && labelSize.advanceWidth + 8 + detailSize.advanceWidth > room
+    readonly property bool stacked: drawn || alarm !== null || cut >= 0 || second !== "" && labelSize.advanceWidth + 8 + detailSize.advanceWidth > room
 
     TextMetrics {
         id: labelSize
@@ -53,6 +55,12 @@ Item {
             accessory.operate()
         else
             list.handle.model.select(entry.section, entry.row)
+    }
+    function space() {
+        if (alarm)
+            page.alarms.toggle(entry.row)
+        else
+            activate()
     }
     function turn(step: int): bool { return accessory.turn(step) }
     function seek(text: string): bool { return accessory.seek(text) }
@@ -109,7 +117,7 @@ Item {
             height: parent.height
             focus: true
             Accessible.role: accessory.role
-            Accessible.name: [cell.name, accessory.spoken, cell.second].filter(part => !!part).join(", ")
+            Accessible.name: [cell.name, accessory.spoken, cell.alarm ? cell.alarm.time : "", cell.second].filter(part => !!part).join(", ")
             Accessible.selectable: cell.list.handle.selectable
             Accessible.checkable: accessory.checkable
             Accessible.checked: accessory.checked
@@ -181,7 +189,7 @@ Item {
             Text {
                 id: detail
                 anchors {
-                    right: parent.right; rightMargin: cell.drawn ? cell.theme.margin + 70 : cell.trailing
+                    right: parent.right; rightMargin: cell.drawn ? cell.theme.margin + 70 : cell.alarm ? frame.width - cell.theme.margin - cell.room : cell.trailing
                     bottom: cell.stacked ? parent.bottom : undefined; bottomMargin: 8
                     verticalCenter: cell.stacked ? undefined : parent.verticalCenter
                 }
@@ -190,9 +198,20 @@ Item {
                 text: cell.marked ? [cell.host.words.homeCity, cell.second].filter(part => part !== "").join(" · ") : cell.second
                 textFormat: Text.PlainText
                 wrapMode: cell.stacked ? Text.Wrap : Text.NoWrap
-                color: cell.marked ? cell.theme.accent : cell.theme.quiet
-                font.pixelSize: cell.drawn ? cell.theme.smallSize : cell.theme.noteSize
+                color: cell.alarm && cell.alarm.bad ? cell.theme.warn : cell.marked || cell.alarm && cell.alarm.rings ? cell.theme.accent : cell.theme.quiet
+                font.pixelSize: cell.drawn || cell.alarm ? cell.theme.smallSize : cell.theme.noteSize
                 Accessible.ignored: true
+            }
+            Loader {
+                id: alarmPart
+                anchors { right: chevron.left; rightMargin: 4; verticalCenter: parent.verticalCenter }
+                active: cell.alarm !== null
+                sourceComponent: AlarmPart {
+                    host: cell.host
+                    theme: cell.theme
+                    alarm: cell.alarm
+                    onToggled: cell.page.alarms.toggle(cell.entry.row)
+                }
             }
             Text {
                 id: chevron

@@ -9,6 +9,8 @@ Rectangle {
     required property Host host
     required property Theme theme
     required property var today
+    // What the alarm of the next prayer does: {text, rings, bad}.
+    required property var ring
     property bool unfolded: false
     readonly property real cellWidth: today.nextTime.length > 5 ? 70 : 54
     readonly property int columns: [6, 3, 2, 1].find(count => count * cellWidth <= inside.width) || 1
@@ -28,7 +30,7 @@ Rectangle {
             height: beside.y + beside.height > nextTime.y + nextTime.height ? beside.y + beside.height : nextTime.y + nextTime.height
             Accessible.role: Accessible.Grouping
             Accessible.name: [card.host.words.nextPrayer, card.today.nextName, card.today.nextDay, card.today.nextTime,
-                              card.today.countdown].filter(part => part !== "").join(", ")
+                              card.today.countdown, card.ring.text].filter(part => part !== "").join(", ")
             Text {
                 id: nextName
                 width: parent.width
@@ -77,6 +79,27 @@ Rectangle {
                         text: card.host.words.why.arg(card.today.nextTime)
                     }
                 }
+            }
+        }
+        Row {
+            spacing: 8
+            visible: card.ring.text !== ""
+            Rectangle {
+                anchors.verticalCenter: parent.verticalCenter
+                width: 12
+                height: 12
+                radius: 6
+                color: card.ring.rings ? card.theme.accent : card.ring.bad ? card.theme.warn : "transparent"
+                border { width: 2; color: card.ring.rings ? card.theme.accent : card.ring.bad ? card.theme.warn : card.theme.quiet }
+            }
+            Text {
+                width: Math.min(implicitWidth, inside.width - 20)
+                text: card.ring.text.charAt(0).toLocaleUpperCase() + card.ring.text.substring(1)
+                textFormat: Text.PlainText
+                wrapMode: Text.Wrap
+                color: card.ring.rings ? card.theme.accent : card.ring.bad ? card.theme.warn : card.theme.quiet
+                font { pixelSize: card.theme.noteSize; weight: card.ring.rings ? Font.DemiBold : Font.Normal }
+                Accessible.ignored: true
             }
         }
         DayBar {

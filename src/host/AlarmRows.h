@@ -1,0 +1,60 @@
+// SPDX-License-Identifier: Apache-2.0
+/// @file
+/// What the six alarms do, for the rows of the pane and the first page: read from the report of the alarms,
+/// never computed here.
+#pragma once
+
+#include "host/TodayModel.h"
+
+#include "alarms/AlarmReport.h"
+
+#include <QObject>
+#include <QVariantList>
+
+namespace zorel {
+
+class ZorelSettingsController;
+
+class AlarmRows : public QObject {
+    Q_OBJECT
+    Q_PROPERTY(QVariantList rows READ rows NOTIFY changed)
+    Q_PROPERTY(QVariantMap next READ next NOTIFY changed)
+    Q_PROPERTY(QString complaint READ complaint NOTIFY changed)
+    Q_PROPERTY(bool anyOn READ anyOn NOTIFY changed)
+
+public:
+    /// Both outlive it.
+    AlarmRows(ZorelSettingsController& pane, TodayModel& today) : pane_(pane), today_(today) {}
+
+    /// Reads the report anew.
+    void follow();
+    /// [{name, time, text, on, bad}] in the order of the rows; empty without a home city.
+    [[nodiscard]] QVariantList rows() const { return rows_; }
+    /// What the alarm of the next prayer does: {text, rings, bad}.
+    [[nodiscard]] QVariantMap next() const;
+    /// What is wrong with the alarms as a whole; empty when nothing is.
+    [[nodiscard]] QString complaint() const { return complaint_; }
+    [[nodiscard]] bool anyOn() const;
+
+    /// Does what the switch of the alarm's editor does. What comes of it stands in the row.
+    Q_INVOKABLE void toggle(int row);
+    /// Moves the alarms to where they should be.
+    Q_INVOKABLE void repair();
+
+signals:
+    void changed();
+    /// A switch was put back; the reason, for people.
+    void refused(const QString& reason);
+
+private:
+    [[nodiscard]] QString textOf(const AlarmStatus& alarm) const;
+    [[nodiscard]] QString ringText(const AlarmStatus& alarm) const;
+    [[nodiscard]] QString absenceText(almanac::Prayer prayer) const;
+
+    ZorelSettingsController& pane_;
+    TodayModel& today_;
+    QVariantList rows_;
+    QString complaint_;
+};
+
+} // namespace zorel
