@@ -494,7 +494,10 @@ class Starting(unittest.TestCase):
 
     def test_an_alarm_that_is_switched_on_starts_it_and_says_who_rings(self):
         with tempfile.TemporaryDirectory(prefix="zorel-start-") as folder:
-            script = f"'{BIN}/zorel' cities add 745044 && '{BIN}/zorel' alarms on fajr && '{BIN}/zorel-ring' --status"
+            script = f"""'{BIN}/zorel' cities add 745044 && '{BIN}/zorel' alarms on fajr || exit 1
+                         for _ in 1 2 3 4 5 6 7 8 9 10; do  # until its first plan is there
+                             '{BIN}/zorel-ring' --status | grep next && exit 0; sleep 0.5
+                         done; exit 1"""
             result = self.in_session(script, XDG_DATA_HOME=folder, XDG_DATA_DIRS=folder)
             self.assertEqual(result.returncode, 0, result.stderr)
             self.assertIn("rings through zorel-ring", result.stderr)
