@@ -28,16 +28,16 @@ SCREENS = {
 
 def run(words, language, data):
     environment = os.environ | {"LC_ALL": LANGUAGES[language], "TZ": "Europe/Istanbul", "XDG_RUNTIME_DIR": data}
-    subprocess.run([*words, "--data-dir", data], env=environment, check=True, stdout=subprocess.DEVNULL,
+    subprocess.run([words[0], "--data-dir", data, *words[1:]], env=environment, check=True, stdout=subprocess.DEVNULL,
                    stderr=subprocess.DEVNULL)
 
 
 def make_data(binaries, folder):
     for city in CITIES:
-        run([binaries / "zorel", "cities", "add", city], "en", folder)
-    run([binaries / "zorel", "alarms", "on", "fajr"], "en", folder)
-    run([binaries / "zorel", "alarms", "offset", "fajr", "--", "-20"], "en", folder)
-    run([binaries / "zorel", "alarms", "on", "maghrib"], "en", folder)
+        run([binaries / "zorel", "--now", AT, "cities", "add", city], "en", folder)
+    run([binaries / "zorel", "--now", AT, "alarms", "on", "fajr"], "en", folder)
+    run([binaries / "zorel", "--now", AT, "alarms", "offset", "fajr", "--", "-20"], "en", folder)
+    run([binaries / "zorel", "--now", AT, "alarms", "on", "maghrib"], "en", folder)
 
 
 def draw(binaries, screen, width, language, appearance, data, file):
