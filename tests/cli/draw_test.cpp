@@ -180,5 +180,36 @@ TEST(CliSheet, APdfThatCannotBeMadeIsTold) {
     EXPECT_FALSE(std::filesystem::exists(run.folder.path("x.pdf")));
 }
 
+std::size_t occurrences(const std::string& text, std::string_view part) {
+    std::size_t count = 0;
+    for (std::size_t at = text.find(part); at != std::string::npos; at = text.find(part, at + 1)) {
+        ++count;
+    }
+    return count;
+}
+
+TEST(CliTable, RemindersGoWithEveryEvent) {
+    test::CliRunner run;
+    const std::string plain = run("table Istanbul --to +1 --ics").out;
+    EXPECT_EQ(occurrences(plain, "BEGIN:VEVENT"), 12U);
+    EXPECT_EQ(occurrences(plain, "BEGIN:VALARM"), 0U);
+    const std::string reminding =
+        run("table Istanbul --to +1 --ics --reminder 15 --reminder 0 --name Mine").out;
+    EXPECT_EQ(occurrences(reminding, "BEGIN:VALARM"), 24U);
+    EXPECT_EQ(occurrences(reminding, "TRIGGER:-PT15M\r\n"), 12U);
+    EXPECT_EQ(occurrences(reminding, "\r\nNAME:Mine\r\n"), 1U);
+    EXPECT_EQ(occurrences(run("table Istanbul --to today --ics --others").out, "BEGIN:VEVENT"), 14U);
+    EXPECT_EQ(run("table Istanbul --reminder 15").code, 2);
+    EXPECT_EQ(run("table Istanbul --ics --reminder 721").code, 2);
+    EXPECT_EQ(run("table Istanbul --csv --others").code, 2);
+}
+
+TEST(CliTable, SaysTheWeekdayAndTheHijriDay) {
+    test::CliRunner run;
+    EXPECT_NE(run("table Istanbul --to today").out.find("2026-11-21  Saturday  12 Jumada II  06:07"),
+              std::string::npos);
+    EXPECT_NE(run("table Istanbul --to today --others").out.find("Ishraq"), std::string::npos);
+}
+
 } // namespace
 } // namespace zorel::cli

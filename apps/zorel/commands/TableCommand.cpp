@@ -17,6 +17,7 @@
 #include <fmt/format.h>
 
 #include <functional>
+#include <span>
 
 namespace zorel::cli {
 
@@ -100,11 +101,17 @@ std::string uidPlace(const ShownPlace& place) {
                          : fmt::format("{:.4f}_{:.4f}", place.place.latitude, place.place.longitude);
 }
 
+/// The times that are asked for, in the order of the columns.
+std::span<const Prayer> prayersOf(const Context& context) {
+    const std::span<const Prayer> all(almanac::kListedPrayers);
+    return context.options.others ? all : all.first(almanac::kSixPrayers.size());
+}
+
 void printIcs(const Context& context, const ShownPlace& place, const Range& range) {
     std::vector<IcsEntry> entries;
     const std::string at = uidPlace(place);
     const ClockNotices notices = eachDay(context, place, range, [&](const Day& day) {
-        for (const Prayer prayer : almanac::kSixPrayers) {
+        for (const Prayer prayer : prayersOf(context)) {
             if (day[prayer].exists()) {
                 entries.push_back(
                     {fmt::format("{}-{}-{}@zorel", at, almanac::isoDate(day.date), almanac::keyOf(prayer)),
@@ -112,32 +119,47 @@ void printIcs(const Context& context, const ShownPlace& place, const Range& rang
             }
         }
     });
-    const std::string name = placeText(place, context.language);
+    const std::string location = placeText(place, context.language);
+    const std::string& chosen = context.options.calendarName;
     const std::string description = fmt::format("{}", fmt::join(notices.sentences(), "\n"));
-    context.streams.out << icsDocument({name, description, name, context.now()}, entries);
+    context.streams.out << icsDocument(
+        {chosen.empty() ? location : chosen, description, location, context.now(), context.options.reminders},
+        entries);
     notices.note();
 }
 
-std::vector<std::string> rowOf(const Context& context, const Day& day, const Clockface& clock) {
-    std::vector<std::string> cells{almanac::isoDate(day.date)};
-    for (const Prayer prayer : almanac::kSixPrayers) {
+/// "12 Jumada II": the year stands in other outputs.
+std::string hijriOf(const Context& context, const almanac::Almanac& almanac, Date date) {
+    const AllCalendarRecord calendars = almanac.calendars(date);
+    return calendars.hijriYear < 1 ? std::string()
+                                   : fmt::format("{} {}", calendars.hijriDay,
+                                                 hijriMonthName(calendars.hijriMonth, context.language));
+}
+
+std::vector<std::string> rowOf(const Context& context, const Day& day, const std::string& hijri,
+                               const Clockface& clock) {
+    const std::chrono::weekday weekday{std::chrono::sys_days(day.date)};
+    const std::string_view name = weekdayName(static_cast<int>(weekday.c_encoding()), context.language);
+    std::vector<std::string> cells{almanac::isoDate(day.date), std::string(name), hijri};
+    for (const Prayer prayer : prayersOf(context)) {
         cells.push_back(timeText(context, clock.of(day[prayer]), day.date));
     }
-    cells.push_back(marksOf(day, almanac::kSixPrayers));
+    cells.push_back(marksOf(day, prayersOf(context)));
     return cells;
 }
 
 void printText(const Context& context, const ShownPlace& place, const Range& range) {
-    TextTable table("llllllll");
-    std::vector<std::string> heads{""};
-    for (const Prayer prayer : almanac::kSixPrayers) {
+    TextTable table("llr");
+    const almanac::Almanac almanac(place.place);
+    std::vector<std::string> heads{"", "", ""};
+    for (const Prayer prayer : prayersOf(context)) {
         heads.push_back(context.nameOf(prayer));
     }
     table.add(std::move(heads), TextTable::Emphasis::bold);
     std::string marks;
     const Clockface clock(place.clock(), context.precision());
     const ClockNotices notices = eachDay(context, place, range, [&](const Day& day) {
-        auto row = rowOf(context, day, clock);
+        auto row = rowOf(context, day, hijriOf(context, almanac, day.date), clock);
         marks += row.back();
         table.add(std::move(row));
     });

@@ -74,8 +74,7 @@ private:
         if (page_.ramadan) {
             cells += cell("d", fmt::format("{}", day.calendars.hijriDay));
         }
-        cells += cell(
-            "w", firstCharacters(weekdayName(static_cast<int>(weekday.c_encoding()), context_.language), 3));
+        cells += cell("w", weekdayName(static_cast<int>(weekday.c_encoding()), context_.language));
         cells += dates(day);
         const Clockface clock(sheet_.place.clock(), almanac::Precision::minutes);
         for (const Prayer prayer : prayers_) {
@@ -218,10 +217,10 @@ std::string styleOf(const Sheet& sheet) {
     const int width = a4 ? 210 : 216;  // [mm]
     const int height = a4 ? 297 : 279; // [mm]
     if (sheet.others) {                // fourteen times on a line: lying paper, smaller letters
-        return fmt::format("{}@page{{size:{} landscape;margin:12mm}}td{{height:{}mm}}body{{font-size:7.4pt}}"
-                           "th,td{{padding:0 .8mm}}th{{white-space:normal}}\n"
+        return fmt::format("{}@page{{size:{} landscape;margin:12mm}}td{{height:{}mm}}body{{font-size:6.9pt}}"
+                           "th,td{{padding:0 .6mm}}th{{white-space:normal}}\n"
                            "@media screen{{section{{width:{}mm;min-height:{}mm}}}}\n",
-                           kSheetStyle, name, a4 ? 4.2 : 4.3, height, width);
+                           kSheetStyle, name, a4 ? 3.9 : 4.0, height, width);
     }
     return fmt::format("{}@page{{size:{};margin:12mm}}td{{height:{}mm}}\n"
                        "@media screen{{section{{width:{}mm;min-height:{}mm}}}}\n",

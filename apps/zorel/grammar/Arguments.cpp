@@ -173,6 +173,18 @@ private:
         auto* csv = table->add_flag("--csv", options_.csv, "Print comma-separated values");
         auto* jsonFlag = table->add_flag("--json", options_.json, "Print JSON (docs/json.md)");
         auto* ics = table->add_flag("--ics", options_.ics, "Print a calendar to import or subscribe to");
+        table
+            ->add_option("--reminder", options_.reminders,
+                         "With --ics: remind so many minutes before each time")
+            ->type_name("MIN")
+            ->expected(1)
+            ->multi_option_policy(CLI::MultiOptionPolicy::TakeAll)
+            ->check(wholeNumber(0, 720))
+            ->needs(ics);
+        value(*table, "--name", options_.calendarName, "TEXT",
+              "With --ics: the calendar's name; default: the place's")
+            ->needs(ics);
+        others(table)->excludes(csv)->excludes(jsonFlag);
         csv->excludes(jsonFlag)->excludes(ics);
         jsonFlag->excludes(ics);
         seconds(table);
@@ -189,7 +201,7 @@ private:
             ->type_name("N")
             ->check(wholeNumber(1))
             ->needs(all);
-        all->excludes(ics);
+        all->excludes(ics)->excludes("--others");
     }
 
     void svg(CLI::App* sub) {
@@ -200,8 +212,8 @@ private:
             ->type_name("YEAR")
             ->check(wholeNumber(1584, 9997));
     }
-    void others(CLI::App* sub) {
-        sub->add_flag("--others", options_.others, "Also the times beside the six");
+    CLI::Option* others(CLI::App* sub) {
+        return sub->add_flag("--others", options_.others, "Also the times beside the six");
     }
 
     void addChart() {

@@ -23,6 +23,7 @@ const std::map<std::string, std::vector<std::string>>& examples() {
         {"table",
          {"zorel table Berlin --from 2027-01-01 --to 2027-12-31 --ics > berlin.ics",
           "zorel table Medina --from today --to +6",
+          "zorel table Ankara --ics --reminder 15 --name \"Prayer times\" > ankara.ics",
           "zorel table --all --on 2027-01-01 --csv > day.csv  # every place",
           "zorel table --all --from-id 745044 --count 1000 --csv  # a part of it"}},
         {"chart",

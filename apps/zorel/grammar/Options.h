@@ -50,7 +50,9 @@ struct Options {
     std::string month; ///< "2026-12"; empty: this one
     int ramadan = 0;   ///< Hijri year; 0: no Ramadan
     std::string paper = "a4";
-    std::string pdf; ///< file; empty: HTML on the output
+    std::string pdf;            ///< file; empty: HTML on the output
+    std::string calendarName;   ///< of --ics; empty: the place's
+    std::vector<int> reminders; ///< of --ics [min before the time]
     bool svg = false;
     bool others = false; ///< the other times too
 

@@ -67,14 +67,16 @@ public:
     explicit Events(const IcsHead& head)
         : stamp_("DTSTAMP:" + utcText(head.made) + "\r\n"),
           shared_(line(icalproperty_new_location(head.location.c_str())) +
-                  line(icalproperty_new_transp(ICAL_TRANSP_TRANSPARENT))) {}
+                  line(icalproperty_new_transp(ICAL_TRANSP_TRANSPARENT))),
+          reminders_(head.reminders) {}
 
     void append(std::string& text, const IcsEntry& entry) {
         text.append("BEGIN:VEVENT\r\n").append(line(icalproperty_new_uid(entry.uid.c_str())));
         text.append(stamp_);
         text.append("DTSTART:").append(utcText(entry.start));
         text.append("\r\nDTEND:").append(utcText(entry.start + std::chrono::minutes(1)));
-        text.append("\r\n").append(title(entry.title)).append(shared_).append("END:VEVENT\r\n");
+        text.append("\r\n").append(title(entry.title)).append(shared_).append(reminders(entry.title));
+        text.append("END:VEVENT\r\n");
     }
 
 private:
@@ -86,8 +88,21 @@ private:
         return known;
     }
 
+    const std::string& reminders(const std::string& title) {
+        std::string& known = alarms_[title];
+        if (known.empty()) {
+            for (const int minutes : reminders_) {
+                known += fmt::format("BEGIN:VALARM\r\nACTION:DISPLAY\r\n{}TRIGGER:-PT{}M\r\nEND:VALARM\r\n",
+                                     line(icalproperty_new_description(title.c_str())), minutes);
+            }
+        }
+        return known;
+    }
+
     std::string stamp_;
-    std::string shared_; // by all events
+    std::string shared_;                        // by all events
+    std::vector<int> reminders_;                // [min]
+    std::map<std::string, std::string> alarms_; // by title
     std::map<std::string, std::string> titles_;
 };
 } // namespace

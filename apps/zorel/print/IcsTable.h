@@ -18,13 +18,15 @@ struct IcsEntry {
 
 struct IcsHead {
     std::string name;
-    std::string description; ///< what a reader has to know; empty: nothing
-    std::string location;    ///< of every entry
-    almanac::Instant made{}; ///< the DTSTAMP of all entries
+    std::string description;    ///< what a reader has to know; empty: nothing
+    std::string location;       ///< of every entry
+    almanac::Instant made{};    ///< the DTSTAMP of all entries
+    std::vector<int> reminders; ///< of every entry, each so many minutes before its start
 };
 
 /// RFC 5545 with the calendar's name, description and refresh interval of RFC 7986 (and their older X-
-/// forms). Every entry is one minute long, transparent, in universal time, without an alarm.
+/// forms). Every entry is one minute long, transparent, in universal time, with a display alarm for each
+/// reminder.
 [[nodiscard]] std::string icsDocument(const IcsHead& head, const std::vector<IcsEntry>& entries);
 
 } // namespace zorel::cli
