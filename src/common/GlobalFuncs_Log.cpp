@@ -29,17 +29,18 @@ bool isFull(const struct stat& file, const std::string& path, std::size_t more) 
 }
 
 /// Adds text to a file with a single write, so that the lines of several writers do not mix. A full file
-/// becomes the older one; of several writers one does that, under the file's lock. O_NONBLOCK: a pipe in the
+/// becomes the older one; of several writers one does that, under the file's lock. Whoever finds it locked
+/// each time adds his line to the full file: no line is lost, and nobody waits. O_NONBLOCK: a pipe in the
 /// file's place must not hold the program up.
 void appendToFile(const std::string& path, const std::string& older, std::string_view text) {
-    for (int tries = 0; tries < kTries; ++tries) {
+    for (int tries = 1; tries <= kTries; ++tries) {
         const Descriptor file(
             open(path.c_str(), O_WRONLY | O_APPEND | O_CREAT | O_CLOEXEC | O_NONBLOCK, 0600));
         struct stat status {};
         if (file.get() < 0 || fstat(file.get(), &status) != 0) {
             return;
         }
-        if (!isFull(status, path, text.size())) {
+        if (tries == kTries || !isFull(status, path, text.size())) {
             [[maybe_unused]] const ssize_t written = write(file.get(), text.data(), text.size());
             return;
         }
