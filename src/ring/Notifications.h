@@ -34,7 +34,7 @@ struct NotificationReply {
 };
 
 /// A client of the notification server. Signals of the server wake this process only while one of its own
-/// notifications is open. Source: Desktop Notifications Specification 1.2.
+/// notifications is open. Source: Desktop Notifications 1.2 (freedesktop.org).
 class Notifications {
 public:
     /// @param bus may be null: then there is no server.
