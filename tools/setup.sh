@@ -16,7 +16,7 @@ test_packages=(
     dpkg-dev make file desktop-file-utils appstream systemd
     librsvg2-bin weasyprint poppler-utils
     khal vdirsyncer radicale fish groff-base dbus pulseaudio pulseaudio-utils python3-dbus python3-gi libcap2-bin
-    evolution-data-server xvfb xauth
+    evolution-data-server xauth
     libitl-dev libnova-dev)
 # What the benchmarks need: their library, programs and libraries that are measured beside ours.
 bench_packages=(libbenchmark-dev libitl-dev libnova-dev liberfa-dev itools python3 time)
