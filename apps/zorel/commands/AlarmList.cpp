@@ -26,10 +26,14 @@ struct List {
     almanac::Day day;
 };
 
+/// @throws CliError (data trouble) when the catalogue, read a moment ago, cannot be read any more.
 List listOf(const Context& context, const AlarmReport& report) {
     List list{report, std::nullopt, {}, {}};
-    const auto row = report.home.place ? placeById(context.services, report.home.cityId) : std::nullopt;
-    if (row) {
+    if (report.home.place) {
+        const auto row = placeById(context.services, report.home.cityId);
+        if (!row) {
+            throw unreadableCatalogue(context.services);
+        }
         list.home = shownPlace(*row);
         list.today = list.home->clock().dateAt(context.now());
         list.day = almanac::Almanac(list.home->place).day(list.today);
