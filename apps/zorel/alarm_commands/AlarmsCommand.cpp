@@ -1,7 +1,7 @@
 // SPDX-License-Identifier: Apache-2.0
 #include "commands/Commands.h"
 
-#include "commands/AlarmList.h"
+#include "alarm_commands/AlarmList.h"
 #include "commands/HeadlessPane.h"
 #include "commands/UserData.h"
 

@@ -1,5 +1,5 @@
 // SPDX-License-Identifier: Apache-2.0
-#include "commands/RingClient.h"
+#include "alarm_commands/RingClient.h"
 
 #include "terminal/Program.h"
 

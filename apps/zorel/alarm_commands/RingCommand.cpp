@@ -1,7 +1,7 @@
 // SPDX-License-Identifier: Apache-2.0
 #include "commands/Commands.h"
 
-#include "commands/RingClient.h"
+#include "alarm_commands/RingClient.h"
 #include "terminal/Program.h"
 
 namespace zorel::cli {

@@ -1,5 +1,5 @@
 // SPDX-License-Identifier: Apache-2.0
-#include "commands/AlarmList.h"
+#include "alarm_commands/AlarmList.h"
 
 #include "commands/CataloguePlaces.h"
 #include "print/ClockNotices.h"
