@@ -1,6 +1,7 @@
 #!/usr/bin/env bash
 # SPDX-License-Identifier: Apache-2.0
-# make_pictures.sh [BIN-FOLDER]: draws the screens of the window into docs/pictures, in English and Turkish.
+# make_pictures.sh [BIN-FOLDER]: makes docs/pictures: the screens of the window, in English and Turkish, and the pictures of the
+# command line (make_drawings.sh, which can be called alone).
 set -euo pipefail
 cd "$(dirname "$0")/.."
 bin=${1:-build/release/bin}
@@ -32,4 +33,5 @@ for language in en tr; do
     [ "$language" = en ] && draw "$language" "$locale" cities dark --appearance dark
     rm -rf "$data"
 done
+tools/make_drawings.sh "$bin"
 ls "$out"

@@ -29,6 +29,7 @@
 #include <memory>
 #include <optional>
 #include <utility>
+#include <vector>
 
 namespace zorel::almanac {
 
@@ -67,6 +68,9 @@ public:
     [[nodiscard]] MoonOfDay moon(Date date) const;
     /// Sun and Moon at an instant.
     [[nodiscard]] Sky sky(Instant instant) const;
+    /// Where Sun and Moon stand from 0:00 to 24:00 of a local date, in steps [s, more than 0]; both ends are
+    /// in it.
+    [[nodiscard]] std::vector<SkyMoment> course(Date date, std::chrono::seconds step) const;
     /// Direction of the Kaaba, and when the Sun shows it on a local date.
     [[nodiscard]] Qibla qibla(Date date) const;
     /// Civil, observation-based Hijri and Rumi date. The Hijri day is the one whose daylight falls on the

@@ -2,12 +2,14 @@
 // Sun and Moon, and the calendars.
 #include "almanac/Almanac.h"
 #include "almanac/CivilDay.h"
+#include "almanac/Degrees.h"
 #include "almanac/Usable.h"
 
 #include "engine/FastAstro.h"
 
 #include <algorithm>
 #include <chrono>
+#include <cmath>
 #include <vector>
 
 namespace zorel::almanac {
@@ -53,7 +55,25 @@ double ageAt(double julianDay) {
     return age;
 }
 
+Standing standingOf(const SunDetails& sun) {
+    return {sun.altitude, sun.azimuth};
+}
+
+Standing standingOf(const MoonInfo& moon) {
+    return {moon.apparentAltitude, moon.azimuth};
+}
+
 } // namespace
+
+double litSide(const Standing& sun, const Standing& moon) {
+    const double sunHeight = sun.altitude * kRadian;
+    const double moonHeight = moon.altitude * kRadian;
+    const double aside = (sun.azimuth - moon.azimuth) * kRadian;
+    const double right = std::cos(sunHeight) * std::sin(aside);
+    const double up = std::sin(sunHeight) * std::cos(moonHeight) -
+                      std::cos(sunHeight) * std::sin(moonHeight) * std::cos(aside);
+    return bearingOf(std::atan2(right, up) / kRadian);
+}
 
 MoonOfDay Almanac::moon(Date date) const {
     if (!isOnEarth(place_) || !isInRange(date)) {
@@ -82,8 +102,25 @@ Sky Almanac::sky(Instant instant) const {
     sky.sunEvents = eventsOf(place_, sky.at.date, SunEventsOfSpan);
     sky.moon = engine.MoonInformation(universal, place_.latitude, place_.longitude);
     sky.moonEvents = eventsOf(place_, sky.at.date, MoonEventsOfSpan);
+    sky.litSide = almanac::litSide(standingOf(sky.sun), standingOf(sky.moon));
     sky.phases = phasesAfter(place_.clock, instant);
     return sky;
+}
+
+std::vector<SkyMoment> Almanac::course(Date date, std::chrono::seconds step) const {
+    std::vector<SkyMoment> moments;
+    if (!isOnEarth(place_) || !isInRange(date) || step <= std::chrono::seconds(0)) {
+        return moments;
+    }
+    const CivilDay day(place_.clock, date);
+    FastAstro engine;
+    for (Instant instant = day.begin; instant <= day.end; instant += step) {
+        const DateTimeRecord universal = engineInstant(instant);
+        moments.push_back({instant,
+                           standingOf(engine.SunInformation(universal, place_.latitude, place_.longitude)),
+                           standingOf(engine.MoonInformation(universal, place_.latitude, place_.longitude))});
+    }
+    return moments;
 }
 
 AllCalendarRecord Almanac::calendars(Date date) const {

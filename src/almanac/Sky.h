@@ -10,6 +10,7 @@
 
 #include <array>
 #include <optional>
+#include <vector>
 
 namespace zorel::almanac {
 
@@ -44,6 +45,27 @@ struct MoonOfDay {
     double age = 0.0; ///< since the last new Moon at local noon [days], within 4 minutes
 };
 
+/// Where a body stands, as SunDetails and MoonInfo (apparent) tell it.
+struct Standing {
+    double altitude = 0.0; ///< [deg]
+    double azimuth = 0.0;  ///< [deg] from north, clockwise
+};
+
+/// Both bodies at an instant.
+struct SkyMoment {
+    Instant instant{};
+    Standing sun;
+    Standing moon;
+};
+
+/// The side of the Moon that the Sun lights, as one who looks at the Moon sees it: the angle at the Moon from
+/// the zenith to the Sun, clockwise, [0, 360) [deg]. 0: the upper side is lit, 90: the right one. (The
+/// position angle of the bright limb less the parallactic angle, J. Meeus, Astronomical Algorithms, chapters
+/// 14 and 48, counted the other way round; here from the horizontal coordinates themselves, which have the
+/// parallax of the Moon in them.) Accuracy: a degree, for a Moon more than 15 degrees from the Sun and from
+/// the point opposite to it; where they meet, the side is undefined.
+[[nodiscard]] double litSide(const Standing& sun, const Standing& moon);
+
 /// Both bodies at an instant, the events of its local date, the next four phases.
 struct Sky {
     LocalTime at;
@@ -51,6 +73,7 @@ struct Sky {
     BodyEvents sunEvents;
     MoonInfo moon; ///< likewise
     BodyEvents moonEvents;
+    double litSide = 0.0; ///< of the Moon [deg], see the function
     std::array<MoonPhase, 4> phases{};
 };
 

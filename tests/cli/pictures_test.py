@@ -12,6 +12,8 @@ import xml.etree.ElementTree as ET
 PROGRAM, BUNDLE = sys.argv[1:3]
 PLACES = ["Quito", "Singapore", "Jakarta", "Nairobi", "Lagos", "Mecca", "Cairo", "Casablanca", "Tehran", "Istanbul", "Tokyo",
           "New York", "Paris, France", "London", "Berlin", "Edinburgh", "Oslo", "Helsinki", "Reykjavik", "65.99,25.5,Europe/Helsinki"]
+SOUTH = ["Sydney", "Santiago, Chile", "Cape Town", "-54.8,-68.3,America/Argentina/Ushuaia", "-77.85,166.67,Antarctica/McMurdo"]
+HOURS = ["00:10", "06:20", "12:00", "17:45"]
 SVG = "{http://www.w3.org/2000/svg}"
 failures = []
 folder = tempfile.mkdtemp(prefix="zorel-pictures-")
@@ -30,16 +32,19 @@ def told(*words):
 
 
 def sizes(style):
-    """Size of the letters [px] by class, without one: ''."""
+    """Width of a letter on average and size [px] by class, without one: ''."""
     light = style.split("@media")[0]
-    found = {name or "": float(size) for name, size in re.findall(r"(?:text|\.(\w+))\{[^}]*font-size:([\d.]+)px", light)}
+    found = {}
+    for name, rules in re.findall(r"(?:text|\.(\w+))\{([^}]*font-size:[^}]*)\}", light):
+        size = float(re.search(r"font-size:([\d.]+)px", rules)[1])
+        found[name or ""] = size * (0.66 if "bold" in rules else 0.56), size
     return found
 
 
 def box(element, letters):
     """Left, top, right, bottom of a text, its letters taken as wide as they are on average."""
-    size = letters.get(element.get("class"), letters[""])
-    x, y, width = float(element.get("x")), float(element.get("y")), 0.56 * size * len(element.text or "")
+    letter, size = letters.get(element.get("class"), letters[""])
+    x, y, width = float(element.get("x")), float(element.get("y")), letter * len(element.text or "")
     left = x - {"start": 0.0, "middle": 0.5, "end": 1.0}[element.get("text-anchor", "start")] * width
     return left, y - 0.75 * size, left + width, y + 0.2 * size
 
@@ -108,6 +113,12 @@ def main():
         texts += check_svg("chart of " + place, told("chart", place, "--svg"))
     texts += check_svg("chart of Rabat, two changes in spring", told("chart", "Rabat", "--svg", "--year", "2027"))
     texts += check_svg("chart of two places", told("chart", "Istanbul", "--with", "Oslo", "--svg"))
+    for place in PLACES + SOUTH:
+        for hour in HOURS:
+            texts += check_svg(f"sky of {place} at {hour}", told("sky", place, "--svg", "--at", "2026-11-21T" + hour))
+        texts += check_svg(f"sky of {place} in summer", told("sky", place, "--svg", "--at", "2026-06-21T12:00"))
+        texts += check_svg("rose of " + place, told("compass", place, "--svg"))
+    texts += check_svg("rose at a magnetic pole", told("compass", "86.5,160,UTC", "--svg"))
     check(texts > 500, f"only {texts} texts were looked at")
     check_sheet("month of 31 days on A4", "Istanbul", "--month", "2026-12")
     check_sheet("month of the far north on letter", "Tromsø", "--month", "2026-07", "--paper", "letter")

@@ -2,6 +2,8 @@
 #include "commands/Commands.h"
 
 #include "commands/PlaceResolver.h"
+#include "draw/CompassRose.h"
+#include "draw/SkyTexts.h"
 #include "grammar/DateArgument.h"
 #include "print/ClockNotices.h"
 #include "print/DayJson.h"
@@ -17,50 +19,6 @@
 namespace zorel::cli {
 
 namespace {
-/// Below these the compass is as good as useless, or not to be relied on, by the makers of the model [nT].
-constexpr double kUseless = 2000.0;
-constexpr double kUnreliable = 6000.0;
-
-struct Compass {
-    ShownPlace place;
-    almanac::Date date{};
-    almanac::Qibla qibla;
-    std::optional<almanac::Magnetic> magnetic;
-    std::optional<double> magneticBearing; ///< [deg]; nothing at the Kaaba and at a magnetic pole
-};
-
-Compass compassOf(ShownPlace place, almanac::Date date) {
-    const almanac::Almanac almanac(place.place);
-    Compass compass{std::move(place), date, almanac.qibla(date), almanac.magnetic(date), std::nullopt};
-    if (compass.qibla.bearing && compass.magnetic) {
-        compass.magneticBearing =
-            almanac::magneticBearing(*compass.qibla.bearing, compass.magnetic->declination);
-    }
-    return compass;
-}
-
-/// A bearing rounded to some decimals, below 360.
-double roundedBearing(double degrees, int decimals) {
-    const double scale = std::pow(10.0, decimals);
-    const double rounded = std::round(degrees * scale) / scale;
-    return rounded >= 360.0 ? 0.0 : rounded;
-}
-
-std::string bearingText(double degrees) {
-    return fmt::format("{:.1f}°", roundedBearing(degrees, 1));
-}
-
-/// " ± 0.3°"; empty for a model that does not say.
-std::string uncertaintyText(const almanac::Magnetic& magnetic) {
-    return magnetic.uncertainty ? fmt::format(" ± {:.1f}°", *magnetic.uncertainty) : std::string();
-}
-
-std::string declinationText(const Context& context, const almanac::Magnetic& magnetic) {
-    return fmt::format("{:.1f}° {}{}", std::abs(magnetic.declination),
-                       context.word(magnetic.declination < 0.0 ? Word::west : Word::east),
-                       uncertaintyText(magnetic));
-}
-
 std::string modelText(const Context& context, const almanac::Magnetic& magnetic) {
     std::string text =
         fmt::format("{}, {} {:.1f}, {} {:.0f}-{:.0f}", magnetic.model, context.word(Word::epoch),
@@ -92,12 +50,16 @@ void addBearings(TextTable& table, const Context& context, const Compass& compas
 
 std::string fieldText(const Context& context, const almanac::Magnetic& magnetic) {
     std::string text = fmt::format("  {}: {}\n", context.word(Word::model), modelText(context, magnetic));
-    if (magnetic.horizontalIntensity < kUnreliable) {
-        const bool useless = magnetic.horizontalIntensity < kUseless;
-        text += fmt::format("  ! {}\n", context.style.warning(context.word(
-                                            useless ? Word::compassUseless : Word::compassUnreliable)));
+    if (const std::string_view warning = fieldWarning(context, magnetic); !warning.empty()) {
+        text += fmt::format("  ! {}\n", context.style.warning(warning));
     }
     return text;
+}
+
+std::string rosePicture(const Context& context, const Compass& compass) {
+    const bool ascii = context.options.ascii;
+    return fmt::format("\n{}\n  {}\n\n", roseText(context, compass),
+                       ascii ? sky_texts::kRoseLegendAscii : sky_texts::kRoseLegend);
 }
 
 void printText(const Context& context, const Compass& compass) {
@@ -117,7 +79,8 @@ void printText(const Context& context, const Compass& compass) {
     }
     context.streams.out << context.style.bold(placeText(compass.place, context.language)) << "  "
                         << almanac::isoDate(compass.date) << '\n'
-                        << text << clockNoticeLine(context, compass.place, compass.date);
+                        << (context.options.chart ? rosePicture(context, compass) : std::string()) << text
+                        << clockNoticeLine(context, compass.place, compass.date);
 }
 
 Json bearingJson(const std::optional<double>& degrees) {
@@ -158,7 +121,9 @@ Exit runCompass(const Context& context) {
     const almanac::Date date =
         context.options.date.empty() ? today : requireDate(context.options.date, today, "--date");
     const Compass compass = compassOf(std::move(place), date);
-    if (context.options.json) {
+    if (context.options.svg) {
+        context.streams.out << roseSvg(context, compass);
+    } else if (context.options.json) {
         printJson(context, compass);
     } else {
         printText(context, compass);

@@ -2,6 +2,7 @@
 #include "commands/Commands.h"
 
 #include "commands/PlaceResolver.h"
+#include "draw/SkyChart.h"
 #include "grammar/DateArgument.h"
 #include "print/ClockNotices.h"
 #include "print/DayJson.h"
@@ -21,19 +22,6 @@ using almanac::Instant;
 using almanac::Sky;
 
 namespace {
-Word phaseWord(PrincipalPhase::Kind kind) {
-    switch (kind) {
-    case PrincipalPhase::fullMoon:
-        return Word::fullMoon;
-    case PrincipalPhase::firstQuarter:
-        return Word::firstQuarter;
-    case PrincipalPhase::lastQuarter:
-        return Word::lastQuarter;
-    default:
-        return Word::newMoon;
-    }
-}
-
 std::string_view phaseKey(PrincipalPhase::Kind kind) {
     switch (kind) {
     case PrincipalPhase::fullMoon:
@@ -105,11 +93,8 @@ std::string moonText(const Context& context, const Sky& sky) {
 
 std::string phasesText(const Context& context, const Sky& sky) {
     TextTable table("lr");
-    for (const almanac::MoonPhase& phase : sky.phases) {
-        const almanac::LocalTime& at = phase.at.local;
-        table.add({std::string(context.word(phaseWord(phase.kind))),
-                   fmt::format("{}  {}", almanac::isoDate(at.date),
-                               almanac::clockText(at.timeOfDay, almanac::Precision::minutes))});
+    for (const SkyFact& phase : phaseFacts(context, sky)) {
+        table.add({phase.name, phase.value});
     }
     return context.style.bold(context.word(Word::nextPhases)) + '\n' + table.text(context.style, "  ");
 }
@@ -188,9 +173,18 @@ Instant momentOf(const Context& context, const almanac::PlaceClock& clock) {
 } // namespace
 
 Exit runSky(const Context& context) {
-    const ShownPlace place = resolvePlace(context);
-    const Sky sky = almanac::Almanac(place.place).sky(momentOf(context, place.clock()));
-    if (context.options.json) {
+    ShownPlace place = resolvePlace(context);
+    const Instant at = momentOf(context, place.clock());
+    const Options& options = context.options;
+    if (options.svg || options.chart) {
+        const SkyChart chart = skyChart(std::move(place), at);
+        context.streams.out << (options.svg ? skySvg(context, chart)
+                                            : skyText(context, chart) +
+                                                  clockNoticeLine(context, chart.place, chart.sky.at.date));
+        return Exit::ok;
+    }
+    const Sky sky = almanac::Almanac(place.place).sky(at);
+    if (options.json) {
         printJson(context, place, sky);
     } else {
         printText(context, place, sky);

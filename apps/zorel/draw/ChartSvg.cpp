@@ -65,8 +65,8 @@ public:
         const double height = kBottom + 48.0 + kNoteHeight * static_cast<double>(notes_.size());
         const std::string title = placeText(chart_.first.place, context_.language);
         return svgDocument(kWidth, height, fmt::format("{}: {}", title, chartSubtitle(chart_)), kStyle,
-                           rectangle(0, 0, kWidth, height, "page") + heading(title) + ground() + ramadans() +
-                               grid() + curves() + clockChanges() + today() + notes());
+                           svgRectangle(0, 0, kWidth, height, "page") + heading(title) + ground() +
+                               ramadans() + grid() + curves() + clockChanges() + today() + notes());
     }
 
 private:
@@ -76,12 +76,6 @@ private:
         return kLeft + (static_cast<double>(day) + 0.5) * dayWidth();
     }
     [[nodiscard]] static double y(double hour) { return kBottom - hour * (kBottom - kTop) / 24.0; }
-
-    static std::string rectangle(double left, double top, double width, double height,
-                                 std::string_view style) {
-        return fmt::format("<rect x=\"{}\" y=\"{}\" width=\"{}\" height=\"{}\" class=\"{}\"/>\n",
-                           coordinate(left), coordinate(top), coordinate(width), coordinate(height), style);
-    }
 
     [[nodiscard]] std::string heading(const std::string& title) const {
         const std::string legend = chartLegend(context_, chart_);
@@ -101,7 +95,7 @@ private:
                 addStrip(paths[static_cast<std::size_t>(span.light)], i, span, light.civil.end);
             }
         }
-        std::string text = rectangle(kLeft, kTop, kRight - kLeft, kBottom - kTop, "night");
+        std::string text = svgRectangle(kLeft, kTop, kRight - kLeft, kBottom - kTop, "night");
         for (const Light light : {Light::dawn, Light::dusk, Light::day}) {
             text += fmt::format(
                 "<path shape-rendering=\"crispEdges\" class=\"{}\" style=\"stroke:none\" d=\"{}\"/>\n",
@@ -128,7 +122,7 @@ private:
             const double right = x(year_.indexOf(days.last)) + 0.5 * dayWidth();
             const std::string name =
                 fmt::format("{} {}", hijriMonthName(9, context_.language), days.hijriYear);
-            text += rectangle(left, kTop, right - left, kBottom - kTop, "ramadan") +
+            text += svgRectangle(left, kTop, right - left, kBottom - kTop, "ramadan") +
                     svgText(std::clamp(0.5 * (left + right), kLeft + 45.0, kRight - 45.0), kTop - 22.0,
                             Anchor::middle, "green", name);
         }

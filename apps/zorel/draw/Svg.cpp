@@ -60,6 +60,24 @@ std::string svgLine(double x1, double y1, double x2, double y2, std::string_view
                        coordinate(y1), coordinate(x2), coordinate(y2), style);
 }
 
+std::string svgRectangle(double left, double top, double width, double height, std::string_view style) {
+    return fmt::format("<rect x=\"{}\" y=\"{}\" width=\"{}\" height=\"{}\" class=\"{}\"/>\n",
+                       coordinate(left), coordinate(top), coordinate(width), coordinate(height), style);
+}
+
+std::string svgCircle(double x, double y, double radius, std::string_view style) {
+    return fmt::format("<circle cx=\"{}\" cy=\"{}\" r=\"{}\" class=\"{}\"/>\n", coordinate(x), coordinate(y),
+                       coordinate(radius), style);
+}
+
+std::string svgPath(std::span<const SvgPoint> points, Line line, std::string_view style) {
+    std::string path;
+    for (const SvgPoint& point : points) {
+        path += fmt::format("{}{} {}", path.empty() ? 'M' : 'L', coordinate(point.x), coordinate(point.y));
+    }
+    return fmt::format("<path class=\"{}\" d=\"{}{}\"/>\n", style, path, line == Line::closed ? "z" : "");
+}
+
 std::string svgDocument(double width, double height, std::string_view title, std::string_view style,
                         std::string_view content) {
     return fmt::format("<svg xmlns=\"http://www.w3.org/2000/svg\" viewBox=\"0 0 {0} {1}\" width=\"{0}\" "

@@ -204,8 +204,15 @@ private:
         all->excludes(ics)->excludes("--others");
     }
 
-    void svg(CLI::App* sub) {
-        sub->add_flag("--svg", options_.svg, "Print a picture (SVG) instead of characters");
+    CLI::Option* svg(CLI::App* sub) {
+        return sub->add_flag("--svg", options_.svg, "Print a picture (SVG) instead of characters");
+    }
+    /// A picture for those who ask for it; --svg asks too.
+    void picture(CLI::App* sub, const char* help) {
+        auto* jsonFlag = sub->get_option("--json");
+        sub->add_flag("--chart", options_.chart, help)->excludes(jsonFlag);
+        svg(sub)->excludes(jsonFlag);
+        drawing(sub);
     }
     CLI::Option* year(CLI::App* sub, const char* help) {
         return sub->add_option("--year", options_.year, help)
@@ -261,6 +268,7 @@ private:
         value(*sky, "--at", options_.at, "TIME",
               "The moment: 2026-11-21T15:04[+03:00] or 15:04; default: now");
         json(sky);
+        picture(sky, "Draw the sky: horizon, ways of Sun and Moon through the day, face of the Moon");
     }
 
     void addHijri() {
@@ -281,6 +289,7 @@ private:
         place(compass);
         day(compass, "--date", options_.date, std::string("The day: ") + kDateForms + "; default: today");
         json(compass);
+        picture(compass, "Draw a rose with the qibla, true and magnetic north");
     }
 
     void addSearch() {

@@ -53,6 +53,7 @@ struct Options {
     std::string pdf;            ///< file; empty: HTML on the output
     std::string calendarName;   ///< of --ics; empty: the place's
     std::vector<int> reminders; ///< of --ics [min before the time]
+    bool chart = false;         ///< a picture in place of figures, or with them
     bool svg = false;
     bool others = false; ///< the other times too
 

@@ -22,18 +22,51 @@ const CLI::App& deepest(const CLI::App& app) {
     return parsed.empty() ? app : deepest(*parsed.front());
 }
 
-std::string spelledLike(const CLI::App& app, const std::string& word) {
+/// The one of some words that is spelled most alike, of several that of the same length; empty when none is
+/// near.
+std::string spelledLike(const std::vector<std::string>& known, const std::string& word, std::size_t most) {
     std::string nearest;
-    std::size_t least = std::min(kMostTypos + 1, word.size());
-    for (const CLI::App* command : app.get_subcommands([](const CLI::App*) { return true; })) {
-        const std::size_t typos =
-            slipsBetween(charactersOf(word), charactersOf(command->get_name()), kMostTypos);
-        if (typos < least) {
+    std::size_t least = std::min(most + 1, word.size());
+    for (const std::string& one : known) {
+        const std::size_t typos = slipsBetween(charactersOf(word), charactersOf(one), most);
+        if (typos < least || (typos == least && !nearest.empty() && one.size() == word.size())) {
             least = typos;
-            nearest = command->get_name();
+            nearest = one;
         }
     }
     return nearest;
+}
+
+std::vector<std::string> commandNames(const CLI::App& app) {
+    std::vector<std::string> names;
+    for (const CLI::App* command : app.get_subcommands([](const CLI::App*) { return true; })) {
+        names.push_back(command->get_name());
+    }
+    return names;
+}
+
+/// The long names of a command's options, and of those of the commands above it.
+std::vector<std::string> optionNames(const CLI::App& app) {
+    std::vector<std::string> names;
+    for (const CLI::App* one = &app; one != nullptr; one = one->get_parent()) {
+        for (const CLI::Option* option : one->get_options()) {
+            for (const std::string& name : option->get_lnames()) {
+                names.push_back("--" + name);
+            }
+        }
+    }
+    return names;
+}
+
+/// The option that was meant: the only one that begins so, else the one spelled most alike.
+std::string optionMeant(const CLI::App& app, const std::string& word) {
+    const std::string typed = word.substr(0, word.find('='));
+    const std::vector<std::string> known = optionNames(app);
+    const auto begins = [&](const std::string& name) { return name.starts_with(typed); };
+    if (typed.size() > 3 && std::ranges::count_if(known, begins) == 1) {
+        return *std::ranges::find_if(known, begins);
+    }
+    return typed.size() > 3 ? spelledLike(known, typed, typed.size() > 5 ? kMostTypos : 1) : std::string();
 }
 
 std::string helpHint(const std::string& command) {
@@ -43,7 +76,7 @@ std::string helpHint(const std::string& command) {
 
 ParseProblem unknownCommand(const CLI::App& app, const std::string& before, const std::string& word) {
     const std::string prefix = before.empty() ? before : before + ' ';
-    const std::string nearest = spelledLike(app, word);
+    const std::string nearest = spelledLike(commandNames(app), word, kMostTypos);
     if (!nearest.empty()) {
         return {"no command " + quote(prefix + word),
                 fmt::format("did you mean: zorel {}{}", prefix, nearest)};
@@ -54,6 +87,9 @@ ParseProblem unknownCommand(const CLI::App& app, const std::string& before, cons
 
 ParseProblem unknownWord(const CLI::App& app, const std::string& command, const std::string& word) {
     if (word.size() > 1 && word.front() == '-') {
+        if (const std::string meant = optionMeant(app, word); !meant.empty() && meant != word) {
+            return {"no option " + quote(word), fmt::format("did you mean: {}", meant)};
+        }
         const std::string where =
             command.empty() ? "" : fmt::format("; they stand behind {}", quote(command));
         return {"no option " + quote(word), helpHint(command) + where};
