@@ -101,12 +101,13 @@ BENCHMARK_CAPTURE(search, turkish_Sanliurfa, "Şanlıurfa")->Unit(benchmark::kMi
 BENCHMARK_CAPTURE(search, cyrillic_Moskva, "Москва")->Unit(benchmark::kMillisecond);
 BENCHMARK_CAPTURE(search, arabic_alQahira, "القاهرة")->Unit(benchmark::kMillisecond);
 
-void searchForPeople(benchmark::State& state) {
+void searchForPeople(benchmark::State& state, const char* text) {
     for (auto _ : state) {
-        benchmark::DoNotOptimize(searchPlaces(services(), "London"));
+        benchmark::DoNotOptimize(searchPlaces(services(), text));
     }
 }
-BENCHMARK(searchForPeople)->Unit(benchmark::kMillisecond);
+BENCHMARK_CAPTURE(searchForPeople, common_London, "London")->Unit(benchmark::kMillisecond);
+BENCHMARK_CAPTURE(searchForPeople, common_San, "San")->Unit(benchmark::kMillisecond);
 
 void resolve(benchmark::State& state, const char* text) {
     for (auto _ : state) {

@@ -102,9 +102,9 @@ void pane(benchmark::State& state) {
     const Folders folders(disk());
     {
         ZorelSettingsController first;
-        for (const City& city : searchCities(first.glbFuncs(), "ankara")) {
+        for (const FoundCity& city : searchCities(first.glbFuncs(), "ankara")) {
             if (first.userCities().size() < 5) {
-                first.delegateAddCityView_AddTapped(city);
+                first.delegateAddCityView_AddTapped(cityOf(first.glbFuncs(), city));
             }
         }
     }
@@ -159,7 +159,8 @@ void firstCityWithSixAlarms(benchmark::State& state) {
         {
             const Folders folders(disk());
             ZorelSettingsController controller;
-            const City city = searchCities(controller.glbFuncs(), "ankara").at(0);
+            const City city =
+                cityOf(controller.glbFuncs(), searchCities(controller.glbFuncs(), "ankara").at(0));
             for (std::int32_t prayer = 200; prayer <= 205; ++prayer) {
                 controller.dbFuncs().updateAlarmDefinitions(prayer, 0, 12.0, "Dawn Bell.wav", 1);
             }
@@ -178,7 +179,8 @@ void homeCityWithSixAlarms(benchmark::State& state) {
     ZorelSettingsController controller;
     UINavigationController navigation(controller);
     for (const char* name : {"ankara", "berlin"}) {
-        controller.delegateAddCityView_AddTapped(searchCities(controller.glbFuncs(), name).at(0));
+        controller.delegateAddCityView_AddTapped(
+            cityOf(controller.glbFuncs(), searchCities(controller.glbFuncs(), name).at(0)));
     }
     for (int row = 0; row < 6; ++row) {
         controller.table().userSelectsRow({1, row});

@@ -28,32 +28,38 @@ std::ptrdiff_t characterCount(const std::string& text) {
     return std::count_if(text.begin(), text.end(), [](char byte) { return (byte & 0xC0) != 0x80; });
 }
 
-void fillFoundCity(City& city, const Statement& row) {
-    city.name = row.text(0);
-    city.nameParent = row.text(1);
-    city.cityId = row.text(2);
-    city.countryId = row.text(3);
-    city.countryNameEn = row.text(4);
-    city.countryNameTr = row.text(5);
+FoundCity foundCity(const Statement& row) {
+    return {row.text(0), row.text(1), row.text(2), row.text(3), row.text(4), row.text(5)};
 }
 
 /// All rows of a search. A search yields a place at most once: more rows than places mean that the text has
 /// changed the meaning of the statement, and then nothing is found.
-std::vector<City> foundCities(Statement& rows, const GlobalFuncs& glbFuncs, std::size_t places) {
-    std::vector<City> cities;
+std::vector<FoundCity> foundCities(Statement& rows, std::size_t places) {
+    std::vector<FoundCity> cities;
     cities.reserve(std::min(places, kMostUsualHits));
     while (rows.nextRow()) {
         if (cities.size() == places) {
             return {};
         }
-        fillFoundCity(cities.emplace_back(glbFuncs), rows);
+        cities.push_back(foundCity(rows));
     }
     return cities;
 }
 
 } // namespace
 
-std::vector<City> searchCities(const GlobalFuncs& glbFuncs, const std::string& text) {
+City cityOf(const GlobalFuncs& glbFuncs, const FoundCity& found) {
+    City city(glbFuncs);
+    city.name = found.name;
+    city.nameParent = found.nameParent;
+    city.cityId = found.cityId;
+    city.countryId = found.countryId;
+    city.countryNameEn = found.countryNameEn;
+    city.countryNameTr = found.countryNameTr;
+    return city;
+}
+
+std::vector<FoundCity> searchCities(const GlobalFuncs& glbFuncs, const std::string& text) {
     if (characterCount(text) < kFewestCharacters) {
         return {};
     }
@@ -62,16 +68,21 @@ std::vector<City> searchCities(const GlobalFuncs& glbFuncs, const std::string& t
         return {};
     }
     Statement rows = catalogue->prepare(kSearch + text + kSearchEnd);
-    return foundCities(rows, glbFuncs, placeCount(*catalogue));
+    return foundCities(rows, placeCount(*catalogue));
 }
 
-std::string citySearchText(const GlobalFuncs& glbFuncs, const City& city, const std::string& spelling) {
+std::string citySearchText(const GlobalFuncs& glbFuncs, const FoundCity& city, const std::string& spelling) {
     const std::string& country = glbFuncs.languageId == 0 ? city.countryNameTr : city.countryNameEn;
     const std::string name = spelling.empty() ? city.name : fmt::format("{} — {}", city.name, spelling);
     if (city.name == city.nameParent) {
         return fmt::format("{} / {}", name, country);
     }
     return fmt::format("{} / {} / {}", name, city.nameParent, country);
+}
+
+std::string citySearchText(const GlobalFuncs& glbFuncs, const City& city) {
+    return citySearchText(glbFuncs, FoundCity{city.name, city.nameParent, city.cityId, city.countryId,
+                                              city.countryNameEn, city.countryNameTr});
 }
 
 } // namespace zorel

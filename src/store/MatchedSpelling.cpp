@@ -66,7 +66,7 @@ std::string matchedSpelling(std::string_view name, std::string_view spellings, s
     return std::string(equal.empty() ? containingSpelling(spellings, text) : equal);
 }
 
-std::vector<FoundDetails> detailsOfFound(const GlobalFuncs& glbFuncs, std::span<const City> cities,
+std::vector<FoundDetails> detailsOfFound(const GlobalFuncs& glbFuncs, std::span<const FoundCity> cities,
                                          std::string_view text) {
     std::vector<FoundDetails> details(cities.size());
     const auto catalogue = Database::openCatalogue(cataloguePath(glbFuncs));

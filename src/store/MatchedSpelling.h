@@ -3,7 +3,7 @@
 /// Why a search has found a place.
 #pragma once
 
-#include "store/City.h"
+#include "store/CitySearch.h"
 
 #include <cstdint>
 #include <span>
@@ -27,7 +27,7 @@ struct FoundDetails {
 };
 
 /// The details of found cities, one for each; those of a city that cannot be read are empty.
-[[nodiscard]] std::vector<FoundDetails> detailsOfFound(const GlobalFuncs& glbFuncs,
-                                                       std::span<const City> cities, std::string_view text);
+[[nodiscard]] std::vector<FoundDetails>
+detailsOfFound(const GlobalFuncs& glbFuncs, std::span<const FoundCity> cities, std::string_view text);
 
 } // namespace zorel

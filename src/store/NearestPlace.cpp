@@ -42,12 +42,20 @@ public:
 
     /// @return whether the catalogue could be read.
     bool run() {
+        // The point's own square degree comes first: where it has a place nearby, few others can have a nearer one.
+        const std::int32_t own = latitudeBand(point_.latitude);
+        lookAt(own, 0.0);
         // Coordinates are rounded in the catalogue: a place may stand beyond the edge of its square.
         constexpr double kMargin = 0.01; // [deg]
         const double reach = distance_ / kEarthRadius / kRadian + kMargin;
-        for (std::int32_t band = latitudeBand(point_.latitude - reach);
-             band <= latitudeBand(point_.latitude + reach); ++band) {
-            lookAt(band, longitudeReach(reach));
+        const std::int32_t southernmost = latitudeBand(point_.latitude - reach);
+        const std::int32_t northernmost = latitudeBand(point_.latitude + reach);
+        const double aside = longitudeReach(reach);
+        if (southernmost == northernmost && isWithinOneSquare(aside)) {
+            return sound_;
+        }
+        for (std::int32_t band = southernmost; band <= northernmost; ++band) {
+            lookAt(band, aside);
         }
         return sound_;
     }
@@ -61,6 +69,10 @@ private:
             return 180.0;
         }
         return std::asin(std::sin(reach * kRadian) / std::cos(point_.latitude * kRadian)) / kRadian;
+    }
+    [[nodiscard]] bool isWithinOneSquare(double reach) const {
+        return reach < 0.5 &&
+               positionInBand(point_.longitude - reach) == positionInBand(point_.longitude + reach);
     }
     void lookAt(std::int32_t band, double reach) {
         const std::int32_t first = band * kSquareDegreesOfBand;

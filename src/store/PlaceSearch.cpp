@@ -3,20 +3,16 @@
 #include "store/CitySearch.h"
 #include "store/NameResolution.h"
 
+#include <algorithm>
+#include <iterator>
 #include <unordered_set>
 
 namespace zorel {
 
 namespace {
 
-City cityOf(const GlobalFuncs& glbFuncs, const NamedPlace& place) {
-    City city(glbFuncs);
-    city.name = place.name;
-    city.nameParent = place.region;
-    city.cityId = std::to_string(place.id);
-    city.countryNameEn = place.countryEn;
-    city.countryNameTr = place.countryTr;
-    return city;
+FoundCity foundCity(const NamedPlace& place) {
+    return {place.name, place.region, std::to_string(place.id), "", place.countryEn, place.countryTr};
 }
 
 /// The text with each quote doubled: the statement then reads it as one quote.
@@ -28,37 +24,42 @@ std::string withDoubledQuotes(const std::string& text) {
     return doubled;
 }
 
+/// Whether a name, folded, begins with the folded text. Most names are told by their first letter.
+bool begins(std::string_view name, std::string_view folded) {
+    const auto isLetter = [](char c) { return c >= 'a' && c <= 'z'; };
+    const char first = static_cast<char>(name.empty() ? '\0' : name.front() | 0x20);
+    if (!folded.empty() && isLetter(first) && first != folded.front()) {
+        return false;
+    }
+    return foldedName(name).starts_with(folded);
+}
+
 /// Moves the found cities behind those that are there already: beginnings first, none twice.
-void append(std::vector<City>& cities, std::vector<City> found, const std::string& text) {
+void append(std::vector<FoundCity>& cities, std::vector<FoundCity> found, const std::string& text) {
     std::unordered_set<std::string> ids;
-    for (const City& city : cities) {
+    for (const FoundCity& city : cities) {
         ids.insert(city.cityId);
     }
     const std::string folded = foldedName(text);
-    std::vector<bool> begins;
-    for (const City& city : found) {
-        begins.push_back(foldedName(city.name).starts_with(folded));
-    }
-    cities.reserve(cities.size() + found.size());
-    for (const bool wanted : {true, false}) {
-        for (std::size_t at = 0; at < found.size(); ++at) {
-            if (begins[at] == wanted && !ids.contains(found[at].cityId)) {
-                cities.push_back(std::move(found[at]));
-            }
+    std::vector<FoundCity> others;
+    for (FoundCity& city : found) {
+        if (!ids.contains(city.cityId)) {
+            (begins(city.name, folded) ? cities : others).push_back(std::move(city));
         }
     }
+    std::ranges::move(others, std::back_inserter(cities));
 }
 
 } // namespace
 
-std::optional<std::vector<City>> searchPlaces(const GlobalFuncs& glbFuncs, const std::string& text) {
+std::optional<std::vector<FoundCity>> searchPlaces(const GlobalFuncs& glbFuncs, const std::string& text) {
     const auto called = resolveName(glbFuncs, text);
     if (!called) {
         return std::nullopt;
     }
-    std::vector<City> cities;
+    std::vector<FoundCity> cities;
     for (const NamedPlace& place : called->places) {
-        cities.push_back(cityOf(glbFuncs, place));
+        cities.push_back(foundCity(place));
     }
     if (cities.empty() || foldedName(called->name) == foldedName(text)) {
         append(cities, searchCities(glbFuncs, withDoubledQuotes(text)), text);

@@ -100,7 +100,7 @@ void AddCityView::setListedCities(std::set<std::string> ids) {
 std::string AddCityView::rowText(std::size_t row) {
     std::optional<std::string>& text = rowTexts_.at(row);
     if (!text) {
-        const City& city = searchCityList_.at(row);
+        const FoundCity& city = searchCityList_.at(row);
         const auto details = detailsOfFound(glbFuncs_, std::span(&city, 1), searchedText_);
         text = citySearchText(glbFuncs_, city, details.front().spelling);
         if (listedCities_.contains(city.cityId)) {
@@ -141,7 +141,7 @@ void AddCityView::didSelectRowAtIndexPath(UITableView& table, NSIndexPath indexP
     confirmation_->showInView(*this);
 }
 
-/// The city is copied before it is passed on: the delegate may search anew or take this screen away.
+/// What is passed on is a city of its own: the delegate may search anew or take this screen away.
 void AddCityView::clickedButtonAtIndex(UIActionSheet& /*sheet*/, int index) {
     const auto selected = searchTableView_->indexPathForSelectedRow();
     if (index != kConfirmIndex || !selected || delegate_ == nullptr) {
@@ -149,7 +149,7 @@ void AddCityView::clickedButtonAtIndex(UIActionSheet& /*sheet*/, int index) {
     }
     const auto row = static_cast<std::size_t>(selected->row);
     if (row < searchCityList_.size()) {
-        const City city = searchCityList_[row];
+        const City city = cityOf(glbFuncs_, searchCityList_[row]);
         delegate_->delegateAddCityView_AddTapped(city);
     }
 }

@@ -7,7 +7,7 @@
 #include "platform/uikit/UIActionSheet.h"
 #include "platform/uikit/UISearchBar.h"
 #include "platform/uikit/UITableView.h"
-#include "store/City.h"
+#include "store/CitySearch.h"
 
 #include <memory>
 #include <optional>
@@ -39,7 +39,7 @@ public:
 
     void setDelegate(AddCityViewDelegate* delegate) { delegate_ = delegate; }
     [[nodiscard]] AddCityViewDelegate* delegate() const { return delegate_; }
-    [[nodiscard]] const std::vector<City>& searchCityList() const { return searchCityList_; }
+    [[nodiscard]] const std::vector<FoundCity>& searchCityList() const { return searchCityList_; }
     [[nodiscard]] UISearchBar& searchBar() const { return *aSearchBar_; }
     [[nodiscard]] UITableView& searchTableView() const { return *searchTableView_; }
     /// The sheet that asks for confirmation; nullptr before the first choice.
@@ -67,7 +67,7 @@ private:
 
     GlobalFuncs glbFuncs_;
     AddCityViewDelegate* delegate_ = nullptr;
-    std::vector<City> searchCityList_;
+    std::vector<FoundCity> searchCityList_;
     std::string searchedText_;
     std::vector<std::optional<std::string>> rowTexts_; ///< of searchCityList_, as far as they were asked for
     std::set<std::string> listedCities_;

@@ -18,14 +18,14 @@ using testing::SizeIs;
 
 class PlaceSearch : public testing::Test {
 protected:
-    std::vector<City> search(const std::string& text) {
+    std::vector<FoundCity> search(const std::string& text) {
         auto cities = searchPlaces(real_.glbFuncs, text);
         EXPECT_TRUE(cities);
-        return cities.value_or(std::vector<City>());
+        return cities.value_or(std::vector<FoundCity>());
     }
     std::vector<std::string> first(const std::string& text, std::size_t most) {
         std::vector<std::string> names;
-        for (const City& city : search(text)) {
+        for (const FoundCity& city : search(text)) {
             names.push_back(city.name + ", " + city.nameParent);
             if (names.size() == most) {
                 break;
@@ -66,7 +66,7 @@ TEST_F(PlaceSearch, NoPlaceIsThereTwice) {
     for (const char* text : {"Roma", "Medina", "Stock", "San", "東京"}) {
         std::set<std::string> ids;
         const auto cities = search(text);
-        for (const City& city : cities) {
+        for (const FoundCity& city : cities) {
             EXPECT_TRUE(ids.insert(city.cityId).second) << city.name;
         }
         EXPECT_FALSE(ids.empty());
@@ -76,17 +76,17 @@ TEST_F(PlaceSearch, NoPlaceIsThereTwice) {
 TEST_F(PlaceSearch, EverythingThatTheWindowFindsIsFound) {
     for (const char* text : {"Roma", "ist", "London", "ova"}) {
         std::set<std::string> ids;
-        for (const City& city : search(text)) {
+        for (const FoundCity& city : search(text)) {
             ids.insert(city.cityId);
         }
-        for (const City& city : searchCities(real_.glbFuncs, text)) {
+        for (const FoundCity& city : searchCities(real_.glbFuncs, text)) {
             EXPECT_TRUE(ids.contains(city.cityId)) << text << " " << city.name;
         }
     }
 }
 
 TEST_F(PlaceSearch, AnAnswerIsAsFullAsTheWindows) {
-    const City city = search("Zürich").at(0);
+    const FoundCity city = search("Zürich").at(0);
     EXPECT_EQ(city.cityId, "2657896");
     EXPECT_EQ(city.nameParent, "Zurich");
     EXPECT_EQ(city.countryNameEn, "Switzerland");
@@ -108,7 +108,7 @@ TEST_F(PlaceSearch, QuotesAndWildcardsAreLetters) {
 
 TEST_F(PlaceSearch, OneOrTwoCharactersFindOnlyWhatIsCalledSo) {
     EXPECT_EQ(first("東京", 1), std::vector<std::string>{"Tokyo, Tokyo"});
-    EXPECT_THAT(search("Is"), testing::Each(testing::Field(&City::name, testing::StartsWith("I"))));
+    EXPECT_THAT(search("Is"), testing::Each(testing::Field(&FoundCity::name, testing::StartsWith("I"))));
     EXPECT_THAT(search("qx"), IsEmpty());
 }
 
@@ -140,7 +140,7 @@ TEST(MatchedSpelling, NothingIsSaidWhenTheNameItselfWasFound) {
 
 TEST_F(PlaceSearch, DetailsOfNoCitiesAndOfUnknownOnes) {
     EXPECT_THAT(detailsOfFound(real_.glbFuncs, {}, "x"), IsEmpty());
-    std::vector<City> unknown(1, City(real_.glbFuncs));
+    std::vector<FoundCity> unknown(1);
     unknown[0].cityId = "1";
     EXPECT_EQ(detailsOfFound(real_.glbFuncs, unknown, "x").at(0).population, 0);
     real_.glbFuncs.appBundlePath = "/nowhere";

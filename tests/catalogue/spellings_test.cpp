@@ -109,7 +109,7 @@ protected:
 };
 
 TEST_P(Spellings, FindsItsPlaceFirst) {
-    const std::vector<City> cities = searchCities(real_.glbFuncs, GetParam().text);
+    const std::vector<FoundCity> cities = searchCities(real_.glbFuncs, GetParam().text);
     // "Koln" is in the middle of Stockholm's Nordic name, and Stockholm has more inhabitants.
     const std::size_t position = std::string(GetParam().text) == "Koln" ? 1 : 0;
     ASSERT_GT(cities.size(), position);

@@ -146,9 +146,9 @@ protected:
     [[nodiscard]] static City cityNamed(const std::string& search, const std::string& name) {
         static GlobalFuncs funcs; // cities refer to it
         funcs.appBundlePath = Locations::current().bundle;
-        for (const City& city : searchCities(funcs, search)) {
+        for (const FoundCity& city : searchCities(funcs, search)) {
             if (city.name == name) {
-                return city;
+                return cityOf(funcs, city);
             }
         }
         throw std::runtime_error("no city " + name);

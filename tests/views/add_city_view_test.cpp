@@ -79,7 +79,7 @@ TEST_F(AddCity, RegionIsNamedUnlessItHasTheCitysName) {
     int twoParts = 0;
     int threeParts = 0;
     for (int row = 0; row < rows(); ++row) {
-        const City& city = view.searchCityList()[static_cast<std::size_t>(row)];
+        const FoundCity& city = view.searchCityList()[static_cast<std::size_t>(row)];
         if (rowText(row).find(" — ") != std::string::npos) {
             continue;
         }
@@ -191,7 +191,7 @@ TEST_F(AddCity, ChoosingAsksForConfirmation) {
 
 TEST_F(AddCity, ConfirmingHandsOverTheChosenCity) {
     search("ankara");
-    const City second = view.searchCityList().at(1);
+    const FoundCity second = view.searchCityList().at(1);
     view.searchTableView().userSelectsRow({0, 1});
     view.confirmation()->userTapsButton(0);
     EXPECT_EQ(chosen.ids, std::vector<std::string>{second.cityId});

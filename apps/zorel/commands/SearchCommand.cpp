@@ -23,7 +23,7 @@ constexpr std::size_t kShortestPart = 3;
 
 /// What is found, and what is shown of it.
 struct Found {
-    std::vector<City> cities;
+    std::vector<FoundCity> cities;
     std::vector<FoundDetails> details; ///< of the first ones, which are shown
 };
 
@@ -39,7 +39,7 @@ Json orNull(const std::string& text) {
     return text.empty() ? Json(nullptr) : Json(text);
 }
 
-Json cityJson(const Context& context, const City& city, const FoundDetails& details) {
+Json cityJson(const Context& context, const FoundCity& city, const FoundDetails& details) {
     return Json{{"id", integerValue(city.cityId)},
                 {"name", city.name},
                 {"spelling", orNull(details.spelling)},
