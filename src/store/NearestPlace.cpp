@@ -42,7 +42,8 @@ public:
 
     /// @return whether the catalogue could be read.
     bool run() {
-        // The point's own square degree comes first: where it has a place nearby, few others can have a nearer one.
+        // The point's own square degree comes first: where it has a place nearby, few others can have a
+        // nearer one.
         const std::int32_t own = latitudeBand(point_.latitude);
         lookAt(own, 0.0);
         // Coordinates are rounded in the catalogue: a place may stand beyond the edge of its square.
