@@ -24,14 +24,19 @@ std::string withDoubledQuotes(const std::string& text) {
     return doubled;
 }
 
-/// Whether a name, folded, begins with the folded text. Most names are told by their first letter.
+/// Whether a name, folded, begins with the folded text. Plain letters fold to themselves and tell it of most
+/// names.
 bool begins(std::string_view name, std::string_view folded) {
-    const auto isLetter = [](char c) { return c >= 'a' && c <= 'z'; };
-    const char first = static_cast<char>(name.empty() ? '\0' : name.front() | 0x20);
-    if (!folded.empty() && isLetter(first) && first != folded.front()) {
-        return false;
+    for (std::size_t at = 0; at < folded.size(); ++at) {
+        const char letter = static_cast<char>(at < name.size() ? name[at] | 0x20 : '\0');
+        if (letter < 'a' || letter > 'z') {
+            return foldedName(name).starts_with(folded);
+        }
+        if (letter != folded[at]) {
+            return false;
+        }
     }
-    return foldedName(name).starts_with(folded);
+    return true;
 }
 
 /// Moves the found cities behind those that are there already: beginnings first, none twice.
