@@ -3,7 +3,7 @@
 
 # What ./run needs: to build the programs, and to open the window or to draw it.
 base_packages=(
-    g++ cmake ninja-build pkg-config tzdata
+    g++ cmake ninja-build pkg-config tzdata gettext
     libabsl-dev libcli11-dev libfmt-dev libgstreamer1.0-dev libical-dev libicu-dev libplist-dev libsqlite3-dev
     libsystemd-dev nlohmann-json3-dev gstreamer1.0-plugins-base gstreamer1.0-plugins-good
     qt6-base-dev qt6-declarative-dev qml6-module-qtqml-workerscript qt6-wayland fonts-dejavu-core)
@@ -12,7 +12,7 @@ base_packages=(
 # reader, a session with a sound server, libraries that the accuracy report has as peers.
 test_packages=(
     xvfb openbox xdotool weston at-spi2-core gir1.2-atspi-2.0 python3-pil
-    libgmock-dev clang clang-format git python3 locales
+    libgmock-dev clang clang-format git python3 python3-polib locales
     dpkg-dev make file desktop-file-utils appstream systemd
     librsvg2-bin weasyprint poppler-utils
     khal vdirsyncer radicale fish groff-base dbus pulseaudio pulseaudio-utils python3-dbus python3-gi libcap2-bin

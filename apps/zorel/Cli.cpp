@@ -128,6 +128,9 @@ int failed(Streams& streams, Exit code, std::string_view what, std::string_view 
 } // namespace
 
 int runZorel(std::span<const std::string> words, Streams& streams) {
+    // Before anything else: help and errors are said in the language too.
+    const std::string language = languageOnLine(words);
+    language.empty() ? useLanguageOfEnvironment() : useLanguages({language});
     Options options;
     try {
         const ParseResult parsed = parseArguments(words, options);

@@ -1,9 +1,10 @@
 // SPDX-License-Identifier: Apache-2.0
 // Reading what is typed, and writing what is shown: dates, places, offsets, columns, colours, words.
 #include "grammar/DateArgument.h"
+#include "grammar/Dates.h"
 #include "grammar/PlaceQuery.h"
-#include "grammar/Words.h"
 #include "print/Csv.h"
+#include "print/ExplainText.h"
 #include "terminal/CliError.h"
 #include "terminal/Style.h"
 
@@ -130,40 +131,61 @@ TEST(CliStyle, ColoursOnlyWhereTheyAreWanted) {
     unsetenv("NO_COLOR");
 }
 
-TEST(CliWords, EveryWordIsThereInBothLanguages) {
-    for (int i = 0; i < static_cast<int>(Word::count_); ++i) {
-        EXPECT_FALSE(word(static_cast<Word>(i), Language::english).empty()) << i;
-        EXPECT_FALSE(word(static_cast<Word>(i), Language::turkish).empty()) << i;
+TEST(CliDates, EveryNameIsThere) {
+    for (const char* language : {"en", "tr"}) {
+        useLanguages({language});
+        std::set<std::string> names;
+        for (int month = 1; month <= 12; ++month) {
+            names.insert(monthName(static_cast<unsigned>(month)));
+            names.insert("Hijri " + hijriMonthName(month));
+            names.insert("Rumi " + rumiMonthName(month));
+        }
+        for (int day = 0; day < 7; ++day) {
+            names.insert(weekdayName(day));
+        }
+        EXPECT_EQ(names.size(), 43U) << language;
     }
-    for (int month = 1; month <= 12; ++month) {
-        EXPECT_FALSE(hijriMonthName(month, Language::turkish).empty());
-        EXPECT_FALSE(rumiMonthName(month, Language::english).empty());
-    }
-    EXPECT_TRUE(hijriMonthName(13, Language::english).empty());
-    EXPECT_TRUE(weekdayName(-1, Language::english).empty());
+    useLanguages({});
+    EXPECT_TRUE(hijriMonthName(13).empty());
+    EXPECT_TRUE(monthName(0).empty());
+    EXPECT_TRUE(weekdayName(-1).empty());
 }
 
-TEST(CliWords, EveryCorrectionHasAReasonOfItsOwn) {
-    std::set<std::string_view> reasons;
-    for (std::size_t i = 0; i < almanac::kCorrections; ++i) {
-        for (const Language language : {Language::english, Language::turkish}) {
-            reasons.insert(correctionText(static_cast<almanac::Correction>(i), language));
+TEST(CliDates, DatesAndDurations) {
+    EXPECT_EQ(longDate(kToday), "21 November 2026, Saturday");
+    EXPECT_EQ(dayAndMonth(kToday), "21 November");
+    EXPECT_EQ(monthAndYear(kToday.year() / kToday.month()), "November 2026");
+    EXPECT_EQ(hijriMonthAndYear(9, 1448), "Ramadan 1448");
+    EXPECT_EQ(durationText(59s), "less than a minute");
+    EXPECT_EQ(durationText(61s), "1 min");
+    EXPECT_EQ(durationText(2h), "2 h");
+    EXPECT_EQ(durationText(2h + 5min + 59s), "2 h 5 min");
+    EXPECT_EQ(clockChangeText(-1h), "clock -1 h");
+    EXPECT_TRUE(hijriText(AllCalendarRecord{.hijriYear = -1}).empty());
+    EXPECT_TRUE(hijriDayAndMonth(AllCalendarRecord{.hijriYear = 0}).empty());
+}
+
+TEST(CliExplain, EveryCorrectionHasAReasonOfItsOwn) {
+    std::set<std::string> reasons;
+    for (const char* language : {"en", "tr"}) {
+        useLanguages({language});
+        for (std::size_t i = 0; i < almanac::kCorrections; ++i) {
+            reasons.insert(correctionText(static_cast<almanac::Correction>(i)));
         }
     }
+    useLanguages({});
     EXPECT_EQ(reasons.size(), 2 * almanac::kCorrections);
-    EXPECT_EQ(correctionText(almanac::Correction::beforeMidnight, Language::english).substr(0, 15),
-              "before midnight");
-    EXPECT_EQ(correctionText(almanac::Correction::trueQibla, Language::english), "towards the Kaaba itself");
+    EXPECT_EQ(correctionText(almanac::Correction::beforeMidnight).substr(0, 15), "before midnight");
+    EXPECT_EQ(correctionText(almanac::Correction::trueQibla), "towards the Kaaba itself");
 }
 
-TEST(CliWords, DatesAndDurations) {
-    EXPECT_EQ(longDate(kToday, Language::english), "21 November 2026, Saturday");
-    EXPECT_EQ(longDate(kToday, Language::turkish), "21 Kasım 2026, Cumartesi");
-    EXPECT_EQ(durationText(59s, Language::english), "less than a minute");
-    EXPECT_EQ(durationText(61s, Language::english), "1 min");
-    EXPECT_EQ(durationText(2h, Language::english), "2 h");
-    EXPECT_EQ(durationText(2h + 5min + 59s, Language::turkish), "2 sa 5 dk");
-    EXPECT_TRUE(hijriText(AllCalendarRecord{.hijriYear = -1}, Language::english).empty());
+TEST(CliDates, InTheOrderAndTheWordsOfTheLanguage) {
+    useLanguages({"tr"});
+    EXPECT_EQ(longDate(kToday), "21 Kasım 2026, Cumartesi");
+    EXPECT_EQ(shortMonthName(11), "Kas");
+    EXPECT_EQ(rumiMonthName(8), "Teşrin-i Evvel") << "not the October of the civil calendar";
+    EXPECT_EQ(durationText(2h + 5min + 59s), "2 sa 5 dk");
+    useLanguages({});
 }
 
 TEST(CliCsv, FieldsAreQuotedWhenTheyMust) {

@@ -2,6 +2,7 @@
 #include "alarm_commands/AlarmList.h"
 
 #include "commands/CataloguePlaces.h"
+#include "commands/UserData.h"
 #include "print/ClockNotices.h"
 #include "print/DayJson.h"
 #include "print/DayText.h"
@@ -86,33 +87,31 @@ std::string prayerText(const Context& context, const List& list, const AlarmStat
     }
     const ShownTime time = prayerTime(list, alarm);
     return time ? timeText(context, time, list.today)
-                : context.services.GetKeyValue(kNoSuchTimeText)
-                      .value_or(std::string(context.word(Word::noSuchTimeToday)));
+                : context.services.GetKeyValue(kNoSuchTimeText).value_or(tr("No such time today"));
 }
 
 /// "2026-11-22 05:26", with this machine's "(2026-11-22 03:26 here)" where its clock is another.
-std::string ringText(const Context& context, const List& list, const AlarmStatus& alarm) {
+std::string ringText(const List& list, const AlarmStatus& alarm) {
     const auto text = [](const almanac::LocalTime& time) {
         return fmt::format("{} {}", almanac::isoDate(time.date),
                            almanac::clockText(time.timeOfDay, almanac::Precision::minutes));
     };
     const almanac::LocalTime there = ringThere(list, alarm).value();
     const almanac::LocalTime here = ringHere(alarm).value();
-    return there.offset == here.offset
-               ? text(there)
-               : fmt::format("{} ({} {})", text(there), text(here), context.word(Word::onThisMachine));
+    // translators: {0} when it rings by the home city's clock, {1} by the clock of this machine
+    return there.offset == here.offset ? text(there) : tr("{0} ({1} here)", text(there), text(here));
 }
 
-std::string stateText(const Context& context, const List& list, const AlarmStatus& alarm) {
+std::string stateText(const List& list, const AlarmStatus& alarm) {
     switch (alarm.state) {
     case AlarmState::rings:
-        return ringText(context, list, alarm);
+        return ringText(list, alarm);
     case AlarmState::passed:
-        return fmt::format("{} {}", ringText(context, list, alarm), context.word(Word::hasPassed));
+        return tr("{} has passed", ringText(list, alarm));
     case AlarmState::noSuchTime:
-        return std::string(context.word(Word::noSuchTimeSoon));
+        return tr("no such time in the next days");
     case AlarmState::failed:
-        return std::string(context.word(Word::willNotRing));
+        return tr("will not ring");
     default:
         return {};
     }
@@ -128,19 +127,18 @@ std::string homeName(const HeadlessPane& pane, const List& list) {
 
 void printText(const Context& context, const HeadlessPane& pane, const List& list) {
     TextTable table("lllrlll");
-    table.add({"", "", std::string(context.word(Word::time)), std::string(context.word(Word::offset)),
-               std::string(context.word(Word::rings)), std::string(context.word(Word::ringtone)),
-               std::string(context.word(Word::duration))},
+    table.add({"", "", trIn("column", "time"), trIn("column", "minutes"), trIn("column", "rings at"),
+               trIn("column", "ringtone"), trIn("column", "duration")},
               TextTable::Emphasis::dim);
     for (const AlarmStatus& alarm : list.report.alarms) {
         table.add({context.nameOf(alarm.prayer),
-                   std::string(context.word(alarm.info.active ? Word::on : Word::off)),
+                   alarm.info.active ? trIn("alarm", "on") : trIn("alarm", "off"),
                    prayerText(context, list, alarm), fmt::format("{:+}", alarm.info.timeOffset),
-                   stateText(context, list, alarm), alarm.info.melodyName,
+                   stateText(list, alarm), alarm.info.melodyName,
                    fmt::format("{} ({})", alarm.info.melodyTime, durationLabel(pane, alarm.info.melodyTime))},
                   alarm.info.active ? TextTable::Emphasis::bold : TextTable::Emphasis::none);
     }
-    context.streams.out << (pane.home() == nullptr ? std::string(context.word(Word::noCities))
+    context.streams.out << (pane.home() == nullptr ? noCitiesText()
                                                    : context.style.bold(homeName(pane, list)))
                         << '\n'
                         << table.text(context.style);

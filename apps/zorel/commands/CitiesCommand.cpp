@@ -18,11 +18,11 @@
 namespace zorel::cli {
 
 namespace {
-Json cityJson(const Context& context, const City& city, bool home) {
+Json cityJson(const City& city, bool home) {
     return Json{{"id", integerValue(city.cityId)},
                 {"name", city.name},
                 {"region", city.nameParent},
-                {"country", context.language == Language::turkish ? city.countryNameTr : city.countryNameEn},
+                {"country", languageInUse() == "tr" ? city.countryNameTr : city.countryNameEn},
                 {"home", home}};
 }
 
@@ -33,8 +33,7 @@ std::string namelessText(const Context& context, const City& city) {
     if (!readable) {
         throw unreadableCatalogue(context.services);
     }
-    return place ? citySearchText(context.services, place->city)
-                 : std::string(context.word(Word::notInCatalogue));
+    return place ? citySearchText(context.services, place->city) : tr("not in the catalogue");
 }
 
 void list(const Context& context, const HeadlessPane& pane) {
@@ -46,12 +45,12 @@ void list(const Context& context, const HeadlessPane& pane) {
             city->name.empty() ? namelessText(context, *city) : citySearchText(context.services, *city);
         table.add({home ? "*" : "", city->cityId, name},
                   home ? TextTable::Emphasis::bold : TextTable::Emphasis::none);
-        cities.push_back(cityJson(context, *city, home));
+        cities.push_back(cityJson(*city, home));
     }
     if (context.options.json) {
         writeJson(context, Json{{"schema", "zorel/cities/1"}, {"cities", cities}});
     } else if (cities.empty()) {
-        context.streams.out << context.word(Word::noCities) << '\n';
+        context.streams.out << noCitiesText() << '\n';
     } else {
         context.streams.out << table.text(context.style);
     }

@@ -3,7 +3,6 @@
 
 #include "commands/PlaceResolver.h"
 #include "draw/CompassRose.h"
-#include "draw/SkyTexts.h"
 #include "grammar/DateArgument.h"
 #include "print/ClockNotices.h"
 #include "print/DayJson.h"
@@ -20,37 +19,33 @@ namespace zorel::cli {
 
 namespace {
 std::string modelText(const Context& context, const almanac::Magnetic& magnetic) {
-    std::string text =
-        fmt::format("{}, {} {:.1f}, {} {:.0f}-{:.0f}", magnetic.model, context.word(Word::epoch),
-                    magnetic.epoch, context.word(Word::validity), magnetic.validFrom, magnetic.validTo);
-    if (magnetic.extrapolated) {
-        text += ", " + context.style.warning(context.word(Word::modelOutside));
-    }
-    return text;
+    // translators: {0} the name of a model ("WMM2025"), {1} its epoch, {2} and {3} years
+    const std::string text = tr("{0}, epoch {1:.1f}, made for {2:.0f}-{3:.0f}", magnetic.model,
+                                magnetic.epoch, magnetic.validFrom, magnetic.validTo);
+    // translators: the year lies outside those that the model was made for
+    return magnetic.extrapolated ? text + ", " + context.style.warning(tr("extrapolated")) : text;
 }
 
-void addBearings(TextTable& table, const Context& context, const Compass& compass) {
-    const auto add = [&](Word name, const std::string& value) {
-        table.add({std::string(context.word(name)), value});
-    };
+void addBearings(TextTable& table, const Compass& compass) {
     if (compass.qibla.bearing) {
-        table.add({std::string(context.word(Word::qiblaTrue)), bearingText(*compass.qibla.bearing)},
+        table.add({tr("Qibla, true bearing"), bearingText(*compass.qibla.bearing)},
                   TextTable::Emphasis::highlight);
     }
     if (compass.magneticBearing) {
-        add(Word::qiblaMagnetic, bearingText(*compass.magneticBearing) + uncertaintyText(*compass.magnetic));
+        table.add({tr("Qibla, magnetic bearing"),
+                   bearingText(*compass.magneticBearing) + uncertaintyText(*compass.magnetic)});
     }
     if (compass.qibla.bearing) {
-        add(Word::qiblaDistance, distanceText(compass.qibla.distance));
+        table.add({tr("Distance to the Kaaba"), distanceText(compass.qibla.distance)});
     }
     if (compass.magnetic) {
-        add(Word::magneticDeclination, declinationText(context, *compass.magnetic));
+        table.add({tr("Magnetic declination"), declinationText(*compass.magnetic)});
     }
 }
 
 std::string fieldText(const Context& context, const almanac::Magnetic& magnetic) {
-    std::string text = fmt::format("  {}: {}\n", context.word(Word::model), modelText(context, magnetic));
-    if (const std::string_view warning = fieldWarning(context, magnetic); !warning.empty()) {
+    std::string text = "  " + tr("Magnetic model: {}", modelText(context, magnetic)) + '\n';
+    if (const std::string warning = fieldWarning(magnetic); !warning.empty()) {
         text += fmt::format("  ! {}\n", context.style.warning(warning));
     }
     return text;
@@ -59,25 +54,29 @@ std::string fieldText(const Context& context, const almanac::Magnetic& magnetic)
 std::string rosePicture(const Context& context, const Compass& compass) {
     const bool ascii = context.options.ascii;
     return fmt::format("\n{}\n  {}\n\n", roseText(context, compass),
-                       ascii ? sky_texts::kRoseLegendAscii : sky_texts::kRoseLegend);
+                       ascii ? tr("Q qibla, m magnetic north, N true north")
+                             : tr("◆ qibla, m magnetic north, N true north"));
 }
 
 void printText(const Context& context, const Compass& compass) {
     TextTable table("lr");
-    addBearings(table, context, compass);
+    addBearings(table, compass);
     for (const almanac::SunAtQibla& instant : compass.qibla.instants) {
         table.add(
             {context.nameOf(almanac::Prayer::sunAtQibla), timeText(context, instant.at.local, compass.date)});
     }
-    std::string text = compass.qibla.bearing ? "" : fmt::format("  {}\n", context.word(Word::atKaaba));
+    std::string text =
+        compass.qibla.bearing
+            ? ""
+            : fmt::format("  {}\n", tr("this is the Kaaba itself: every direction is the qibla"));
     text += table.text(context.style, "  ");
     if (compass.qibla.instants.empty() && compass.qibla.bearing) {
-        text += fmt::format("  {}\n", context.word(Word::noQiblaInstant));
+        text += fmt::format("  {}\n", tr("the Sun does not stand in the qibla today"));
     }
     if (compass.magnetic) {
         text += fieldText(context, *compass.magnetic);
     }
-    context.streams.out << context.style.bold(placeText(compass.place, context.language)) << "  "
+    context.streams.out << context.style.bold(placeText(compass.place)) << "  "
                         << almanac::isoDate(compass.date) << '\n'
                         << (context.options.chart ? rosePicture(context, compass) : std::string()) << text
                         << clockNoticeLine(context, compass.place, compass.date);
@@ -104,7 +103,7 @@ Json magneticJson(const std::optional<almanac::Magnetic>& magnetic) {
 
 void printJson(const Context& context, const Compass& compass) {
     writeJson(context, Json{{"schema", "zorel/compass/1"},
-                            {"place", placeJson(context, compass.place)},
+                            {"place", placeJson(compass.place)},
                             {"date", almanac::isoDate(compass.date)},
                             {"clock", clockJson(compass.place, compass.date)},
                             {"qibla_true", bearingJson(compass.qibla.bearing)},

@@ -11,20 +11,19 @@
 namespace zorel::cli {
 
 namespace {
-std::string halfYearText(const Context& context, const AllCalendarRecord& calendars) {
-    const Word half = calendars.summerHalf == 1 ? Word::dayOfSummerHalf : Word::dayOfWinterHalf;
-    return fmt::format("{} {}", context.word(half), calendars.dayOfHalf);
+std::string halfYearText(const AllCalendarRecord& calendars) {
+    // translators: the halves of the year in the Turkish folk calendar, summer (from 6 May) and winter
+    return calendars.summerHalf == 1 ? tr("day of the Hızır half-year {}", calendars.dayOfHalf)
+                                     : tr("day of the Kasım half-year {}", calendars.dayOfHalf);
 }
 
 void printText(const Context& context, almanac::Date date, const AllCalendarRecord& calendars) {
     TextTable table("ll");
-    const std::string hijri = hijriText(calendars, context.language);
-    table.add({std::string(context.word(Word::hijri)), hijri.empty() ? "-" : hijri},
-              TextTable::Emphasis::bold);
-    table.add({std::string(context.word(Word::rumi)), rumiText(calendars, context.language)});
-    context.streams.out << context.style.bold(longDate(date, context.language)) << '\n'
-                        << table.text(context.style, "  ") << "  " << halfYearText(context, calendars)
-                        << '\n';
+    const std::string hijri = hijriText(calendars);
+    table.add({tr("Hijri"), hijri.empty() ? "-" : hijri}, TextTable::Emphasis::bold);
+    table.add({tr("Rumi"), rumiText(calendars)});
+    context.streams.out << context.style.bold(longDate(date)) << '\n'
+                        << table.text(context.style, "  ") << "  " << halfYearText(calendars) << '\n';
 }
 } // namespace
 
@@ -35,7 +34,7 @@ Exit runHijri(const Context& context) {
     const AllCalendarRecord calendars = almanac::Almanac({}).calendars(date);
     if (context.options.json) {
         Json document{{"schema", "zorel/hijri/1"}, {"date", almanac::isoDate(date)}};
-        document.update(calendarsJson(context, calendars));
+        document.update(calendarsJson(calendars));
         writeJson(context, document);
     } else {
         printText(context, date, calendars);

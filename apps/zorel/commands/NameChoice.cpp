@@ -14,21 +14,21 @@ namespace zorel::cli {
 namespace {
 constexpr std::size_t kMostSuggested = 3;
 
-std::string textOf(const NamedPlace& named, Language language) {
+std::string textOf(const NamedPlace& named) {
     ShownPlace place;
     place.id = named.id;
     place.place.name = named.name;
     place.region = named.region;
     place.countryEn = named.countryEn;
     place.countryTr = named.countryTr;
-    return placeText(place, language);
+    return placeText(place);
 }
 
 /// "there are: Paris / Texas / United States (4717560); ...".
-std::string thereAre(const Context& context, const std::vector<NamedPlace>& places) {
+std::string thereAre(const std::vector<NamedPlace>& places) {
     std::vector<std::string> texts;
     for (std::size_t at = 0; at < std::min(places.size(), kMostSuggested); ++at) {
-        texts.push_back(fmt::format("{} ({})", textOf(places[at], context.language), places[at].id));
+        texts.push_back(fmt::format("{} ({})", textOf(places[at]), places[at].id));
     }
     return fmt::format("there are: {}", fmt::join(texts, "; "));
 }
@@ -38,20 +38,20 @@ std::string thereAre(const Context& context, const std::vector<NamedPlace>& plac
         throw CliError(
             Exit::noResult,
             fmt::format("no place called {} lies in {}", printable(found.name), printable(found.unmatched)),
-            thereAre(context, found.elsewhere));
+            thereAre(found.elsewhere));
     }
     throw CliError(Exit::noResult, nothingCalled(context, found.name),
                    "a part of the name is enough for: zorel search TEXT; or give LAT,LON,ZONE");
 }
 
 /// One short line for a name that several places have, and for one that a much larger place has too.
-std::string choiceText(const Context& context, const NameResolution& found) {
+std::string choiceText(const NameResolution& found) {
     const std::string name = printable(found.name);
-    const std::string chosen = textOf(found.places.front(), context.language);
+    const std::string chosen = textOf(found.places.front());
     const auto called = std::ranges::count(found.places, false, &NamedPlace::otherSpelling);
     if (found.passedOver != 0) {
         return fmt::format("{} is taken for {}, not for {}; zorel search {} lists them", name, chosen,
-                           textOf(found.places[found.passedOver], context.language), name);
+                           textOf(found.places[found.passedOver]), name);
     }
     if (called > 1 && !found.places.front().otherSpelling) {
         return fmt::format("this is {}, the largest of {}; zorel search {} lists them", chosen, called, name);
@@ -60,7 +60,7 @@ std::string choiceText(const Context& context, const NameResolution& found) {
 }
 
 void tellChoice(const Context& context, const NameResolution& found, Telling telling) {
-    const std::string text = context.options.json ? "" : choiceText(context, found);
+    const std::string text = context.options.json ? "" : choiceText(found);
     if (text.empty()) {
         return;
     }

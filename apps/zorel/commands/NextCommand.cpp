@@ -10,15 +10,15 @@ namespace zorel::cli {
 
 namespace {
 /// "Dhuhr 13:00, in 4 h".
-std::string usualPattern(const Context& context) {
-    const std::string in(context.word(Word::in));
-    return "{name} {time}, " + in + " {countdown}";
+std::string usualPattern() {
+    // translators: "Dhuhr 13:00, in 4 h"; the names in braces stay as they are
+    return tr("{name} {time}, in {countdown}");
 }
 } // namespace
 
 Exit runNext(const Context& context) {
     const std::string& chosen = context.options.format;
-    const NextPattern pattern(chosen.empty() ? usualPattern(context) : chosen);
+    const NextPattern pattern(chosen.empty() ? usualPattern() : chosen);
     const ShownPlace place = resolvePlace(context);
     noteClock(context, place);
     almanac::Memory memory;

@@ -27,10 +27,12 @@ struct Found {
     std::vector<FoundDetails> details; ///< of the first ones, which are shown
 };
 
-std::string numberText(std::int64_t number, Language language) {
+std::string numberText(std::int64_t number) {
+    // translators: what stands between thousands: 146,000; a blank that does not break where it is a blank
+    const std::string separator = trIn("between thousands", ",");
     std::string digits = std::to_string(number);
     for (auto at = static_cast<std::ptrdiff_t>(digits.size()) - 3; at > 0; at -= 3) {
-        digits.insert(static_cast<std::size_t>(at), 1, language == Language::turkish ? '.' : ',');
+        digits.insert(static_cast<std::size_t>(at), separator);
     }
     return digits;
 }
@@ -44,7 +46,7 @@ Json cityJson(const Context& context, const FoundCity& city, const FoundDetails&
                 {"name", city.name},
                 {"spelling", orNull(details.spelling)},
                 {"region", city.nameParent},
-                {"country", context.language == Language::turkish ? city.countryNameTr : city.countryNameEn},
+                {"country", languageInUse() == "tr" ? city.countryNameTr : city.countryNameEn},
                 {"population", details.population == 0 ? Json(nullptr) : Json(details.population)},
                 {"text", citySearchText(context.services, city, details.spelling)}};
 }
@@ -54,7 +56,7 @@ void printText(const Context& context, const Found& found) {
     for (std::size_t i = 0; i < found.details.size(); ++i) {
         const auto& [spelling, population] = found.details[i];
         table.add({found.cities[i].cityId, citySearchText(context.services, found.cities[i], spelling),
-                   population == 0 ? "" : numberText(population, context.language)});
+                   population == 0 ? "" : numberText(population)});
     }
     context.streams.out << table.text(context.style);
     if (found.details.size() < found.cities.size()) {

@@ -27,11 +27,8 @@ std::chrono::year_month monthOf(const Context& context, Date today) {
                    "write it as 2026-12");
 }
 
-SheetPage civilMonth(const Context& context, const Almanac& almanac, Memory& memory,
-                     std::chrono::year_month month) {
-    const std::string title =
-        fmt::format("{} {}", monthName(static_cast<unsigned>(month.month()), context.language),
-                    static_cast<int>(month.year()));
+SheetPage civilMonth(const Almanac& almanac, Memory& memory, std::chrono::year_month month) {
+    const std::string title = monthAndYear(month);
     return sheetPage(almanac, memory, title, month / 1, Date(month / std::chrono::last));
 }
 
@@ -44,8 +41,7 @@ SheetPage ramadan(const Context& context, const Almanac& almanac, Memory& memory
         throw CliError(Exit::noResult, fmt::format("no Ramadan {} in the years 1583 to 9998", year));
     }
     SheetPage page =
-        sheetPage(almanac, memory, fmt::format("{} {}", hijriMonthName(kRamadan, context.language), year),
-                  *first, almanac::addDays(*end, -1));
+        sheetPage(almanac, memory, hijriMonthAndYear(kRamadan, year), *first, almanac::addDays(*end, -1));
     page.ramadan = true;
     return page;
 }
@@ -58,12 +54,12 @@ std::vector<SheetPage> pagesOf(const Context& context, const ShownPlace& place) 
     }
     if (context.options.year == 0) {
         const Date today = place.clock().dateAt(context.now());
-        return {civilMonth(context, almanac, memory, monthOf(context, today))};
+        return {civilMonth(almanac, memory, monthOf(context, today))};
     }
     std::vector<SheetPage> pages;
     for (unsigned month = 1; month <= 12; ++month) {
-        pages.push_back(civilMonth(context, almanac, memory,
-                                   std::chrono::year(context.options.year) / std::chrono::month(month)));
+        pages.push_back(
+            civilMonth(almanac, memory, std::chrono::year(context.options.year) / std::chrono::month(month)));
     }
     return pages;
 }

@@ -42,17 +42,17 @@ class BodyTable {
 public:
     explicit BodyTable(const Context& context) : context_(context), table_("lr") {}
 
-    void add(Word name, const std::string& value) { table_.add({std::string(context_.word(name)), value}); }
-    void addNumber(Word name, double value, int decimals, std::string_view unit) {
-        add(name, std::isfinite(value) ? fmt::format("{:.{}f}{}", value, decimals, unit) : "-");
+    void add(std::string name, std::string value) { table_.add({std::move(name), std::move(value)}); }
+    void addNumber(std::string name, double value, int decimals, std::string_view unit) {
+        add(std::move(name), std::isfinite(value) ? fmt::format("{:.{}f}{}", value, decimals, unit) : "-");
     }
     void addEvents(const BodyEvents& events, almanac::Date date) {
-        add(Word::rise, timeText(context_, shownTime(events.rise), date));
-        add(Word::transit, timeText(context_, shownTime(events.transit), date));
-        add(Word::set, timeText(context_, shownTime(events.set), date));
+        add(trIn("of the Sun or the Moon", "rise"), timeText(context_, shownTime(events.rise), date));
+        add(trIn("of the Sun or the Moon", "transit"), timeText(context_, shownTime(events.transit), date));
+        add(trIn("of the Sun or the Moon", "set"), timeText(context_, shownTime(events.set), date));
     }
-    [[nodiscard]] std::string text(Word heading) const {
-        return context_.style.bold(context_.word(heading)) + '\n' + table_.text(context_.style, "  ");
+    [[nodiscard]] std::string text(std::string_view heading) const {
+        return context_.style.bold(heading) + '\n' + table_.text(context_.style, "  ");
     }
 
 private:
@@ -63,45 +63,45 @@ private:
 std::string sunText(const Context& context, const Sky& sky) {
     BodyTable table(context);
     table.addEvents(sky.sunEvents, sky.at.date);
-    table.addNumber(Word::altitude, sky.sun.altitude, 2, "°");
-    table.addNumber(Word::azimuth, sky.sun.azimuth, 2, "°");
-    table.addNumber(Word::declination, sky.sun.declination, 3, "°");
-    table.addNumber(Word::rightAscension, sky.sun.rightAscension, 4, " h");
-    table.addNumber(Word::equationOfTime, sky.sun.equationOfTime, 2, " min");
-    table.addNumber(Word::distance, sky.sun.distance, 5, " au");
-    table.addNumber(Word::diameter, sky.sun.diameter, 2, "′");
+    table.addNumber(tr("altitude"), sky.sun.altitude, 2, "°");
+    table.addNumber(tr("azimuth"), sky.sun.azimuth, 2, "°");
+    table.addNumber(trIn("of the Sun or the Moon", "declination"), sky.sun.declination, 3, "°");
+    table.addNumber(tr("right ascension"), sky.sun.rightAscension, 4, " h");
+    table.addNumber(tr("equation of time"), sky.sun.equationOfTime, 2, " min");
+    table.addNumber(tr("distance"), sky.sun.distance, 5, " au");
+    table.addNumber(tr("diameter"), sky.sun.diameter, 2, "′");
     if (sky.sun.altitude > 0.0) {
-        table.addNumber(Word::shadow, sky.sun.shadowRatio, 2, "");
+        table.addNumber(tr("shadow of a staff of 1"), sky.sun.shadowRatio, 2, "");
     }
-    return table.text(Word::sun);
+    return table.text(tr("Sun"));
 }
 
 std::string moonText(const Context& context, const Sky& sky) {
     BodyTable table(context);
     table.addEvents(sky.moonEvents, sky.at.date);
-    table.addNumber(Word::altitude, sky.moon.apparentAltitude, 2, "°");
-    table.addNumber(Word::azimuth, sky.moon.azimuth, 2, "°");
-    table.addNumber(Word::declination, sky.moon.declination, 3, "°");
-    table.addNumber(Word::rightAscension, sky.moon.rightAscension, 4, " h");
-    table.addNumber(Word::distance, sky.moon.distance, 0, " km");
-    table.addNumber(Word::diameter, sky.moon.semiDiameter * 120.0, 2, "′");
-    table.addNumber(Word::elongation, sky.moon.elongation, 2, "°");
-    table.add(Word::illuminated, fmt::format("{:.0f} %, {}", sky.moon.illuminated,
-                                             context.word(sky.moon.waxing ? Word::waxing : Word::waning)));
-    return table.text(Word::moon);
+    table.addNumber(tr("altitude"), sky.moon.apparentAltitude, 2, "°");
+    table.addNumber(tr("azimuth"), sky.moon.azimuth, 2, "°");
+    table.addNumber(trIn("of the Sun or the Moon", "declination"), sky.moon.declination, 3, "°");
+    table.addNumber(tr("right ascension"), sky.moon.rightAscension, 4, " h");
+    table.addNumber(tr("distance"), sky.moon.distance, 0, " km");
+    table.addNumber(tr("diameter"), sky.moon.semiDiameter * 120.0, 2, "′");
+    table.addNumber(tr("elongation"), sky.moon.elongation, 2, "°");
+    table.add(tr("illuminated"), sky.moon.waxing ? tr("{:.0f} %, waxing", sky.moon.illuminated)
+                                                 : tr("{:.0f} %, waning", sky.moon.illuminated));
+    return table.text(tr("Moon"));
 }
 
 std::string phasesText(const Context& context, const Sky& sky) {
     TextTable table("lr");
-    for (const SkyFact& phase : phaseFacts(context, sky)) {
+    for (const SkyFact& phase : phaseFacts(sky)) {
         table.add({phase.name, phase.value});
     }
-    return context.style.bold(context.word(Word::nextPhases)) + '\n' + table.text(context.style, "  ");
+    return context.style.bold(tr("Next phases")) + '\n' + table.text(context.style, "  ");
 }
 
 void printText(const Context& context, const ShownPlace& place, const Sky& sky) {
-    context.streams.out << context.style.bold(placeText(place, context.language)) << '\n'
-                        << longDate(sky.at.date, context.language) << "  "
+    context.streams.out << context.style.bold(placeText(place)) << '\n'
+                        << longDate(sky.at.date) << "  "
                         << almanac::clockText(sky.at.timeOfDay, almanac::Precision::minutes) << "  UTC"
                         << almanac::isoOffset(sky.at.offset) << "\n\n"
                         << sunText(context, sky) << '\n'
@@ -149,7 +149,7 @@ void printJson(const Context& context, const ShownPlace& place, const Sky& sky) 
         phases.push_back(Json{{"phase", phaseKey(phase.kind)}, {"at", timeJson(phase.at.local)}});
     }
     writeJson(context, Json{{"schema", "zorel/sky/1"},
-                            {"place", placeJson(context, place)},
+                            {"place", placeJson(place)},
                             {"at", timeJson(sky.at)},
                             {"clock", clockJson(place, sky.at.date)},
                             {"sun", sunJson(sky)},

@@ -64,7 +64,7 @@ private:
     [[nodiscard]] std::string jsonLine(const ShownPlace& place, const almanac::Day& day) const {
         const Clockface clock(place.clock(), context_.precision());
         const Json document{{"schema", "zorel/place-day/1"},
-                            {"place", placeJson(context_, place)},
+                            {"place", placeJson(place)},
                             {"date", almanac::isoDate(day.date)},
                             {"utc_offset", almanac::isoOffset(day.offset)},
                             {"clock", clockJson(place, day.date)},
@@ -77,7 +77,7 @@ private:
         text += std::to_string(place.id);
         for (const std::string_view name :
              {std::string_view(place.place.name), std::string_view(place.region),
-              std::string_view(countryName(place, context_.language))}) {
+              std::string_view(countryName(place))}) {
             appendCsvField(text, name);
         }
         appendCsvNumber(text, place.place.latitude, kCoordinateDecimals);

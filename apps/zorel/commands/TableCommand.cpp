@@ -91,9 +91,8 @@ void printJson(const Context& context, const ShownPlace& place, const Range& ran
                             {"flags", flagsJson(day)},
                             {"corrections", correctionsJson(day, almanac::kSixPrayers)}});
     });
-    writeJson(
-        context,
-        Json{{"schema", "zorel/table/1"}, {"place", placeJson(context, place)}, {"days", std::move(days)}});
+    writeJson(context,
+              Json{{"schema", "zorel/table/1"}, {"place", placeJson(place)}, {"days", std::move(days)}});
 }
 
 std::string uidPlace(const ShownPlace& place) {
@@ -119,7 +118,7 @@ void printIcs(const Context& context, const ShownPlace& place, const Range& rang
             }
         }
     });
-    const std::string location = placeText(place, context.language);
+    const std::string location = placeText(place);
     const std::string& chosen = context.options.calendarName;
     const std::string description = fmt::format("{}", fmt::join(notices.sentences(), "\n"));
     context.streams.out << icsDocument(
@@ -129,18 +128,13 @@ void printIcs(const Context& context, const ShownPlace& place, const Range& rang
 }
 
 /// "12 Jumada II": the year stands in other outputs.
-std::string hijriOf(const Context& context, const almanac::Almanac& almanac, Date date) {
-    const AllCalendarRecord calendars = almanac.calendars(date);
-    return calendars.hijriYear < 1 ? std::string()
-                                   : fmt::format("{} {}", calendars.hijriDay,
-                                                 hijriMonthName(calendars.hijriMonth, context.language));
+std::string hijriOf(const almanac::Almanac& almanac, Date date) {
+    return hijriDayAndMonth(almanac.calendars(date));
 }
 
 std::vector<std::string> rowOf(const Context& context, const Day& day, const std::string& hijri,
                                const Clockface& clock) {
-    const std::chrono::weekday weekday{std::chrono::sys_days(day.date)};
-    const std::string_view name = weekdayName(static_cast<int>(weekday.c_encoding()), context.language);
-    std::vector<std::string> cells{almanac::isoDate(day.date), std::string(name), hijri};
+    std::vector<std::string> cells{almanac::isoDate(day.date), weekdayName(day.date), hijri};
     for (const Prayer prayer : prayersOf(context)) {
         cells.push_back(timeText(context, clock.of(day[prayer]), day.date));
     }
@@ -159,13 +153,12 @@ void printText(const Context& context, const ShownPlace& place, const Range& ran
     std::string marks;
     const Clockface clock(place.clock(), context.precision());
     const ClockNotices notices = eachDay(context, place, range, [&](const Day& day) {
-        auto row = rowOf(context, day, hijriOf(context, almanac, day.date), clock);
+        auto row = rowOf(context, day, hijriOf(almanac, day.date), clock);
         marks += row.back();
         table.add(std::move(row));
     });
-    context.streams.out << context.style.bold(placeText(place, context.language)) << '\n'
-                        << table.text(context.style);
-    for (const std::string& sentence : legendOf(context, marks)) {
+    context.streams.out << context.style.bold(placeText(place)) << '\n' << table.text(context.style);
+    for (const std::string& sentence : legendOf(marks)) {
         context.streams.out << sentence << '\n';
     }
     for (const std::string& sentence : notices.sentences()) {

@@ -55,17 +55,16 @@ Report makeReport(const Context& context, ShownPlace place, almanac::Date date, 
 }
 
 std::string headingText(const Context& context, const Report& report) {
-    const std::string hijri = hijriText(report.calendars, context.language);
-    std::vector<std::string> parts{longDate(report.day.date, context.language)};
+    const std::string hijri = hijriText(report.calendars);
+    std::vector<std::string> parts{longDate(report.day.date)};
     if (!hijri.empty()) {
-        parts.push_back(fmt::format("{}: {}", context.word(Word::hijri), hijri));
+        parts.push_back(tr("Hijri: {}", hijri));
     }
-    parts.push_back(
-        fmt::format("{}: {}", context.word(Word::rumi), rumiText(report.calendars, context.language)));
+    parts.push_back(tr("Rumi: {}", rumiText(report.calendars)));
     parts.push_back("UTC" + almanac::isoOffset(report.day.offset));
     const std::string line = fmt::format("{}", fmt::join(parts, "  |  "));
     const bool fits = displayWidth(line) <= context.knownColumns().value_or(line.size());
-    return context.style.bold(placeText(report.place, context.language)) + '\n' +
+    return context.style.bold(placeText(report.place)) + '\n' +
            (fits ? line : fmt::format("{}", fmt::join(parts, "\n"))) + "\n\n";
 }
 
@@ -120,11 +119,11 @@ Json reportJson(const Context& context, const Report& report) {
     const Day& day = report.day;
     const Clockface clock(report.place.clock(), context.precision());
     return Json{{"schema", "zorel/day/1"},
-                {"place", placeJson(context, report.place)},
+                {"place", placeJson(report.place)},
                 {"date", almanac::isoDate(day.date)},
                 {"utc_offset", almanac::isoOffset(day.offset)},
                 {"clock", clockJson(report.place, day.date)},
-                {"calendars", calendarsJson(context, report.calendars)},
+                {"calendars", calendarsJson(report.calendars)},
                 {"names", namesJson(context)},
                 {"times", timesJson(day, almanac::kSixPrayers, clock)},
                 {"other_times", timesJson(day, almanac::kOtherPrayers, clock)},

@@ -52,6 +52,10 @@ std::int32_t homeCityId() {
     return home ? integerValue(cities.rows[*home].cityId) : 0;
 }
 
+std::string noCitiesText() {
+    return tr("No cities yet. Add one with: zorel cities add NAME");
+}
+
 std::string storingHint() {
     return fmt::format("check that {} can be written and its disk has room", Locations::current().data);
 }

@@ -26,6 +26,9 @@ void requireRead(const StoreResult& result);
 /// @throws CliError (data trouble) when there is a user database that cannot be read.
 [[nodiscard]] std::int32_t homeCityId();
 
+/// What stands for a list without cities.
+[[nodiscard]] std::string noCitiesText();
+
 /// What to do when something could not be stored.
 [[nodiscard]] std::string storingHint();
 

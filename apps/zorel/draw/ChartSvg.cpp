@@ -1,5 +1,4 @@
 // SPDX-License-Identifier: Apache-2.0
-#include "draw/ChartTexts.h"
 #include "draw/Curve.h"
 #include "draw/DayLight.h"
 #include "draw/Svg.h"
@@ -63,7 +62,7 @@ public:
 
     [[nodiscard]] std::string document() const {
         const double height = kBottom + 48.0 + kNoteHeight * static_cast<double>(notes_.size());
-        const std::string title = placeText(chart_.first.place, context_.language);
+        const std::string title = placeText(chart_.first.place);
         return svgDocument(kWidth, height, fmt::format("{}: {}", title, chartSubtitle(chart_)), kStyle,
                            svgRectangle(0, 0, kWidth, height, "page") + heading(title) + ground() +
                                ramadans() + grid() + curves() + clockChanges() + today() + notes());
@@ -78,7 +77,7 @@ private:
     [[nodiscard]] static double y(double hour) { return kBottom - hour * (kBottom - kTop) / 24.0; }
 
     [[nodiscard]] std::string heading(const std::string& title) const {
-        const std::string legend = chartLegend(context_, chart_);
+        const std::string legend = chartLegend(chart_);
         return svgText(kLeft, 26, Anchor::start, "title", title) +
                svgText(kLeft, 46, Anchor::start, "small",
                        legend.empty() ? chartSubtitle(chart_)
@@ -120,8 +119,7 @@ private:
         for (const RamadanDays& days : year_.ramadans) {
             const double left = x(year_.indexOf(days.first)) - 0.5 * dayWidth();
             const double right = x(year_.indexOf(days.last)) + 0.5 * dayWidth();
-            const std::string name =
-                fmt::format("{} {}", hijriMonthName(9, context_.language), days.hijriYear);
+            const std::string name = hijriMonthAndYear(9, days.hijriYear);
             text += svgRectangle(left, kTop, right - left, kBottom - kTop, "ramadan") +
                     svgText(std::clamp(0.5 * (left + right), kLeft + 45.0, kRight - 45.0), kTop - 22.0,
                             Anchor::middle, "green", name);
@@ -138,9 +136,9 @@ private:
         for (unsigned month = 1; month <= 12; ++month) {
             const almanac::Date first = std::chrono::year(year_.year) / static_cast<int>(month) / 1;
             const double left = x(year_.indexOf(first)) - 0.5 * dayWidth();
-            text += (month > 1 ? svgLine(left, kTop, left, kBottom, "grid") : std::string()) +
-                    svgText(left + 15.0 * dayWidth(), kBottom + 16.0, Anchor::middle, "small",
-                            monthName(month, context_.language));
+            text +=
+                (month > 1 ? svgLine(left, kTop, left, kBottom, "grid") : std::string()) +
+                svgText(left + 15.0 * dayWidth(), kBottom + 16.0, Anchor::middle, "small", monthName(month));
         }
         return text;
     }
@@ -236,8 +234,7 @@ private:
         const double at = x(year_.indexOf(*chart_.today));
         return svgLine(at, kTop, at, kBottom + 20.0, "today") +
                svgText(std::clamp(at, kLeft + 80.0, kRight - 80.0), kBottom + 33.0, Anchor::middle, "red",
-                       fmt::format(fmt::runtime(chart_texts::kToday),
-                                   fmt::arg("date", dayAndMonth(*chart_.today, context_.language))));
+                       tr("today, {}", dayAndMonth(*chart_.today)));
     }
 
     [[nodiscard]] std::string notes() const {

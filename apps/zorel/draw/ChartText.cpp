@@ -1,6 +1,5 @@
 // SPDX-License-Identifier: Apache-2.0
 #include "draw/Braille.h"
-#include "draw/ChartTexts.h"
 #include "draw/Curve.h"
 #include "draw/LabelRows.h"
 #include "draw/YearChart.h"
@@ -94,9 +93,9 @@ private:
     }
 
     [[nodiscard]] std::string heading() const {
-        std::string text = context_.style.bold(placeText(chart_.first.place, context_.language)) + '\n' +
+        std::string text = context_.style.bold(placeText(chart_.first.place)) + '\n' +
                            paragraph(chartSubtitle(chart_), "", "", context_.columns());
-        const std::string legend = chartLegend(context_, chart_);
+        const std::string legend = chartLegend(chart_);
         return text + (legend.empty() ? legend : paragraph(legend, "", "", context_.columns())) + '\n';
     }
 
@@ -109,8 +108,7 @@ private:
             for (std::size_t column = columnOf(days.first); column <= columnOf(days.last); ++column) {
                 mark += context_.options.ascii ? "=" : "━";
             }
-            months.add(columnOf(days.first),
-                       fmt::format("{} {}", mark, hijriMonthName(9, context_.language)));
+            months.add(columnOf(days.first), fmt::format("{} {}", mark, hijriMonthName(9)));
         }
         for (const ClockChange& change : year_.clockChanges) {
             clocks.add(columnOf(change.date), "|" + clockChangeText(change));
@@ -166,16 +164,12 @@ private:
         for (unsigned month = 1; month <= 12; ++month) {
             const almanac::Date first{std::chrono::year(year_.year), std::chrono::month(month),
                                       std::chrono::day(1)};
-            rows.add(columnOf(first),
-                     columns_ >= 48 ? std::string(firstCharacters(monthName(month, context_.language), 3))
-                                    : fmt::format("{}", month));
+            rows.add(columnOf(first), columns_ >= 48 ? shortMonthName(month) : fmt::format("{}", month));
         }
         std::string text = rows.text(std::string(kAxis, ' '));
         if (chart_.today) {
             LabelRows today(columns_);
-            today.add(columnOf(*chart_.today),
-                      "^ " + fmt::format(fmt::runtime(chart_texts::kToday),
-                                         fmt::arg("date", dayAndMonth(*chart_.today, context_.language))));
+            today.add(columnOf(*chart_.today), "^ " + tr("today, {}", dayAndMonth(*chart_.today)));
             text += today.text(std::string(kAxis, ' '));
         }
         return text;

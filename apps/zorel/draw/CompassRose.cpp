@@ -36,18 +36,19 @@ std::string uncertaintyText(const almanac::Magnetic& magnetic) {
     return magnetic.uncertainty ? fmt::format(" ± {:.1f}°", *magnetic.uncertainty) : std::string();
 }
 
-std::string declinationText(const Context& context, const almanac::Magnetic& magnetic) {
-    return fmt::format("{:.1f}° {}{}", std::abs(magnetic.declination),
-                       context.word(magnetic.declination < 0.0 ? Word::west : Word::east),
-                       uncertaintyText(magnetic));
+std::string declinationText(const almanac::Magnetic& magnetic) {
+    return (magnetic.declination < 0.0 ? tr("{:.1f}° west", -magnetic.declination)
+                                       : tr("{:.1f}° east", magnetic.declination)) +
+           uncertaintyText(magnetic);
 }
 
-std::string_view fieldWarning(const Context& context, const almanac::Magnetic& magnetic) {
+std::string fieldWarning(const almanac::Magnetic& magnetic) {
     if (magnetic.horizontalIntensity >= kUnreliable) {
         return {};
     }
-    return context.word(magnetic.horizontalIntensity < kUseless ? Word::compassUseless
-                                                                : Word::compassUnreliable);
+    return magnetic.horizontalIntensity < kUseless
+               ? tr("the Earth's field stands almost upright here: a compass is useless")
+               : tr("the Earth's field is weak here: a compass is unreliable");
 }
 
 } // namespace zorel::cli

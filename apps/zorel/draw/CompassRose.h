@@ -29,12 +29,12 @@ struct Compass {
 /// A bearing rounded to some decimals, below 360.
 [[nodiscard]] double roundedBearing(double degrees, int decimals);
 /// "6.0° east ± 0.3°".
-[[nodiscard]] std::string declinationText(const Context& context, const almanac::Magnetic& magnetic);
+[[nodiscard]] std::string declinationText(const almanac::Magnetic& magnetic);
 /// " ± 0.3°"; empty for a model that does not say.
 [[nodiscard]] std::string uncertaintyText(const almanac::Magnetic& magnetic);
 /// That the compass is useless here, or unreliable, by the makers of the model; empty where it can be relied
 /// on.
-[[nodiscard]] std::string_view fieldWarning(const Context& context, const almanac::Magnetic& magnetic);
+[[nodiscard]] std::string fieldWarning(const almanac::Magnetic& magnetic);
 
 /// A document of its own, light or dark as the reader's screen is.
 [[nodiscard]] std::string roseSvg(const Context& context, const Compass& compass);

@@ -46,7 +46,7 @@ public:
         return context_.style.dim(withoutLineFeed(row.text(kIndent))) + '\n';
     }
     [[nodiscard]] std::string present(Instant now) const {
-        const std::string word(context_.word(Word::now));
+        const std::string word = tr("now");
         const std::string mark = context_.options.ascii ? "v" : "▼";
         const std::size_t column = columnOf(now);
         const bool right = column + 2 + displayWidth(word) <= width_;

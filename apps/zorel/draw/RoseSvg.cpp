@@ -1,6 +1,6 @@
 // SPDX-License-Identifier: Apache-2.0
 #include "draw/CompassRose.h"
-#include "draw/SkyTexts.h"
+#include "draw/SkyChart.h"
 #include "draw/Svg.h"
 #include "print/DayText.h"
 #include "print/PlaceText.h"
@@ -69,15 +69,14 @@ public:
     RosePicture(const Context& context, const Compass& compass) : context_(context), compass_(compass) {}
 
     [[nodiscard]] std::string document() {
-        const std::string title = placeText(compass_.place, context_.language);
+        const std::string title = placeText(compass_.place);
         const std::string rose = trueRing() + magneticRing() + needle() + arrow();
         const std::string figures = notes();
         const double height = foot_ + 4.0;
         return svgDocument(
             kWidth, height, title, kStyle,
             svgRectangle(0, 0, kWidth, height, "page") + svgText(24, 30, Anchor::start, "title", title) +
-                svgText(24, 52, Anchor::start, "small", longDate(compass_.date, context_.language)) + rose +
-                figures);
+                svgText(24, 52, Anchor::start, "small", longDate(compass_.date)) + rose + figures);
     }
 
 private:
@@ -93,7 +92,7 @@ private:
         for (int bearing = 0; bearing < 360; bearing += 30) {
             const auto point = static_cast<std::size_t>(bearing / 45);
             text += bearing % 90 == 0
-                        ? nameAt(bearing, kOuterNames, 6.0, "point", sky_texts::kPoints[point])
+                        ? nameAt(bearing, kOuterNames, 6.0, "point", compassPoint(point))
                         : nameAt(bearing, kOuterNames, 4.0, "small", fmt::format("{}", bearing));
         }
         return text;
@@ -146,18 +145,14 @@ private:
     [[nodiscard]] std::string notes() {
         std::string text;
         if (!compass_.qibla.bearing) {
-            note(text, "", context_.word(Word::atKaaba));
+            note(text, "", tr("this is the Kaaba itself: every direction is the qibla"));
         } else {
-            std::string line = fmt::format(fmt::runtime(sky_texts::kQiblaTrue),
-                                           fmt::arg("bearing", bearingText(*compass_.qibla.bearing)));
-            if (compass_.magneticBearing) {
-                line += ", " + fmt::format(fmt::runtime(sky_texts::kQiblaByCompass),
-                                           fmt::arg("bearing", bearingText(*compass_.magneticBearing)));
-            }
-            note(text, "tip", line);
-            note(text, "",
-                 fmt::format("{}: {}", context_.word(Word::qiblaDistance),
-                             distanceText(compass_.qibla.distance)));
+            const std::string bearing = bearingText(*compass_.qibla.bearing);
+            note(text, "tip",
+                 compass_.magneticBearing ? tr("Qibla {0} from true north, {1} by the compass", bearing,
+                                               bearingText(*compass_.magneticBearing))
+                                          : tr("Qibla {} from true north", bearing));
+            note(text, "", tr("Distance to the Kaaba: {}", distanceText(compass_.qibla.distance)));
             for (const almanac::SunAtQibla& instant : compass_.qibla.instants) {
                 note(text, "",
                      fmt::format("{}: {}", context_.nameOf(almanac::Prayer::sunAtQibla),
@@ -165,12 +160,9 @@ private:
             }
         }
         if (compass_.magnetic) {
-            note(text, "redtip",
-                 fmt::format("{}: {}", context_.word(Word::magneticDeclination),
-                             declinationText(context_, *compass_.magnetic)));
-            note(text, "", sky_texts::kRings);
-            if (const std::string_view warning = fieldWarning(context_, *compass_.magnetic);
-                !warning.empty()) {
+            note(text, "redtip", tr("Magnetic declination: {}", declinationText(*compass_.magnetic)));
+            note(text, "", tr("Outer ring: true bearings. Inner ring: bearings by the compass."));
+            if (const std::string warning = fieldWarning(*compass_.magnetic); !warning.empty()) {
                 note(text, "", warning);
             }
         }

@@ -1,7 +1,7 @@
 // SPDX-License-Identifier: Apache-2.0
 #include "draw/Braille.h"
 #include "draw/CompassRose.h"
-#include "draw/SkyTexts.h"
+#include "draw/SkyChart.h"
 
 #include "almanac/Degrees.h"
 
@@ -72,8 +72,8 @@ private:
     }
     /// The arrow's own end comes last: it may stand where a point of the compass is.
     void names() {
-        for (std::size_t point = 0; point < sky_texts::kPoints.size(); point += 2) {
-            name(45.0 * static_cast<double>(point), kNames, sky_texts::kPoints[point], "1");
+        for (std::size_t point = 0; point < kCompassPoints; point += 2) {
+            name(45.0 * static_cast<double>(point), kNames, compassPoint(point), "1");
         }
         if (compass_.magnetic) {
             name(compass_.magnetic->declination, kRadius - 13.0, "m", kMagnetic);

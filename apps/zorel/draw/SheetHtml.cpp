@@ -2,7 +2,6 @@
 #include "draw/Feasts.h"
 #include "draw/Sheet.h"
 #include "draw/SheetStyle.h"
-#include "draw/SheetTexts.h"
 #include "draw/Svg.h"
 #include "print/ClockNotices.h"
 #include "print/DayMarks.h"
@@ -22,6 +21,11 @@ using almanac::Prayer;
 namespace {
 std::string cell(std::string_view style, std::string_view text) {
     return fmt::format("<td class=\"{}\">{}</td>", style, xmlText(text));
+}
+
+/// What a time of a day of Ramadan is known for, below its name; empty for most.
+std::string meaningInRamadan(Prayer prayer) {
+    return prayer == Prayer::fajr ? tr("fast begins") : prayer == Prayer::maghrib ? tr("iftar") : "";
 }
 
 /// The rows of a page and what stands above them.
@@ -48,19 +52,15 @@ private:
                                  below.empty() ? "" : fmt::format("<small>{}</small>", xmlText(below)));
         };
         if (page_.ramadan) {
-            add("d", hijriMonthName(9, context_.language), "");
+            add("d", hijriMonthName(9), "");
         }
         add("w", "", "");
-        add(page_.ramadan ? "h" : "d", sheet_texts::kDate, "");
+        add(page_.ramadan ? "h" : "d", tr("Date"), "");
         if (!page_.ramadan) {
-            add("h", sheet_texts::kHijri, "");
+            add("h", tr("Hijri"), "");
         }
         for (const Prayer prayer : prayers_) {
-            const std::string_view below = !page_.ramadan              ? ""
-                                           : prayer == Prayer::fajr    ? sheet_texts::kFast
-                                           : prayer == Prayer::maghrib ? sheet_texts::kIftar
-                                                                       : "";
-            add("t", context_.nameOf(prayer), below);
+            add("t", context_.nameOf(prayer), page_.ramadan ? meaningInRamadan(prayer) : "");
         }
         add("m", "", "");
         return heads;
@@ -74,7 +74,7 @@ private:
         if (page_.ramadan) {
             cells += cell("d", fmt::format("{}", day.calendars.hijriDay));
         }
-        cells += cell("w", weekdayName(static_cast<int>(weekday.c_encoding()), context_.language));
+        cells += cell("w", weekdayName(day.day.date));
         cells += dates(day);
         const Clockface clock(sheet_.place.clock(), almanac::Precision::minutes);
         for (const Prayer prayer : prayers_) {
@@ -88,14 +88,10 @@ private:
 
     [[nodiscard]] std::string dates(const SheetDay& day) const {
         if (page_.ramadan) {
-            return cell("h", dayAndMonth(day.day.date, context_.language));
+            return cell("h", dayAndMonth(day.day.date));
         }
-        const std::string hijri =
-            day.calendars.hijriYear < 1
-                ? std::string()
-                : fmt::format("{} {}", day.calendars.hijriDay,
-                              hijriMonthName(day.calendars.hijriMonth, context_.language));
-        return cell("d", fmt::format("{}", static_cast<unsigned>(day.day.date.day()))) + cell("h", hijri);
+        return cell("d", fmt::format("{}", static_cast<unsigned>(day.day.date.day()))) +
+               cell("h", hijriDayAndMonth(day.calendars));
     }
     [[nodiscard]] std::string styleOf(Prayer prayer) const {
         const bool key = page_.ramadan && (prayer == Prayer::fajr || prayer == Prayer::maghrib);
@@ -105,13 +101,11 @@ private:
     [[nodiscard]] std::string remark(const SheetDay& day) const {
         std::string text = marksOf(day.day, prayers_);
         const auto add = [&](std::string_view more) { text.append(text.empty() ? "" : " ").append(more); };
-        if (const std::string_view feast = feastOf(day.calendars); !feast.empty()) {
+        if (const std::string feast = feastOf(day.calendars); !feast.empty()) {
             add(feast);
         }
         if (day.clockChange.count() != 0) {
-            const double hours = static_cast<double>(day.clockChange.count()) / 3600.0;
-            add(fmt::format(fmt::runtime(sheet_texts::kClockChange),
-                            fmt::arg("hours", fmt::format("{:+g}", hours))));
+            add(clockChangeText(day.clockChange));
         }
         return text;
     }
@@ -133,8 +127,12 @@ public:
         for (const std::string& sentence : notices()) {
             text += paragraph(sentence);
         }
-        return fmt::format("<footer>\n{}{}</footer>\n", text,
-                           paragraph(fmt::format("{} {}", sheet_texts::kHijriNote, sheet_texts::kMadeBy)));
+        return fmt::format(
+            "<footer>\n{}{}</footer>\n", text,
+            paragraph(
+                tr("Hijri dates are computed from the Moon's visibility; an announced month may begin a day "
+                   "earlier or later. A Hijri day begins at the sunset before.") +
+                ' ' + tr("Made by zorel.")));
     }
 
 private:
@@ -143,27 +141,29 @@ private:
     [[nodiscard]] std::string clock() const {
         const std::string& zone = sheet_.place.clock().zoneName();
         const std::string offset = almanac::isoOffset(page_.days.front().day.offset);
-        return zone.empty() ? fmt::format(fmt::runtime(sheet_texts::kFixedClock), fmt::arg("offset", offset))
-                            : fmt::format(fmt::runtime(sheet_texts::kClock), fmt::arg("zone", zone),
-                                          fmt::arg("offset", offset));
+        return zone.empty() ? tr("Times by a clock of UTC{}.", offset)
+                            : tr("Times by the clock of {0} (UTC{1}).", zone, offset);
     }
     [[nodiscard]] std::string rule() const {
         const almanac::Day& day = page_.days.front().day;
         const auto temkin = std::llround(std::abs(day[Prayer::maghrib].why.temkin) * 3600.0);
         const bool high = sheet_.place.place.temkin == almanac::Temkin::upTo500m;
-        return fmt::format(fmt::runtime(sheet_texts::kRule),
-                           fmt::arg("dawn", std::abs(day[Prayer::fajr].why.targetAltitude)),
-                           fmt::arg("night", std::abs(day[Prayer::isha].why.targetAltitude)),
-                           fmt::arg("shadow", day[Prayer::asr].why.shadowFactor),
-                           fmt::arg("temkin", fmt::format("{}:{:02}", temkin / 60, temkin % 60)),
-                           fmt::arg("height", high ? 500 : 250));
+        // translators: {0} and {1} are degrees, {2} is 1 or 2, {3} minutes and seconds ("7:30"), {4} metres;
+        // temkin is the margin of safety of the times
+        return tr(
+            "Dawn: Sun {0}° below the horizon; nightfall: {1}°; Asr: shadows longer than at noon by {2} "
+            "times "
+            "the staff. Temkin {3} min, by the table for up to {4} m; all minutes are on the safe side.",
+            std::abs(day[Prayer::fajr].why.targetAltitude), std::abs(day[Prayer::isha].why.targetAltitude),
+            day[Prayer::asr].why.shadowFactor, fmt::format("{}:{:02}", temkin / 60, temkin % 60),
+            high ? 500 : 250);
     }
     [[nodiscard]] std::string qibla() const {
         const auto bearing = almanac::qiblaBearing(sheet_.place.place.latitude, sheet_.place.place.longitude);
         if (!bearing) {
             return {};
         }
-        return fmt::format(fmt::runtime(sheet_texts::kQibla), fmt::arg("bearing", std::lround(*bearing)));
+        return tr("Qibla {}° from true north.", std::lround(*bearing));
     }
     [[nodiscard]] bool hasOtherDates() const {
         return std::ranges::any_of(page_.days, [&](const SheetDay& day) {
@@ -179,12 +179,12 @@ private:
             marks += marksOf(day.day, prayers_);
             clock.add(day.day.date, day.day.clockNotice);
         }
-        std::vector<std::string> sentences = legendOf(context_, marks);
+        std::vector<std::string> sentences = legendOf(marks);
         for (std::string& sentence : clock.sentences()) {
             sentences.push_back(fmt::format("! {}", sentence));
         }
         if (hasOtherDates()) {
-            sentences.emplace_back(sheet_texts::kPlusOne);
+            sentences.push_back(tr("+1: after midnight, -1: before it."));
         }
         return sentences;
     }
@@ -196,19 +196,17 @@ private:
 };
 
 /// "21 Jumada II - 21 Rajab 1448", or the civil dates of a Ramadan.
-std::string spanText(const Context& context, const SheetPage& page) {
+std::string spanText(const SheetPage& page) {
     const SheetDay& first = page.days.front();
     const SheetDay& last = page.days.back();
     if (page.ramadan) {
-        return fmt::format("{} - {} {}", dayAndMonth(first.day.date, context.language),
-                           dayAndMonth(last.day.date, context.language),
+        return fmt::format("{} - {} {}", dayAndMonth(first.day.date), dayAndMonth(last.day.date),
                            static_cast<int>(last.day.date.year()));
     }
     if (first.calendars.hijriYear < 1) {
         return {};
     }
-    return fmt::format("{} - {}", hijriText(first.calendars, context.language),
-                       hijriText(last.calendars, context.language));
+    return fmt::format("{} - {}", hijriText(first.calendars), hijriText(last.calendars));
 }
 
 std::string styleOf(const Sheet& sheet) {
@@ -232,9 +230,8 @@ std::string pageHtml(const Context& context, const Sheet& sheet, const SheetPage
     const almanac::Place& place = sheet.place.place;
     return fmt::format("<section>\n<div class=\"month\">{}<small>{}</small></div>\n<h1>{}<small>{}, "
                        "{}</small></h1>\n",
-                       xmlText(page.title), xmlText(spanText(context, page)),
-                       xmlText(placeText(sheet.place, context.language)), xmlText(sheet_texts::kTitle),
-                       xmlText(pointText(place.latitude, place.longitude))) +
+                       xmlText(page.title), xmlText(spanText(page)), xmlText(placeText(sheet.place)),
+                       xmlText(tr("Prayer times")), xmlText(pointText(place.latitude, place.longitude))) +
            PageTable(context, sheet, page, prayers).text() + Footer(context, sheet, page, prayers).text() +
            "</section>\n";
 }
@@ -250,8 +247,7 @@ std::string sheetHtml(const Context& context, const Sheet& sheet) {
     return fmt::format(
         "<!DOCTYPE html>\n<html lang=\"{}\">\n<head>\n<meta charset=\"utf-8\"/>\n<title>{}: {}</title>\n"
         "<style>\n{}</style>\n</head>\n<body>\n{}</body>\n</html>\n",
-        context.language == Language::turkish ? "tr" : "en",
-        xmlText(placeText(sheet.place, context.language)), xmlText(sheet.pages.front().title), styleOf(sheet),
+        languageInUse(), xmlText(placeText(sheet.place)), xmlText(sheet.pages.front().title), styleOf(sheet),
         pages);
 }
 

@@ -1,12 +1,12 @@
 // SPDX-License-Identifier: Apache-2.0
 #include "draw/SkyChart.h"
 
-#include "draw/SkyTexts.h"
 #include "print/Clockface.h"
 #include "print/DayText.h"
 
 #include <fmt/format.h>
 
+#include <array>
 #include <cmath>
 
 namespace zorel::cli {
@@ -14,16 +14,22 @@ namespace zorel::cli {
 namespace {
 constexpr std::chrono::minutes kStep{5};
 
-Word phaseWord(PrincipalPhase::Kind kind) {
+// translators: the points of the compass as a map shortens them, one or two letters
+constexpr std::array<const char*, kCompassPoints> kPoints{
+    trLaterIn("compass", "N"),  trLaterIn("compass", "NE"), trLaterIn("compass", "E"),
+    trLaterIn("compass", "SE"), trLaterIn("compass", "S"),  trLaterIn("compass", "SW"),
+    trLaterIn("compass", "W"),  trLaterIn("compass", "NW")};
+
+std::string phaseName(PrincipalPhase::Kind kind) {
     switch (kind) {
     case PrincipalPhase::fullMoon:
-        return Word::fullMoon;
+        return tr("full moon");
     case PrincipalPhase::firstQuarter:
-        return Word::firstQuarter;
+        return tr("first quarter");
     case PrincipalPhase::lastQuarter:
-        return Word::lastQuarter;
+        return tr("last quarter");
     default:
-        return Word::newMoon;
+        return tr("new moon");
     }
 }
 
@@ -32,18 +38,20 @@ std::vector<SkyFact> bodyFacts(const Context& context, const almanac::Standing& 
     const auto when = [&](const std::optional<almanac::SkyEvent>& event) {
         return event ? timeText(context, shownTime(event), date) : std::string("-");
     };
-    return {{std::string(context.word(Word::altitude)), fmt::format("{:.1f}°", standing.altitude)},
-            {std::string(context.word(Word::azimuth)),
-             fmt::format("{:.1f}° {}", standing.azimuth, compassPoint(standing.azimuth))},
-            {std::string(context.word(Word::rise)), when(events.rise)},
-            {std::string(context.word(Word::transit)), when(events.transit)},
-            {std::string(context.word(Word::set)), when(events.set)}};
+    return {{tr("altitude"), fmt::format("{:.1f}°", standing.altitude)},
+            {tr("azimuth"), fmt::format("{:.1f}° {}", standing.azimuth, compassPoint(standing.azimuth))},
+            {trIn("of the Sun or the Moon", "rise"), when(events.rise)},
+            {trIn("of the Sun or the Moon", "transit"), when(events.transit)},
+            {trIn("of the Sun or the Moon", "set"), when(events.set)}};
 }
 } // namespace
 
-std::string_view compassPoint(double azimuth) {
-    const auto eighth = static_cast<std::size_t>(std::lround(azimuth / 45.0));
-    return sky_texts::kPoints[eighth % sky_texts::kPoints.size()];
+std::string compassPoint(std::size_t eighth) {
+    return trIn("compass", kPoints[eighth % kPoints.size()]);
+}
+
+std::string compassPoint(double azimuth) {
+    return compassPoint(static_cast<std::size_t>(std::lround(azimuth / 45.0)));
 }
 
 SkyChart skyChart(ShownPlace place, almanac::Instant at) {
@@ -61,26 +69,25 @@ std::vector<SkyFact> moonFacts(const Context& context, const SkyChart& chart) {
     const almanac::Sky& sky = chart.sky;
     auto facts =
         bodyFacts(context, {sky.moon.apparentAltitude, sky.moon.azimuth}, sky.moonEvents, sky.at.date);
-    facts.push_back({std::string(context.word(Word::illuminated)),
-                     fmt::format("{:.0f} %, {}", sky.moon.illuminated,
-                                 context.word(sky.moon.waxing ? Word::waxing : Word::waning))});
+    facts.push_back({tr("illuminated"), sky.moon.waxing ? tr("{:.0f} %, waxing", sky.moon.illuminated)
+                                                        : tr("{:.0f} %, waning", sky.moon.illuminated)});
     return facts;
 }
 
-std::vector<SkyFact> phaseFacts(const Context& context, const almanac::Sky& sky) {
+std::vector<SkyFact> phaseFacts(const almanac::Sky& sky) {
     std::vector<SkyFact> facts;
     for (const almanac::MoonPhase& phase : sky.phases) {
         const almanac::LocalTime& at = phase.at.local;
-        facts.push_back({std::string(context.word(phaseWord(phase.kind))),
+        facts.push_back({phaseName(phase.kind),
                          fmt::format("{}  {}", almanac::isoDate(at.date),
                                      almanac::clockText(at.timeOfDay, almanac::Precision::minutes))});
     }
     return facts;
 }
 
-std::string skySubtitle(const Context& context, const SkyChart& chart) {
+std::string skySubtitle(const SkyChart& chart) {
     const almanac::LocalTime& at = chart.sky.at;
-    return fmt::format("{}  {}  UTC{}", longDate(at.date, context.language),
+    return fmt::format("{}  {}  UTC{}", longDate(at.date),
                        almanac::clockText(at.timeOfDay, almanac::Precision::minutes),
                        almanac::isoOffset(at.offset));
 }

@@ -34,11 +34,13 @@ struct SkyFact {
 [[nodiscard]] std::vector<SkyFact> sunFacts(const Context& context, const SkyChart& chart);
 [[nodiscard]] std::vector<SkyFact> moonFacts(const Context& context, const SkyChart& chart);
 /// The next four phases.
-[[nodiscard]] std::vector<SkyFact> phaseFacts(const Context& context, const almanac::Sky& sky);
+[[nodiscard]] std::vector<SkyFact> phaseFacts(const almanac::Sky& sky);
 /// "21 November 2026, Saturday  15:04  UTC+03:00".
-[[nodiscard]] std::string skySubtitle(const Context& context, const SkyChart& chart);
-/// "NE", the nearest of eight.
-[[nodiscard]] std::string_view compassPoint(double azimuth);
+[[nodiscard]] std::string skySubtitle(const SkyChart& chart);
+inline constexpr std::size_t kCompassPoints = 8;
+/// "NE", clockwise from north by their number; the nearest to an azimuth [deg].
+[[nodiscard]] std::string compassPoint(std::size_t eighth);
+[[nodiscard]] std::string compassPoint(double azimuth);
 
 /// A document of its own, light or dark as the reader's screen is.
 [[nodiscard]] std::string skySvg(const Context& context, const SkyChart& chart);

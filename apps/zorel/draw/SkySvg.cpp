@@ -3,7 +3,6 @@
 #include "draw/MoonFace.h"
 #include "draw/Panorama.h"
 #include "draw/SkyChart.h"
-#include "draw/SkyTexts.h"
 #include "draw/Svg.h"
 #include "print/PlaceText.h"
 #include "terminal/Style.h"
@@ -58,8 +57,8 @@ public:
           labels_({kLeft, kTop, kRight, kBottom}) {}
 
     [[nodiscard]] std::string document() {
-        const std::string title = placeText(chart_.place, context_.language);
-        const std::string subtitle = skySubtitle(context_, chart_);
+        const std::string title = placeText(chart_.place);
+        const std::string subtitle = skySubtitle(chart_);
         std::string content = svgRectangle(0, 0, kWidth, kHeight, "page") +
                               svgText(kLeft, 28, Anchor::start, "title", title) +
                               svgText(kLeft, 50, Anchor::start, "small", subtitle) + sky() + qibla();
@@ -107,9 +106,9 @@ private:
     [[nodiscard]] std::string directions() {
         std::string text;
         const double foot = y(0.0) + 15.0;
-        for (std::size_t i = 0; i < sky_texts::kPoints.size(); ++i) {
+        for (std::size_t i = 0; i < kCompassPoints; ++i) {
             const double at = panorama_.right(45.0 * static_cast<double>(i));
-            const std::string_view name = sky_texts::kPoints[i];
+            const std::string name = compassPoint(i);
             const double width = widthOf(name, kBoldLetter);
             if (at == 0.0) {
                 text += svgText(kLeft + 4.0, foot, Anchor::start, "head", name) +
@@ -131,11 +130,12 @@ private:
         }
         const double at = x(panorama_.right(*chart_.qibla));
         const double foot = y(0.0) + 33.0;
-        const double width = widthOf(sky_texts::kQibla, kLetter);
+        const std::string name = tr("qibla");
+        const double width = widthOf(name, kLetter);
         const double left = std::clamp(at - width / 2.0, kLeft + 4.0, kRight - 4.0 - width);
         labels_.occupy(boxOf(left, foot, width));
         return svgLine(at, y(0.0) - 12.0, at, y(0.0) + 20.0, "qibla") +
-               svgText(left + width / 2.0, foot, Anchor::middle, "kaaba", sky_texts::kQibla);
+               svgText(left + width / 2.0, foot, Anchor::middle, "kaaba", name);
     }
 
     [[nodiscard]] std::string ways(Body body) const {
@@ -239,11 +239,11 @@ private:
             text += svgLine(at.x + kBodyRadius * std::cos(angle), at.y + kBodyRadius * std::sin(angle),
                             at.x + 14.0 * std::cos(angle), at.y + 14.0 * std::sin(angle), "rays");
         }
-        return text + bodyName(at.x, at.y, context_.word(Word::sun));
+        return text + bodyName(at.x, at.y, tr("Sun"));
     }
     [[nodiscard]] std::string moon() {
         const SvgPoint at = middleOf(Body::moon);
-        return face(at.x, at.y, kBodyRadius) + bodyName(at.x, at.y, context_.word(Word::moon));
+        return face(at.x, at.y, kBodyRadius) + bodyName(at.x, at.y, tr("Moon"));
     }
     [[nodiscard]] std::string face(double atX, double atY, double radius) const {
         const MoonFace face(chart_.sky.moon.illuminated / 100.0, chart_.sky.litSide);
@@ -259,10 +259,10 @@ private:
         const double top = kBottom + 28.0;
         std::string text = face(kLeft + kFaceRadius + 8.0, top + kFaceRadius, kFaceRadius) +
                            svgText(kLeft + kFaceRadius + 8.0, top + 2.0 * kFaceRadius + 24.0, Anchor::middle,
-                                   "small", sky_texts::kMoonFace);
-        text += column(290.0, context_.word(Word::sun), sunFacts(context_, chart_));
-        text += column(490.0, context_.word(Word::moon), moonFacts(context_, chart_));
-        return text + column(720.0, context_.word(Word::nextPhases), phaseFacts(context_, chart_.sky));
+                                   "small", tr("the Moon as it looks from here"));
+        text += column(290.0, tr("Sun"), sunFacts(context_, chart_));
+        text += column(490.0, tr("Moon"), moonFacts(context_, chart_));
+        return text + column(720.0, tr("Next phases"), phaseFacts(chart_.sky));
     }
     [[nodiscard]] static std::string column(double left, std::string_view heading,
                                             const std::vector<SkyFact>& facts) {

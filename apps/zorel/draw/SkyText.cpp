@@ -4,7 +4,6 @@
 #include "draw/MoonFace.h"
 #include "draw/Panorama.h"
 #include "draw/SkyChart.h"
-#include "draw/SkyTexts.h"
 #include "print/PlaceText.h"
 #include "terminal/Wrap.h"
 
@@ -39,9 +38,9 @@ public:
         drawWay(Body::sun);
         drawBody(Body::moon);
         drawBody(Body::sun);
-        return context_.style.bold(placeText(chart_.place, context_.language)) + '\n' +
-               paragraph(skySubtitle(context_, chart_), "", "", context_.columns()) + '\n' + plot() +
-               directions() + '\n' + figures();
+        return context_.style.bold(placeText(chart_.place)) + '\n' +
+               paragraph(skySubtitle(chart_), "", "", context_.columns()) + '\n' + plot() + directions() +
+               '\n' + figures();
     }
 
 private:
@@ -112,12 +111,12 @@ private:
     [[nodiscard]] std::string directions() const {
         struct Name {
             std::size_t column;
-            std::string_view name;
+            std::string name;
         };
         std::vector<Name> names;
-        for (std::size_t i = 0; i < sky_texts::kPoints.size(); ++i) {
+        for (std::size_t i = 0; i < kCompassPoints; ++i) {
             const double at = panorama_.right(45.0 * static_cast<double>(i));
-            names.push_back({static_cast<std::size_t>(dotX(at)) / 2, sky_texts::kPoints[i]});
+            names.push_back({static_cast<std::size_t>(dotX(at)) / 2, compassPoint(i)});
         }
         std::ranges::sort(names, {}, &Name::column);
         LabelRows row(columns_);
@@ -129,7 +128,7 @@ private:
         if (chart_.qibla) {
             LabelRows qibla(columns_);
             qibla.add(static_cast<std::size_t>(dotX(panorama_.right(*chart_.qibla))) / 2,
-                      fmt::format("{} {}", ascii() ? "^" : "▲", sky_texts::kQibla));
+                      fmt::format("{} {}", ascii() ? "^" : "▲", tr("qibla")));
             text += context_.style.paint(kQiblaColour, withoutLineFeed(qibla.text(indent))) + '\n';
         }
         return text;
@@ -182,8 +181,8 @@ private:
     }
     /// The face, the Sun and the Moon side by side where there is room, else below one another.
     [[nodiscard]] std::string figures() const {
-        const auto sun = facts(context_.word(Word::sun), sunFacts(context_, chart_));
-        const auto moon = facts(context_.word(Word::moon), moonFacts(context_, chart_));
+        const auto sun = facts(tr("Sun"), sunFacts(context_, chart_));
+        const auto moon = facts(tr("Moon"), moonFacts(context_, chart_));
         const auto disc = face();
         const auto widest = [](const std::vector<std::string>& lines) {
             std::size_t width = 0;

@@ -1,7 +1,6 @@
 // SPDX-License-Identifier: Apache-2.0
 #include "draw/YearChart.h"
 
-#include "draw/ChartTexts.h"
 #include "print/ClockNotices.h"
 #include "print/DayMarks.h"
 #include "print/PlaceText.h"
@@ -20,7 +19,7 @@ struct MarkedDays {
     almanac::Date last{};
 };
 
-void addMarkNotes(std::vector<std::string>& notes, const Context& context, const ChartPlace& place,
+void addMarkNotes(std::vector<std::string>& notes, const ChartPlace& place,
                   const std::vector<almanac::Prayer>& curves) {
     std::vector<std::pair<char, MarkedDays>> marked{{'*', {}}, {'~', {}}, {'^', {}}};
     for (std::size_t i = 0; i < place.year.size(); ++i) {
@@ -33,11 +32,11 @@ void addMarkNotes(std::vector<std::string>& notes, const Context& context, const
     }
     for (const auto& [sign, days] : marked) {
         if (days.count > 0) {
-            const std::string legend = legendOf(context, std::string(1, sign)).front().substr(2);
-            notes.push_back(fmt::format(fmt::runtime(chart_texts::kDaysOf), fmt::arg("days", days.count),
-                                        fmt::arg("first", almanac::isoDate(days.first)),
-                                        fmt::arg("last", almanac::isoDate(days.last)),
-                                        fmt::arg("what", legend)));
+            const std::string legend = legendOf(std::string(1, sign)).front().substr(2);
+            // translators: {1} and {2} are days such as 2026-11-21, {3} is what holds for them
+            notes.push_back(trPlural("{0} day from {1} to {2}: {3}", "{0} days from {1} to {2}: {3}",
+                                     days.count, almanac::isoDate(days.first), almanac::isoDate(days.last),
+                                     legend));
         }
     }
 }
@@ -55,7 +54,7 @@ void addClockNotes(std::vector<std::string>& notes, const Context& context, cons
 std::vector<std::string> notesOf(const Context& context, const ChartPlace& place,
                                  const std::vector<almanac::Prayer>& curves) {
     std::vector<std::string> notes;
-    addMarkNotes(notes, context, place, curves);
+    addMarkNotes(notes, place, curves);
     addClockNotes(notes, context, place);
     return notes;
 }
@@ -64,39 +63,38 @@ std::vector<std::string> notesOf(const Context& context, const ChartPlace& place
 std::string chartSubtitle(const YearChart& chart) {
     const ShownPlace& place = chart.first.place;
     const std::string& zone = place.clock().zoneName();
-    const std::string clock =
-        zone.empty() ? fmt::format(fmt::runtime(chart_texts::kByOffset),
-                                   fmt::arg("offset", almanac::isoOffset(chart.first.year[0].offset)))
-                     : fmt::format(fmt::runtime(chart_texts::kByClock), fmt::arg("zone", zone));
     const int height = place.place.temkin == almanac::Temkin::upTo500m ? 500 : 250;
-    return fmt::format(
-        "{}, {}, {}", fmt::format(fmt::runtime(chart_texts::kTitle), fmt::arg("year", chart.first.year.year)),
-        clock, fmt::format(fmt::runtime(chart_texts::kTemkin), fmt::arg("height", height)));
+    const int year = chart.first.year.year;
+    if (zone.empty()) {
+        // translators: {0} a year, {1} like "+03:00", {2} a height [m]; temkin is the margin of safety of the
+        // times
+        return tr("Prayer times of {0}, by a clock of UTC{1}, temkin for up to {2} m", year,
+                  almanac::isoOffset(chart.first.year[0].offset), height);
+    }
+    // translators: {0} a year, {1} a time zone such as Europe/Istanbul, {2} a height [m]
+    return tr("Prayer times of {0}, by the clock of {1}, temkin for up to {2} m", year, zone, height);
 }
 
-std::string chartLegend(const Context& context, const YearChart& chart) {
+std::string chartLegend(const YearChart& chart) {
     if (!chart.second) {
         return {};
     }
-    return fmt::format(fmt::runtime(chart_texts::kLines),
-                       fmt::arg("first", placeText(chart.first.place, context.language)),
-                       fmt::arg("second", placeText(chart.second->place, context.language)));
+    // translators: which of two places the solid lines of a chart show, and which the dashed ones
+    return tr("solid: {0}; dashed: {1}", placeText(chart.first.place), placeText(chart.second->place));
 }
 
 std::vector<std::string> chartNotes(const Context& context, const YearChart& chart) {
     std::vector<std::string> notes = notesOf(context, chart.first, chart.curves);
     if (chart.second) {
         for (const std::string& note : notesOf(context, *chart.second, chart.curves)) {
-            notes.push_back(fmt::format("{}: {}", placeText(chart.second->place, context.language), note));
+            notes.push_back(fmt::format("{}: {}", placeText(chart.second->place), note));
         }
     }
     return notes;
 }
 
 std::string clockChangeText(const ClockChange& change) {
-    const double hours = static_cast<double>(change.by.count()) / 3600.0;
-    return fmt::format(fmt::runtime(chart_texts::kClockChange),
-                       fmt::arg("hours", fmt::format("{:+g}", hours)));
+    return clockChangeText(change.by);
 }
 
 } // namespace zorel::cli

@@ -28,7 +28,7 @@ struct YearChart {
 /// "Prayer times of 2026, by the clock of Europe/Istanbul, temkin for up to 250 m".
 [[nodiscard]] std::string chartSubtitle(const YearChart& chart);
 /// "solid: ..., dashed: ..."; empty for one place.
-[[nodiscard]] std::string chartLegend(const Context& context, const YearChart& chart);
+[[nodiscard]] std::string chartLegend(const YearChart& chart);
 /// What has to be known of the times: lowered latitudes, times of other days, corrections, the clock. One
 /// sentence each.
 [[nodiscard]] std::vector<std::string> chartNotes(const Context& context, const YearChart& chart);

@@ -7,6 +7,8 @@
 #include "grammar/HelpText.h"
 #include "grammar/ParseProblem.h"
 
+#include "platform/foundation/Locale.h"
+
 #include <CLI/CLI.hpp>
 #include <fmt/format.h>
 
@@ -87,8 +89,9 @@ private:
         value(app_, "--ringtones", options_.ringtones, "DIR", "Folder of the ringtones");
         value(app_, "--calendar", options_.calendar, "DIR", "Folder of .ics files that carries the alarms");
         value(app_, "--lang", options_.language, "LANG",
-              "Language of names: tr, en, fr, de; default: from the locale")
-            ->transform(oneOf({"tr", "en", "fr", "de"}));
+              fmt::format("Language of texts: {}; default: from the locale", fmt::join(kLanguages, ", "))
+                  .c_str())
+            ->transform(oneOf({kLanguages.begin(), kLanguages.end()}));
         value(app_, "--color", options_.colour, "WHEN",
               "Colours: auto (only on a terminal), always, never; default: auto")
             ->transform(oneOf({"auto", "always", "never"}));
@@ -451,6 +454,19 @@ void describeBelow(const CLI::App& app, const std::string& prefix, std::vector<C
     }
 }
 } // namespace
+
+std::string languageOnLine(std::span<const std::string> words) {
+    constexpr std::string_view kOption = "--lang";
+    for (auto word = words.begin(); word != words.end(); ++word) {
+        if (*word == kOption && word + 1 != words.end()) {
+            return lowerCase(*(word + 1));
+        }
+        if (word->starts_with(kOption) && word->substr(kOption.size()).starts_with('=')) {
+            return lowerCase(word->substr(kOption.size() + 1));
+        }
+    }
+    return {};
+}
 
 ParseResult parseArguments(std::span<const std::string> words, Options& options) {
     Grammar grammar(options, words);

@@ -38,6 +38,9 @@ struct ParseResult {
     std::string hint; ///< what to do about it
 };
 
+/// The language that --lang names on a command line that is not read yet; empty: none.
+[[nodiscard]] std::string languageOnLine(std::span<const std::string> words);
+
 /// Reads the words after the program's name into `options`.
 [[nodiscard]] ParseResult parseArguments(std::span<const std::string> words, Options& options);
 

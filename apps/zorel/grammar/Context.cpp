@@ -14,21 +14,21 @@
 namespace zorel::cli {
 
 namespace {
-/// The word for a time that the language files have no name of.
-Word wordOf(almanac::Prayer prayer) {
+/// The name of a time that the language files have none of.
+std::string ownNameOf(almanac::Prayer prayer) {
     switch (prayer) {
     case almanac::Prayer::ishaSecond:
-        return Word::secondNightfall;
+        return tr("Second nightfall");
     case almanac::Prayer::beforeNoon:
-        return Word::beforeNoon;
+        return tr("Before noon");
     case almanac::Prayer::lastSixthOfNight:
-        return Word::lastSixth;
+        return tr("Last sixth of the night");
     case almanac::Prayer::middleOfNight:
-        return Word::middleOfNight;
+        return tr("Middle of the night");
     case almanac::Prayer::firstThirdOfNight:
-        return Word::firstThird;
+        return tr("First third of the night");
     default:
-        return Word::sunAtQibla;
+        return tr("Sun at qibla");
     }
 }
 
@@ -45,14 +45,13 @@ void applyLanguage(GlobalFuncs& services, const std::string& language) {
 
 Context::Context(const Options& chosen, Streams& lent)
     : options(chosen), streams(lent), style(coloursWanted(chosen.colour, lent.outIsTerminal)) {
-    applyLanguage(services, options.language);
-    language = services.languageId == 0 ? Language::turkish : Language::english;
+    applyLanguage(services, options.language.empty() ? languageInUse() : options.language);
 }
 
 std::string Context::nameOf(almanac::Prayer prayer) const {
     const std::int32_t id = almanac::identityOf(prayer).id;
     if (id == 0) {
-        return std::string(word(wordOf(prayer)));
+        return ownNameOf(prayer);
     }
     if (auto name = services.GetTextPrayLabels(id)) {
         return cleanText(*name);

@@ -3,14 +3,16 @@
 /// What every command works with: options, streams, colours, language, services, catalogue, clock.
 #pragma once
 
+#include "grammar/Dates.h"
 #include "grammar/Options.h"
-#include "grammar/Words.h"
 #include "terminal/CliError.h"
 #include "terminal/Style.h"
 
 #include "almanac/Prayer.h"
 #include "almanac/Time.h"
 #include "common/GlobalFuncs.h"
+#include "words/Language.h"
+#include "words/Tr.h"
 
 #include <memory>
 #include <optional>
@@ -37,9 +39,7 @@ public:
     Streams& streams;
     GlobalFuncs services;
     Style style;
-    Language language = Language::english;
 
-    [[nodiscard]] std::string_view word(Word which) const { return cli::word(which, language); }
     /// The name of a time in the user's language.
     [[nodiscard]] std::string nameOf(almanac::Prayer prayer) const;
     /// The present, to whole seconds (rounded down).

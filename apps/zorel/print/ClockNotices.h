@@ -13,8 +13,7 @@
 namespace zorel::cli {
 
 /// The notice of one date in a sentence; empty when there is none.
-[[nodiscard]] std::string clockNoticeText(const Context& context, const ShownPlace& place,
-                                          almanac::Date date);
+[[nodiscard]] std::string clockNoticeText(const ShownPlace& place, almanac::Date date);
 /// The same as a warning on a line of its own.
 [[nodiscard]] std::string clockNoticeLine(const Context& context, const ShownPlace& place,
                                           almanac::Date date);

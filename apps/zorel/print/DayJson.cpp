@@ -83,13 +83,13 @@ Json ownerJson(const std::optional<ClockOwner>& owner) {
 }
 } // namespace
 
-Json placeJson(const Context& context, const ShownPlace& shown) {
+Json placeJson(const ShownPlace& shown) {
     const almanac::Place& place = shown.place;
     const std::string& zone = place.clock.zoneName();
     return Json{{"id", shown.id == 0 ? Json(nullptr) : Json(shown.id)},
                 {"name", place.name},
                 {"region", shown.region},
-                {"country", countryName(shown, context.language)},
+                {"country", countryName(shown)},
                 {"latitude", place.latitude},
                 {"longitude", place.longitude},
                 {"zone", zone.empty() ? Json(nullptr) : Json(zone)},
@@ -145,15 +145,15 @@ Json correctionsJson(const Day& day, std::span<const Prayer> prayers) {
     return corrected;
 }
 
-Json calendarsJson(const Context& context, const AllCalendarRecord& calendars) {
+Json calendarsJson(const AllCalendarRecord& calendars) {
     const Json hijri{{"year", calendars.hijriYear},
                      {"month", calendars.hijriMonth},
                      {"day", calendars.hijriDay},
-                     {"text", hijriText(calendars, context.language)}};
+                     {"text", hijriText(calendars)}};
     const Json rumi{{"year", calendars.rumiYear},
                     {"month", calendars.rumiMonth},
                     {"day", calendars.rumiDay},
-                    {"text", rumiText(calendars, context.language)}};
+                    {"text", rumiText(calendars)}};
     return Json{{"weekday", calendars.weekday},
                 {"hijri", calendars.hijriYear < 1 ? Json(nullptr) : hijri},
                 {"rumi", rumi},

@@ -17,7 +17,7 @@ namespace zorel::cli {
 
 using Json = nlohmann::ordered_json;
 
-[[nodiscard]] Json placeJson(const Context& context, const ShownPlace& place);
+[[nodiscard]] Json placeJson(const ShownPlace& place);
 /// Where the clock of a date comes from, and what is to be known of it.
 [[nodiscard]] Json clockJson(const ShownPlace& place, almanac::Date date);
 /// An ISO 8601 time with offset, or null.
@@ -30,7 +30,7 @@ using Json = nlohmann::ordered_json;
 [[nodiscard]] Json correctionsJson(almanac::Corrections corrections);
 /// {"fajr": ["before_midnight"]}: the corrected ones among some times of a day.
 [[nodiscard]] Json correctionsJson(const almanac::Day& day, std::span<const almanac::Prayer> prayers);
-[[nodiscard]] Json calendarsJson(const Context& context, const AllCalendarRecord& calendars);
+[[nodiscard]] Json calendarsJson(const AllCalendarRecord& calendars);
 [[nodiscard]] Json flagsJson(const almanac::Day& day);
 /// A number rounded to some decimals, so that the last bits of the C library do not show; null when it is not
 /// finite.

@@ -16,7 +16,7 @@ using Prayers = std::span<const Prayer>;
 
 struct Mark {
     char sign;
-    Word legend;
+    const char* legend;
     bool (*fits)(const Day& day, Prayers shown);
 };
 
@@ -29,9 +29,13 @@ bool hasCorrectedTime(const Day& day, Prayers shown) {
 }
 
 constexpr std::array kMarks{
-    Mark{'*', Word::markLowered, [](const Day& day, Prayers) { return day.record.latitudeLowered; }},
-    Mark{'~', Word::markOtherDay, hasTimeOfOtherDay},
-    Mark{'^', Word::markCorrected, hasCorrectedTime},
+    Mark{'*',
+         trLater(
+             "no sunrise or sunset there that day: computed at a lower latitude (see: zorel today --date)"),
+         [](const Day& day, Prayers) { return day.record.latitudeLowered; }},
+    Mark{'~', trLater("the sky did not get dark enough: taken from an earlier day (see: zorel today --date)"),
+         hasTimeOfOtherDay},
+    Mark{'^', trLater("a time is corrected (see: zorel today --date --explain)"), hasCorrectedTime},
 };
 } // namespace
 
@@ -45,11 +49,11 @@ std::string marksOf(const Day& day, Prayers shown) {
     return marks;
 }
 
-std::vector<std::string> legendOf(const Context& context, const std::string& marks) {
+std::vector<std::string> legendOf(const std::string& marks) {
     std::vector<std::string> sentences;
     for (const Mark& mark : kMarks) {
         if (marks.find(mark.sign) != std::string::npos) {
-            sentences.push_back(fmt::format("{} {}", mark.sign, context.word(mark.legend)));
+            sentences.push_back(fmt::format("{} {}", mark.sign, tr(mark.legend)));
         }
     }
     return sentences;

@@ -17,6 +17,6 @@ namespace zorel::cli {
 /// are shown.
 [[nodiscard]] std::string marksOf(const almanac::Day& day, std::span<const almanac::Prayer> shown);
 /// A sentence for each mark that occurs: "* no sunrise or sunset there that day ...".
-[[nodiscard]] std::vector<std::string> legendOf(const Context& context, const std::string& marks);
+[[nodiscard]] std::vector<std::string> legendOf(const std::string& marks);
 
 } // namespace zorel::cli

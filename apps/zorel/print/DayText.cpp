@@ -65,8 +65,8 @@ private:
     void addNext(TextTable& table, const DayTime& time, std::string ezani) const {
         auto row = cells(time, std::move(ezani));
         row.push_back(
-            fmt::format("{}, {} {}", context_.word(Word::next), context_.word(Word::in),
-                        durationText(time.rounded(clock_.precision()) - context_.now(), context_.language)));
+            // translators: stands behind the next prayer time; {} is "2 h 5 min"
+            tr("next, in {}", durationText(time.rounded(clock_.precision()) - context_.now())));
         table.add(std::move(row), TextTable::Emphasis::highlight);
     }
 
@@ -78,8 +78,7 @@ private:
 } // namespace
 
 std::string timeText(const Context& context, const ShownTime& time, Date date) {
-    return time ? clockAndDayText(*time, date, context.precision(), " ")
-                : std::string(context.word(Word::noneToday));
+    return time ? clockAndDayText(*time, date, context.precision(), " ") : tr("none today");
 }
 
 std::string ezaniText(const std::optional<double>& hours) {
@@ -97,13 +96,13 @@ std::string flagsText(const Context& context, const Day& day) {
         text += "  ! " + context.style.warning(sentence) + '\n';
     };
     if (const auto latitude = day.loweredLatitude()) {
-        add(fmt::format("{} {:.4g}° {}", context.word(Word::latitudeLowered), std::abs(*latitude),
-                        *latitude < 0.0 ? 'S' : 'N'));
+        add(*latitude < 0.0 ? tr("latitude lowered to {:.4g}° S", -*latitude)
+                            : tr("latitude lowered to {:.4g}° N", *latitude));
     }
     for (const Prayer prayer : {Prayer::fajr, Prayer::isha, Prayer::ishaSecond}) {
         if (const auto date = day[prayer].takenFrom()) {
-            add(fmt::format("{}: {} {}", context.nameOf(prayer), context.word(Word::takenFrom),
-                            dayAndMonth(*date, context.language)));
+            // translators: {0} a prayer time, {1} a day: "3 May"
+            add(tr("{0}: taken from {1}", context.nameOf(prayer), dayAndMonth(*date)));
         }
     }
     return text;
@@ -120,8 +119,7 @@ std::string dayText(const Context& context, const Day& day, const Clockface& clo
     }
     TextTable others("llr");
     rows.addOthers(others);
-    return text + '\n' + context.style.bold(context.word(Word::otherTimes)) + '\n' +
-           others.text(context.style, "  ");
+    return text + '\n' + context.style.bold(tr("Other times")) + '\n' + others.text(context.style, "  ");
 }
 
 } // namespace zorel::cli

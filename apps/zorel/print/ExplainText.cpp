@@ -33,35 +33,37 @@ std::string hoursText(const DayTime& time, almanac::Date date) {
                        seconds % 60);
 }
 
-std::string altitudeText(const Context& context, double degrees) {
+std::string altitudeText(double degrees) {
     if (degrees == 0.0) {
-        return std::string(context.word(Word::sunAtHorizon));
+        return tr("the Sun stands at the horizon");
     }
-    const Word pattern = degrees < 0.0 ? Word::sunBelow : Word::sunAbove;
-    return fmt::format(fmt::runtime(context.word(pattern)),
-                       fmt::arg("degrees", fmt::format("{:.0f}", std::abs(degrees))));
+    const std::string size = fmt::format("{:.0f}", std::abs(degrees));
+    return degrees < 0.0 ? tr("the Sun stands {}° below the horizon", size)
+                         : tr("the Sun stands {}° above the horizon", size);
 }
 
-std::string shadowText(const Context& context, const Explanation& why) {
-    return fmt::format(fmt::runtime(context.word(Word::shadowRule)), fmt::arg("staffs", why.shadowFactor),
-                       fmt::arg("degrees", fmt::format("{:.1f}", why.targetAltitude)));
+std::string shadowText(const Explanation& why) {
+    // translators: {0} is 1 or 2
+    return tr("shadows are longer than at noon by {0} times the staff, the Sun {1}° high", why.shadowFactor,
+              fmt::format("{:.1f}", why.targetAltitude));
 }
 
 std::string nightText(const Context& context, const Explanation& why) {
-    const Word pattern = why.partOfNight < 0.0 ? Word::nightLeft : Word::nightPassed;
-    return fmt::format(fmt::runtime(context.word(pattern)),
-                       fmt::arg("parts", std::llround(1.0 / std::abs(why.partOfNight))),
-                       fmt::arg("name", context.nameOf(why.nightFrom)));
+    const auto parts = std::llround(1.0 / std::abs(why.partOfNight));
+    const std::string name = context.nameOf(why.nightFrom);
+    // translators: {1} is the name of a prayer time
+    return why.partOfNight < 0.0 ? tr("1/{0} of the night is left until {1}", parts, name)
+                                 : tr("1/{0} of the night has passed since {1}", parts, name);
 }
 
 std::string ruleText(const Context& context, const Explanation& why) {
     switch (why.rule) {
     case PrayTimeRule::altitude:
-        return altitudeText(context, why.targetAltitude);
+        return altitudeText(why.targetAltitude);
     case PrayTimeRule::shadow:
-        return shadowText(context, why);
+        return shadowText(why);
     case PrayTimeRule::transit:
-        return std::string(context.word(Word::sunHighest));
+        return tr("the Sun stands at its highest");
     case PrayTimeRule::partOfNight:
         return nightText(context, why);
     default:
@@ -89,40 +91,37 @@ std::string reasonText(const Context& context, const Day& day, const DayTime& ti
     const std::string name = context.nameOf(time.prayer);
     const std::string rule = ruleText(context, time.why);
     if (!time.exists()) {
-        return fmt::format(fmt::runtime(context.word(Word::noneBecause)), fmt::arg("name", name),
-                           fmt::arg("rule", rule));
+        // translators: {0} a prayer time, {1} its rule, such as "the Sun stands 17° below the horizon"
+        return tr("{0}: none today. Its rule: {1}.", name, rule);
     }
-    return fmt::format(
-        fmt::runtime(context.word(Word::because)), fmt::arg("name", name),
-        fmt::arg("time", clockAndDayText(time.local, day.date, almanac::Precision::minutes, " ")),
-        fmt::arg("rule", rule));
+    // translators: {0} a prayer time, {1} the clock's time, {2} its rule: "the Sun stands at its highest"
+    return tr("{0} {1} because {2}.", name,
+              clockAndDayText(time.local, day.date, almanac::Precision::minutes, " "), rule);
 }
 
 /// "exact 06:07:24, temkin -8:31, rounds 2, latitude 41.01°"; what is not there is left out, and the date
 /// where it is the day's own.
-std::string figuresText(const Context& context, const Day& day, const DayTime& time,
-                        const Clockface& seconds) {
+std::string figuresText(const Day& day, const DayTime& time, const Clockface& seconds) {
     const Explanation& why = time.why;
     std::vector<std::string> figures;
-    const auto add = [&](std::string_view name, const std::string& value) {
-        figures.push_back(fmt::format("{} {}", name, value));
-    };
     if (const ShownTime exact = seconds.of(time)) {
-        add(context.word(Word::exactTime), clockAndDayText(*exact, day.date, seconds.precision(), " "));
+        figures.push_back(tr("exact {}", clockAndDayText(*exact, day.date, seconds.precision(), " ")));
     }
     if (why.temkin != 0.0) {
-        add("temkin", minutesText(why.temkin));
+        // translators: temkin is the margin of safety that the times carry
+        figures.push_back(tr("temkin {}", minutesText(why.temkin)));
     }
     if (why.addition != 0.0) {
-        add(context.word(Word::addition), minutesText(why.addition));
+        figures.push_back(tr("added {}", minutesText(why.addition)));
     }
     if (why.rounds != 0) {
-        add(context.word(Word::rounds), fmt::format("{}", why.rounds));
+        // translators: how often the computation was repeated
+        figures.push_back(tr("rounds {}", why.rounds));
     }
     if (why.date != day.date) {
-        add(context.word(Word::dateWord), almanac::isoDate(why.date));
+        figures.push_back(tr("date {}", almanac::isoDate(why.date)));
     }
-    add(context.word(Word::latitude), fmt::format("{:.2f}°", why.latitude));
+    figures.push_back(tr("latitude {:.2f}°", why.latitude));
     return fmt::format("{}", fmt::join(figures, ", "));
 }
 
@@ -142,8 +141,8 @@ public:
     [[nodiscard]] std::string text(const Context& context) const {
         std::string lines;
         for (std::size_t i = 0; i < seen_.size(); ++i) {
-            lines += paragraph(correctionText(seen_[i], context.language), fmt::format("  [{}] ", i + 1),
-                               "      ", context.columns());
+            lines += paragraph(correctionText(seen_[i]), fmt::format("  [{}] ", i + 1), "      ",
+                               context.columns());
         }
         return lines;
     }
@@ -183,13 +182,38 @@ Json oneJson(const DayTime& time, almanac::Date date) {
 }
 } // namespace
 
+std::string correctionText(almanac::Correction correction) {
+    switch (correction) {
+    case almanac::Correction::beforeMidnight:
+        return tr(
+            "before midnight, on the eve: the engine adds an hour to such a time; the parts of the night "
+            "follow it");
+    case almanac::Correction::seamOfDays:
+        return tr("by the Sun of this day: the engine judges by the day before whether it rises and sets");
+    case almanac::Correction::ownSun:
+        return tr("by the Sun of this day: the engine takes that of an earlier day");
+    case almanac::Correction::dateLine:
+        return tr("the clock is a day away from the meridian, beyond the date line");
+    case almanac::Correction::nightWithoutEnds:
+        return tr("the night has no beginning or no end, so there is no part of it");
+    case almanac::Correction::sunStillUp:
+        return tr("moved to where the Sun is really down (or up): its way is too flat for the temkin");
+    case almanac::Correction::clockChange:
+        return tr("the clock changes between this time and noon: told by the clock then in force");
+    case almanac::Correction::outOfOrder:
+        return tr("taken from an earlier day it would stand out of its order: there is none that day");
+    default:
+        return tr("towards the Kaaba itself");
+    }
+}
+
 std::string explainText(const Context& context, const Day& day, const almanac::PlaceClock& clock) {
     const Clockface seconds(clock, almanac::Precision::seconds);
     Footnotes footnotes;
-    std::string text = '\n' + context.style.bold(context.word(Word::explanation)) + '\n';
+    std::string text = '\n' + context.style.bold(tr("Why these times")) + '\n';
     for (const Prayer prayer : almanac::kListedPrayers) {
         const DayTime& time = day[prayer];
-        const std::string figures = figuresText(context, day, time, seconds);
+        const std::string figures = figuresText(day, time, seconds);
         text += paragraph(reasonText(context, day, time) + footnotes.numbersOf(time.why.corrections), "  ",
                           "    ", context.columns());
         text += paragraph(figures, "    ", "    ", context.columns());

@@ -16,6 +16,8 @@ namespace zorel::cli {
 /// correction that occurs. Lines fit the terminal.
 [[nodiscard]] std::string explainText(const Context& context, const almanac::Day& day,
                                       const almanac::PlaceClock& clock);
+/// Why a time is not the engine's own.
+[[nodiscard]] std::string correctionText(almanac::Correction correction);
 [[nodiscard]] Json explainJson(const almanac::Day& day);
 
 } // namespace zorel::cli

@@ -42,7 +42,7 @@ std::string nextTimeText(const Moment& moment) {
 }
 
 std::string countdownText(const Moment& moment) {
-    return durationText(left(moment), moment.context.language);
+    return durationText(left(moment));
 }
 
 std::string minutesText(const Moment& moment) {
@@ -64,12 +64,11 @@ std::string dateText(const Moment& moment) {
 }
 
 std::string weekdayText(const Moment& moment) {
-    const std::chrono::weekday weekday{std::chrono::sys_days(moment.today)};
-    return std::string(weekdayName(static_cast<int>(weekday.c_encoding()), moment.context.language));
+    return weekdayName(moment.today);
 }
 
 std::string hijriDateText(const Moment& moment) {
-    return hijriText(almanac::Almanac(moment.place.place).calendars(moment.today), moment.context.language);
+    return hijriText(almanac::Almanac(moment.place.place).calendars(moment.today));
 }
 
 struct Field {
@@ -154,7 +153,7 @@ StatusLine nextLine(const Context& context, almanac::Memory& memory, const Shown
     const auto next = almanac::Almanac(place.place).next(instant, memory).next;
     const Instant midnight = nextMidnight(clock, instant);
     if (!next) {
-        return {std::string(context.word(Word::noneToday)), midnight};
+        return {tr("none today"), midnight};
     }
     const Moment moment{context, place, *next, instant, clock.dateAt(instant)};
     std::string line;

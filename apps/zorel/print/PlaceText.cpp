@@ -2,6 +2,7 @@
 #include "print/PlaceText.h"
 
 #include "platform/foundation/Utf8.h"
+#include "words/Language.h"
 
 #include <fmt/format.h>
 
@@ -9,8 +10,8 @@
 
 namespace zorel::cli {
 
-const std::string& countryName(const ShownPlace& place, Language language) {
-    return language == Language::turkish ? place.countryTr : place.countryEn;
+const std::string& countryName(const ShownPlace& place) {
+    return languageInUse() == "tr" ? place.countryTr : place.countryEn;
 }
 
 std::string pointText(double latitude, double longitude) {
@@ -22,15 +23,15 @@ std::string distanceText(double kilometres) {
     return fmt::format("{:.{}f} km", kilometres, kilometres < 9.95 ? 1 : 0);
 }
 
-std::string placeText(const ShownPlace& place, Language language) {
+std::string placeText(const ShownPlace& place) {
     const std::string& name = place.place.name;
     if (place.id == 0) {
         return pointText(place.place.latitude, place.place.longitude);
     }
     if (place.region.empty() || place.region == name) {
-        return cleanText(fmt::format("{} / {}", name, countryName(place, language)));
+        return cleanText(fmt::format("{} / {}", name, countryName(place)));
     }
-    return cleanText(fmt::format("{} / {} / {}", name, place.region, countryName(place, language)));
+    return cleanText(fmt::format("{} / {} / {}", name, place.region, countryName(place)));
 }
 
 } // namespace zorel::cli

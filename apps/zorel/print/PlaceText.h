@@ -3,7 +3,6 @@
 /// A place in words.
 #pragma once
 
-#include "grammar/Words.h"
 #include "print/ShownPlace.h"
 
 #include <string>
@@ -11,9 +10,9 @@
 namespace zorel::cli {
 
 /// The name of the place's country, in Turkish or in English; empty for a point.
-[[nodiscard]] const std::string& countryName(const ShownPlace& place, Language language);
+[[nodiscard]] const std::string& countryName(const ShownPlace& place);
 /// "Ankara / Turkey", "Paris / Texas / United States" or "41.0100 N, 28.9700 E".
-[[nodiscard]] std::string placeText(const ShownPlace& place, Language language);
+[[nodiscard]] std::string placeText(const ShownPlace& place);
 /// "41.0100 N, 28.9700 E".
 [[nodiscard]] std::string pointText(double latitude, double longitude);
 /// "4 km", "0.3 km" below ten kilometres.

@@ -25,20 +25,19 @@ constexpr minutes kNowLasts(5);
 
 std::string textOf(const Context& context, const NextPrayer& next, almanac::Date today, Instant instant) {
     if (!next.next) {
-        return std::string(context.word(Word::noneToday));
+        return tr("none today");
     }
     std::string text =
         fmt::format("{} {}", context.nameOf(next.next->prayer), timeText(context, next.next->local, today));
     if (context.options.countdown) {
-        text += fmt::format(" ({})", durationText(next.next->shown - instant, context.language));
+        text += fmt::format(" ({})", durationText(next.next->shown - instant));
     }
     return text;
 }
 
-std::string datesText(const Context& context, const ShownPlace& place, const Day& day) {
-    std::string text =
-        fmt::format("{}\n{}\n", placeText(place, context.language), longDate(day.date, context.language));
-    const std::string hijri = hijriText(almanac::Almanac(place.place).calendars(day.date), context.language);
+std::string datesText(const ShownPlace& place, const Day& day) {
+    std::string text = fmt::format("{}\n{}\n", placeText(place), longDate(day.date));
+    const std::string hijri = hijriText(almanac::Almanac(place.place).calendars(day.date));
     return hijri.empty() ? text : text + hijri + '\n';
 }
 
@@ -48,8 +47,8 @@ std::string tooltipOf(const Context& context, const ShownPlace& place, const Day
     for (const Prayer prayer : almanac::kSixPrayers) {
         table.add({context.nameOf(prayer), timeText(context, clock.of(day[prayer]), day.date)});
     }
-    const std::string notice = clockNoticeText(context, place, day.date);
-    std::string text = datesText(context, place, day) + table.text(Style(false)) + notice;
+    const std::string notice = clockNoticeText(place, day.date);
+    std::string text = datesText(place, day) + table.text(Style(false)) + notice;
     if (notice.empty()) {
         text.pop_back();
     }

@@ -3,6 +3,8 @@
 /// How a command ends: exit codes, and the one error that carries what is wrong and what to do about it.
 #pragma once
 
+#include "words/Tr.h"
+
 #include <stdexcept>
 #include <string>
 #include <string_view>
