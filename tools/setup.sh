@@ -11,7 +11,7 @@ base_packages=(
 # programs that read our calendars, completions and manual page, a desktop without a screen and the bus of its screen
 # reader, a session with a sound server, libraries that the accuracy report has as peers.
 test_packages=(
-    xvfb openbox xdotool weston at-spi2-core gir1.2-atspi-2.0 python3-pil
+    xvfb openbox xdotool sway wtype grim at-spi2-core gir1.2-atspi-2.0 python3-pil
     libgmock-dev clang clang-format git python3 python3-polib locales
     dpkg-dev make file desktop-file-utils appstream systemd
     librsvg2-bin weasyprint poppler-utils

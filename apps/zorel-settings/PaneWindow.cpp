@@ -40,15 +40,6 @@ QSize windowSize(const WindowOptions& options, double scale) {
     return options.screenshot.empty() && screen != nullptr ? size.boundedTo(screen->availableSize()) : size;
 }
 
-UISearchBar* searchBarIn(UIView& view) {
-    for (UIView* subview : view.subviews()) {
-        if (subview->kind() == UIViewKind::searchBar) {
-            return static_cast<UISearchBar*>(subview);
-        }
-    }
-    return nullptr;
-}
-
 } // namespace
 
 PaneWindow::PaneWindow(const WindowOptions& options, const QString& problem)
@@ -80,7 +71,10 @@ PaneWindow::PaneWindow(const WindowOptions& options, const QString& problem)
     QObject::connect(qGuiApp, &QGuiApplication::applicationStateChanged, firstPage_->today(),
                      &TodayModel::tick);
     if (options.screenshot.empty()) {
-        QTimer::singleShot(0, &host_, [this] { controller_->refreshAlarms(); });
+        QTimer::singleShot(0, &host_, [this] {
+            host_.desktop().ask();
+            controller_->refreshAlarms();
+        });
     }
 }
 
@@ -104,13 +98,21 @@ void PaneWindow::openScreen(const std::string& screen, const std::string& search
         firstPage_->today()->ask(QStringLiteral("next"));
     } else if (screen == "edit") {
         host_.setEditing(true);
-    } else if (screen == "search") {
-        controller_->delegateUICityHeaderView_AddTapped(controller_->cityHeaderView().buttonAdd());
-        UIView* view = navigation_->topViewController()->view();
-        if (UISearchBar* bar = searchBarIn(*view); bar != nullptr && !searchText.empty()) {
-            bar->setText(searchText);
-            bar->userTapsSearch();
+    } else if (screen == "search" || screen == "confirm") {
+        openSearch(searchText);
+        UITableView& found = controller_->addCityView().searchTableView();
+        if (screen == "confirm" && found.numberOfRowsInSection(0) > 0) {
+            found.userSelectsRow({0, 0});
         }
+    }
+}
+
+void PaneWindow::openSearch(const std::string& text) {
+    controller_->delegateUICityHeaderView_AddTapped(controller_->cityHeaderView().buttonAdd());
+    if (!text.empty()) {
+        UISearchBar& bar = controller_->addCityView().searchBar();
+        bar.setText(text);
+        bar.userTapsSearch();
     }
 }
 
@@ -120,6 +122,8 @@ void PaneWindow::watchRinging() {
 }
 
 QImage PaneWindow::picture() {
+    window_->grabWindow();
+    QCoreApplication::processEvents(); // what only the first drawing has shown to have another size
     return window_->grabWindow();
 }
 

@@ -30,7 +30,7 @@ public:
     ~PaneWindow();
 
     [[nodiscard]] QQuickView& window() { return *window_; }
-    /// Goes to one of the screens "cities", "search", "alarm", "why" and "edit", at once.
+    /// Goes to one of the screens "cities", "search", "confirm", "alarm", "why" and "edit", at once.
     void openScreen(const std::string& screen, const std::string& searchText);
     /// Says when the program that rings does not run.
     void watchRinging();
@@ -38,6 +38,7 @@ public:
     [[nodiscard]] QImage picture();
 
 private:
+    void openSearch(const std::string& text);
     /// What the window shows and time alone changes: the home city's date, the machine's offset, the number
     /// of alarms that have rung.
     [[nodiscard]] std::string moment() const;

@@ -25,8 +25,8 @@ void addOptions(CLI::App& app, WindowOptions& options) {
                                       "draw the window into a PNG file and leave; needs no display")
                            ->type_name("FILE");
     app.add_option("--screen", options.screen, "the screen that --screenshot draws (default: cities)")
-        ->check(CLI::IsMember({"cities", "search", "alarm", "why", "edit"}))
-        ->option_text("cities|search|alarm|why|edit")
+        ->check(CLI::IsMember({"cities", "search", "confirm", "alarm", "why", "edit"}))
+        ->option_text("cities|search|confirm|alarm|why|edit")
         ->needs(screenshot);
     app.add_option("--search", options.searchText, "what to search for on the search screen of --screenshot")
         ->option_text("TEXT")
@@ -42,11 +42,11 @@ void addOptions(CLI::App& app, WindowOptions& options) {
     app.add_flag(
         "--time-start", options.timeStart,
         "print the milliseconds from process start to the first frame and the memory in use, and leave");
-    app.add_option("--width", options.width, "width of the window, 320 to 4096 points")
-        ->check(CLI::Range(320, 4096))
+    app.add_option("--width", options.width, "width of the window, 160 to 4096 points")
+        ->check(CLI::Range(160, 4096))
         ->option_text("NUMBER");
-    app.add_option("--height", options.height, "height of the window, 400 to 4096 points")
-        ->check(CLI::Range(400, 4096))
+    app.add_option("--height", options.height, "height of the window, 240 to 4096 points")
+        ->check(CLI::Range(240, 4096))
         ->option_text("NUMBER");
     app.add_option("--text-scale", options.textScale,
                    "size of everything, 0.5 to 4 (default: as the desktop's text)")

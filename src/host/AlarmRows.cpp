@@ -16,10 +16,10 @@ constexpr std::int32_t kFirstAlarm = 200; ///< prayer id of the first row
 
 } // namespace
 
-QString AlarmRows::ringText(const AlarmStatus& alarm) const {
+QString AlarmRows::ringText(almanac::Instant instant) const {
     const TodayTexts& texts = today_.texts();
     const almanac::PlaceClock& clock = today_.place()->clock;
-    const almanac::LocalTime local = clock.localTime(*alarm.ringsAt);
+    const almanac::LocalTime local = clock.localTime(instant);
     const almanac::Date today = clock.dateAt(std::chrono::floor<std::chrono::seconds>(now()));
     const QString day = texts.dayOf(local.date, today);
     const QString at = texts.clock(local);
@@ -47,7 +47,7 @@ QString AlarmRows::textOf(const AlarmStatus& alarm) const {
     case AlarmState::off:
         return words("off");
     case AlarmState::rings:
-        return ringText(alarm);
+        return ringText(*alarm.ringsAt);
     case AlarmState::passed:
         return words("passed");
     case AlarmState::noSuchTime:
@@ -69,7 +69,9 @@ void AlarmRows::follow() {
             const AlarmStatus& alarm = report.alarms[row];
             const QString notice =
                 QString::fromStdString(pane_.noticeForAlarm(alarm.prayerId()).value_or(std::string()));
-            QStringList texts{textOf(alarm), alarm.state == AlarmState::noSuchTime ? QString() : notice};
+            const bool refused = refusedRow_ == static_cast<int>(row);
+            QStringList texts{refused ? refusal_ : textOf(alarm),
+                              alarm.state == AlarmState::noSuchTime ? QString() : notice};
             texts.removeAll(QString());
             const QVariantMap time = six.value(static_cast<qsizetype>(row)).toMap();
             rows_ << QVariantMap{
@@ -78,7 +80,7 @@ void AlarmRows::follow() {
                 {"text", texts.join(QStringLiteral(" · "))},
                 {"on", alarm.info.active},
                 {"rings", alarm.state == AlarmState::rings},
-                {"bad", alarm.state == AlarmState::failed || alarm.state == AlarmState::passed}};
+                {"bad", refused || alarm.state == AlarmState::failed || alarm.state == AlarmState::passed}};
         }
     }
     emit changed();
@@ -105,11 +107,14 @@ void AlarmRows::toggle(int row) {
     AlarmView& view = pane_.alarmView();
     view.setAlarmInfo(kFirstAlarm + row);
     const bool before = view.alarmEnabled().isOn();
+    refusedRow_ = -1;
     view.alarmEnabled().userToggles();
-    follow();
     if (view.alarmEnabled().isOn() == before) {
-        emit refused(QString::fromStdString(view.notice()));
+        refusedRow_ = row;
+        refusal_ = QString::fromStdString(view.notice());
     }
+    follow();
+    emit answered(rows_.value(row).toMap()["text"].toString());
 }
 
 void AlarmRows::repair() {

@@ -36,25 +36,30 @@ public:
     [[nodiscard]] QString complaint() const { return complaint_; }
     [[nodiscard]] bool anyOn() const;
 
-    /// Does what the switch of the alarm's editor does. What comes of it stands in the row.
+    /// "rings tomorrow 05:22", by the home city's clock. Only where there is a home city.
+    [[nodiscard]] QString ringText(almanac::Instant instant) const;
+
+    /// Does what the switch of the alarm's editor does. What comes of it stands in the row, also why it was
+    /// put back, until a switch is used again.
     Q_INVOKABLE void toggle(int row);
     /// Moves the alarms to where they should be.
     Q_INVOKABLE void repair();
 
 signals:
     void changed();
-    /// A switch was put back; the reason, for people.
-    void refused(const QString& reason);
+    /// What came of the use of a switch, for people.
+    void answered(const QString& text);
 
 private:
     [[nodiscard]] QString textOf(const AlarmStatus& alarm) const;
-    [[nodiscard]] QString ringText(const AlarmStatus& alarm) const;
     [[nodiscard]] QString absenceText(almanac::Prayer prayer) const;
 
     ZorelSettingsController& pane_;
     TodayModel& today_;
     QVariantList rows_;
     QString complaint_;
+    int refusedRow_ = -1; ///< whose switch was put back
+    QString refusal_;     ///< and why
 };
 
 } // namespace zorel

@@ -4,9 +4,12 @@
 #include "host/Host.h"
 
 #include "common/GlobalFuncs.h"
+#include "platform/foundation/FileLock.h"
 #include "platform/foundation/Locations.h"
 #include "platform/foundation/NumberText.h"
 #include "settings/ZorelSettingsController.h"
+#include "store/CitySearch.h"
+#include "store/DatabaseFunctions.h"
 
 #include <QSettings>
 
@@ -17,6 +20,7 @@ namespace zorel {
 namespace {
 
 constexpr int kMessageMilliseconds = 8000;
+constexpr int kBusyMilliseconds = 2000;
 
 QString keyText(almanac::Prayer prayer) {
     const std::string_view key = almanac::keyOf(prayer);
@@ -44,6 +48,7 @@ constexpr const char* kDeclined = "declinedTimeZone";
 FirstPage::FirstPage(Host& host, ZorelSettingsController& pane, bool healthy)
     : host_(host), pane_(pane), healthy_(healthy), words_(host.words()),
       today_(TodayTexts(words_, namesOf(pane.glbFuncs(), words_), QLocale::system())), alarms_(pane, today_),
+      editor_(host, pane, today_, alarms_, TonePreview::besideProgram()),
       declinedZone_(memory().value(kDeclined).toString().toStdString()), cities_(pane.userCities().size()) {
     messageTimer_.setSingleShot(true);
     connect(&messageTimer_, &QTimer::timeout, this, [this] { say({}, {}); });
@@ -52,7 +57,9 @@ FirstPage::FirstPage(Host& host, ZorelSettingsController& pane, bool healthy)
             follow();
         }
     });
-    connect(&alarms_, &AlarmRows::refused, this, [this](const QString& reason) { say(reason, {}); });
+    busyTimer_.setSingleShot(true);
+    connect(&busyTimer_, &QTimer::timeout, this, &FirstPage::lookWhetherFree);
+    connect(&alarms_, &AlarmRows::answered, &host, &Host::announce);
     // What a row says of a time changes when the time has come.
     connect(&today_, &TodayModel::timesChanged, &alarms_, &AlarmRows::follow);
     follow();
@@ -66,7 +73,50 @@ void FirstPage::follow() {
     }
     readSuggestion();
     noteAddition();
+    tellFooter();
+    if (pane_.listResult().state == StoreState::busy) {
+        busyTimer_.start(kBusyMilliseconds);
+    }
     emit changed();
+}
+
+void FirstPage::tellFooter() {
+    std::string footer = pane_.titleForFooterInSection(pane_.table(), 0);
+    if (footer != footer_) {
+        footer_ = std::move(footer);
+        host_.announce(QString::fromStdString(footer_));
+    }
+}
+
+void FirstPage::readAgain() {
+    pane_.loadAllUserCities();
+    pane_.table().reloadData();
+}
+
+/// Asks without waiting: a window that waits for another program stands still.
+void FirstPage::lookWhetherFree() {
+    const FileLock lock(pane_.dbFuncs().userDBPath() + ".lock", LockKind::shared, FileLock::Deadline());
+    if (lock.state() == LockState::busy) {
+        busyTimer_.start(kBusyMilliseconds);
+    } else {
+        readAgain();
+    }
+}
+
+QString FirstPage::listTrouble() const {
+    switch (pane_.listResult().state) {
+    case StoreState::busy:
+        return words_("listBusy");
+    case StoreState::failed:
+        return words_("listUnreadable");
+    default:
+        return {};
+    }
+}
+
+QString FirstPage::emptySearchText(const QString& searched) const {
+    const bool readable = searchPlaces(pane_.glbFuncs(), searched.toStdString()).has_value();
+    return words_(readable ? "nothingFound" : "searchUnreadable");
 }
 
 void FirstPage::setRingCheck(std::unique_ptr<RingCheck> check) {
@@ -93,8 +143,8 @@ void FirstPage::noteAddition() {
 void FirstPage::readSuggestion() {
     const std::string zone = almanac::machineZoneName();
     const auto& home = today_.place();
-    const bool wanted =
-        healthy_ && !zone.empty() && (pane_.userCities().empty() || (home && home->clock.zoneName() != zone));
+    const bool wanted = healthy_ && !zone.empty() && pane_.listResult().isDone() &&
+                        (pane_.userCities().empty() || (home && home->clock.zoneName() != zone));
     if (!wanted) {
         suggestion_.reset();
         suggestionZone_.clear();
@@ -105,7 +155,7 @@ void FirstPage::readSuggestion() {
 }
 
 bool FirstPage::beginning() const {
-    return healthy_ && pane_.userCities().empty();
+    return healthy_ && pane_.listResult().isDone() && pane_.userCities().empty();
 }
 
 bool FirstPage::elsewhere() const {
@@ -116,10 +166,12 @@ bool FirstPage::elsewhere() const {
 
 QString FirstPage::unknownHome() const {
     const City* home = pane_.homeCity();
-    if (home == nullptr || today_.known()) {
+    if (home == nullptr || today_.known() || !healthy_) {
         return {};
     }
-    return QString::fromStdString(home->name.empty() ? home->cityId : home->name);
+    const bool unreadable = pane_.alarms().home.state == HomeState::unreadableCatalogue;
+    return words_(unreadable ? "noCatalogue" : "noTimes")
+        .arg(QString::fromStdString(home->name.empty() ? home->cityId : home->name));
 }
 
 QString FirstPage::suggestedCity() const {

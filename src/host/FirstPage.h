@@ -4,6 +4,7 @@
 /// change to, a word on what has just been done.
 #pragma once
 
+#include "host/AlarmEditor.h"
 #include "host/AlarmRows.h"
 #include "host/RingCheck.h"
 #include "host/TodayModel.h"
@@ -30,10 +31,12 @@ class FirstPage : public QObject {
     Q_OBJECT
     Q_PROPERTY(zorel::TodayModel* today READ today CONSTANT)
     Q_PROPERTY(zorel::AlarmRows* alarms READ alarms CONSTANT)
+    Q_PROPERTY(zorel::AlarmEditor* editor READ editor CONSTANT)
     Q_PROPERTY(zorel::RingCheck* ringCheck READ ringCheck NOTIFY ringCheckChanged)
     Q_PROPERTY(bool beginning READ beginning NOTIFY changed)
     Q_PROPERTY(bool elsewhere READ elsewhere NOTIFY changed)
     Q_PROPERTY(QString unknownHome READ unknownHome NOTIFY changed)
+    Q_PROPERTY(QString listTrouble READ listTrouble NOTIFY changed)
     Q_PROPERTY(QString suggestedCity READ suggestedCity NOTIFY changed)
     Q_PROPERTY(QString suggestedCountry READ suggestedCountry NOTIFY changed)
     Q_PROPERTY(QString message READ message NOTIFY messageChanged)
@@ -46,6 +49,7 @@ public:
 
     [[nodiscard]] TodayModel* today() { return &today_; }
     [[nodiscard]] AlarmRows* alarms() { return &alarms_; }
+    [[nodiscard]] AlarmEditor* editor() { return &editor_; }
     /// Whether somebody rings; nullptr where nobody asks.
     [[nodiscard]] RingCheck* ringCheck() const { return ringCheck_.get(); }
     void setRingCheck(std::unique_ptr<RingCheck> check);
@@ -53,8 +57,10 @@ public:
     [[nodiscard]] bool beginning() const;
     /// Whether the machine's time zone is not that of the home city, and nobody has said that this is well.
     [[nodiscard]] bool elsewhere() const;
-    /// Name of a home city whose times cannot be told; empty otherwise.
+    /// That the times of the home city cannot be told, and why; empty where they can.
     [[nodiscard]] QString unknownHome() const;
+    /// That the list of cities cannot be read, or not just now; empty when it was read.
+    [[nodiscard]] QString listTrouble() const;
     /// The city that the machine's time zone suggests; empty when it suggests none.
     [[nodiscard]] QString suggestedCity() const;
     [[nodiscard]] QString suggestedCountry() const;
@@ -67,6 +73,10 @@ public:
     /// The home city stays although the machine is elsewhere. Holds until the machine moves on.
     Q_INVOKABLE void declineSuggestion();
     Q_INVOKABLE void openSearch();
+    /// Reads the list of cities anew.
+    Q_INVOKABLE void readAgain();
+    /// Why a search found nothing: the catalogue cannot be read, or there is no such name.
+    Q_INVOKABLE QString emptySearchText(const QString& searched) const;
     Q_INVOKABLE void undo();
 
 signals:
@@ -78,6 +88,8 @@ private:
     void follow();
     void noteAddition();
     void readSuggestion();
+    void tellFooter();
+    void lookWhetherFree();
     void say(const QString& message, std::function<void()> undo);
     void makeHome(std::int32_t cityId);
     void remove(std::int32_t cityId);
@@ -89,6 +101,7 @@ private:
     Words words_;
     TodayModel today_;
     AlarmRows alarms_;
+    AlarmEditor editor_;
     std::unique_ptr<RingCheck> ringCheck_;
     std::optional<CataloguePlace> suggestion_;
     std::string suggestionZone_; ///< machine zone that the suggestion was read for
@@ -97,6 +110,8 @@ private:
     QString message_;
     std::function<void()> undo_;
     QTimer messageTimer_;
+    QTimer busyTimer_;   ///< until the list is asked for again
+    std::string footer_; ///< what is said below the cities
 };
 
 } // namespace zorel

@@ -1,7 +1,7 @@
 // SPDX-License-Identifier: Apache-2.0
 #include "host/Host.h"
 
-#include "host/AlarmRows.h"
+#include "host/AlarmEditor.h"
 #include "host/PickerModel.h"
 #include "host/RingCheck.h"
 #include "host/SkyDrawings.h"
@@ -55,7 +55,11 @@ Host::Host(bool turkish) : clockStart_(RunLoop::main().time()), words_(turkish) 
     timer_.setSingleShot(true);
     connect(&timer_, &QTimer::timeout, this, &Host::wake);
     qApp->installEventFilter(this);
-    followPalette();
+    followDesktop();
+    connect(&desktop_, &DesktopSettings::changed, this, [this] {
+        followDesktop();
+        emit desktopChanged();
+    });
     UIObserver::install(this);
     schedule();
 }
@@ -72,10 +76,13 @@ void Host::registerTypes() {
     qmlRegisterType<ViewItem>(uri, 1, 0, "ViewItem");
     qmlRegisterType<DayBar>(uri, 1, 0, "DayBar");
     qmlRegisterType<MoonDisc>(uri, 1, 0, "MoonDisc");
+    qmlRegisterType<Bell>(uri, 1, 0, "Bell");
     qmlRegisterType<QiblaRose>(uri, 1, 0, "QiblaRose");
     qmlRegisterUncreatableType<ViewHandle>(uri, 1, 0, "ViewHandle", reason);
     qmlRegisterUncreatableType<PageHandle>(uri, 1, 0, "PageHandle", reason);
     qmlRegisterUncreatableType<AlarmRows>(uri, 1, 0, "AlarmRows", reason);
+    qmlRegisterUncreatableType<AlarmEditor>(uri, 1, 0, "AlarmEditor", reason);
+    qmlRegisterUncreatableType<TonePreview>(uri, 1, 0, "TonePreview", reason);
     qmlRegisterUncreatableType<RingCheck>(uri, 1, 0, "RingCheck", reason);
     qmlRegisterUncreatableType<Host>(uri, 1, 0, "Host", reason);
 }
@@ -92,8 +99,10 @@ void Host::setDark(bool dark) {
     }
 }
 
-void Host::followPalette() {
-    const bool dark = QGuiApplication::palette().color(QPalette::Window).lightness() < 128;
+/// Light or dark as the desktop says, else as the palette is that it gave.
+void Host::followDesktop() {
+    const bool darkPalette = QGuiApplication::palette().color(QPalette::Window).lightness() < 128;
+    const bool dark = desktop_.dark().value_or(darkPalette);
     if (!darkFixed_ && dark != dark_) {
         dark_ = dark;
         emit darkChanged();
@@ -103,7 +112,7 @@ void Host::followPalette() {
 bool Host::eventFilter(QObject* object, QEvent* event) {
     switch (event->type()) {
     case QEvent::ApplicationPaletteChange:
-        followPalette();
+        followDesktop();
         break;
     case QEvent::KeyPress:
         noteKeyboard(true);
@@ -228,6 +237,17 @@ QStringList Host::sheetButtons() const {
 
 void Host::setScreenSize(double width, double height) {
     UIScreen::mainScreen().setBounds({0.0, 0.0, width, height});
+}
+
+void Host::announce(const QString& text) {
+    constexpr int sameAgain = 1000; ///< [ms]
+    const bool repeated = text == announced_ && announcedAt_.isValid() && announcedAt_.elapsed() < sameAgain;
+    if (text.isEmpty() || repeated) {
+        return;
+    }
+    announced_ = text;
+    announcedAt_.start();
+    emit announced(text);
 }
 
 void Host::finish() {

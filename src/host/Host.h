@@ -3,6 +3,7 @@
 /// Shows a navigation stack of views in a Qt Quick window and moves the views' run loop.
 #pragma once
 
+#include "host/DesktopSettings.h"
 #include "host/ViewHandle.h"
 #include "host/Words.h"
 #include "platform/uikit/UIActionSheet.h"
@@ -49,6 +50,8 @@ private:
 class Host : public QObject, public UIObserver {
     Q_OBJECT
     Q_PROPERTY(bool dark READ dark NOTIFY darkChanged)
+    Q_PROPERTY(bool highContrast READ highContrast NOTIFY desktopChanged)
+    Q_PROPERTY(bool reducedMotion READ reducedMotion NOTIFY desktopChanged)
     Q_PROPERTY(double textScale READ textScale CONSTANT)
     Q_PROPERTY(QString problem READ problem CONSTANT)
     Q_PROPERTY(QVariantMap words READ wordMap CONSTANT)
@@ -77,6 +80,10 @@ public:
     void setTextScale(double scale) { textScale_ = scale; }
 
     [[nodiscard]] bool dark() const { return dark_; }
+    /// What the desktop is asked for beside light and dark.
+    [[nodiscard]] bool highContrast() const { return desktop_.highContrast(); }
+    [[nodiscard]] bool reducedMotion() const { return desktop_.reducedMotion(); }
+    [[nodiscard]] DesktopSettings& desktop() { return desktop_; }
     [[nodiscard]] double textScale() const { return textScale_; }
     [[nodiscard]] QString problem() const { return problem_; }
     [[nodiscard]] const Words& words() const { return words_; }
@@ -101,6 +108,10 @@ public:
     Q_INVOKABLE QVariantList pages();
     /// The window's size [pt], which becomes the screen's.
     Q_INVOKABLE void setScreenSize(double width, double height);
+
+    /// Says something to a screen reader that nothing with the focus says. The same again at once is not
+    /// said.
+    Q_INVOKABLE void announce(const QString& text);
 
     /// Does now what still waits for a change of mind; before the window goes.
     void finish();
@@ -131,6 +142,8 @@ public:
 
 signals:
     void darkChanged();
+    void desktopChanged();
+    void announced(const QString& text);
     void keyboardUsedChanged();
     void sheetChanged();
     void firstPageChanged();
@@ -148,7 +161,7 @@ private:
     void redrawAround(UIView& view);
     void schedule();
     void wake();
-    void followPalette();
+    void followDesktop();
     void noteKeyboard(bool used);
 
     QHash<const UIView*, ViewHandle*> handles_;
@@ -158,7 +171,10 @@ private:
     QElapsedTimer clock_;
     double clockStart_;
     QTimer timer_;
+    DesktopSettings desktop_;
     QString problem_;
+    QString announced_;
+    QElapsedTimer announcedAt_;
     double textScale_ = 1.0;
     Words words_;
     QObject* firstPage_ = nullptr;

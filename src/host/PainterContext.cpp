@@ -51,8 +51,8 @@ QColor seenColor(const UIColor& color, bool dark, double contrast) {
     return withContrast(shownColor(color, dark), dark ? QColor(darkRow) : QColor(Qt::white), contrast);
 }
 
-PainterContext::PainterContext(QPainter& painter, bool dark)
-    : painter_(painter), fill_(shownColor(UIColor::blackColor(), dark)), dark_(dark) {
+PainterContext::PainterContext(QPainter& painter, bool dark, const QColor& tint)
+    : painter_(painter), fill_(shownColor(UIColor::blackColor(), dark)), tint_(tint), dark_(dark) {
     pen_.setWidthF(1.0);
     pen_.setCapStyle(Qt::FlatCap);
     pen_.setJoinStyle(Qt::MiterJoin);

@@ -24,16 +24,15 @@ namespace zorel {
 /// A drawing context on a painter. Arc-to-point follows the tangent-arc rule of CGContext.
 class PainterContext : public CGContext {
 public:
-    /// @param dark whether colours are shown for dark surroundings
-    PainterContext(QPainter& painter, bool dark);
+    /// @param dark whether colours are shown for dark surroundings. @param tint the one colour of all that is
+    /// drawn; an invalid one: as the views have it
+    PainterContext(QPainter& painter, bool dark, const QColor& tint = {});
 
     [[nodiscard]] double lineWidth() const override { return pen_.widthF(); }
     void setLineWidth(double width) override { pen_.setWidthF(width); }
     void setLineCap(CGLineCap cap) override;
-    void setStrokeColor(const UIColor& color) override {
-        pen_.setColor(seenColor(color, dark_, kControlContrast));
-    }
-    void setFillColor(const UIColor& color) override { fill_ = seenColor(color, dark_, kControlContrast); }
+    void setStrokeColor(const UIColor& color) override { pen_.setColor(shown(color)); }
+    void setFillColor(const UIColor& color) override { fill_ = shown(color); }
     void moveTo(double x, double y) override { path_.moveTo(x, y); }
     void addLineTo(double x, double y) override { path_.lineTo(x, y); }
     void addArcToPoint(double x1, double y1, double x2, double y2, double radius) override;
@@ -45,10 +44,15 @@ public:
     void drawPath(CGPathDrawingMode mode) override;
 
 private:
+    [[nodiscard]] QColor shown(const UIColor& color) const {
+        return tint_.isValid() ? tint_ : seenColor(color, dark_, kControlContrast);
+    }
+
     QPainter& painter_;
     QPainterPath path_;
     QPen pen_;
     QColor fill_;
+    QColor tint_;
     bool dark_;
 };
 

@@ -115,4 +115,32 @@ void QiblaRose::paint(QPainter* painter) {
     }
 }
 
+Bell::Bell(QQuickItem* parent) : QQuickPaintedItem(parent) {
+    setAntialiasing(true);
+    connect(this, &Bell::changed, this, [this] { update(); });
+}
+
+/// Drawn in a square of 24.
+void Bell::paint(QPainter* painter) {
+    constexpr double square = 24.0;
+    constexpr double line = 1.8;
+    painter->setRenderHint(QPainter::Antialiasing);
+    painter->scale(width() / square, height() / square);
+    QPainterPath body(QPointF(4.0, 17.5));
+    body.cubicTo(6.2, 15.6, 6.0, 13.0, 6.0, 10.5);
+    body.cubicTo(6.0, 6.8, 8.6, 4.5, 12.0, 4.5);
+    body.cubicTo(15.4, 4.5, 18.0, 6.8, 18.0, 10.5);
+    body.cubicTo(18.0, 13.0, 17.8, 15.6, 20.0, 17.5);
+    body.closeSubpath();
+    painter->setPen(QPen(color_, line, Qt::SolidLine, Qt::RoundCap, Qt::RoundJoin));
+    painter->setBrush(rings_ ? QBrush(color_) : QBrush(Qt::NoBrush));
+    painter->drawPath(body);
+    painter->drawLine(QPointF(12.0, 2.6), QPointF(12.0, 4.2));
+    painter->setBrush(Qt::NoBrush);
+    painter->drawArc(QRectF(9.6, 17.6, 4.8, 4.0), 180 * 16, 180 * 16);
+    if (!rings_) {
+        painter->drawLine(QPointF(4.5, 3.5), QPointF(19.5, 21.0));
+    }
+}
+
 } // namespace zorel

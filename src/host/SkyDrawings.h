@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: Apache-2.0
 /// @file
-/// The small drawings of the first page: the day's light, the Moon's phase, the direction of the qibla.
+/// The small drawings of the first page: the day's light, the Moon's phase, the direction of the qibla,
+/// an alarm's bell.
 #pragma once
 
 #include <QColor>
@@ -71,6 +72,24 @@ private:
     bool known_ = false;
     QColor color_;
     QColor needle_;
+};
+
+/// A bell: filled where it will ring, else an outline, struck through.
+class Bell : public QQuickPaintedItem {
+    Q_OBJECT
+    Q_PROPERTY(bool rings MEMBER rings_ NOTIFY changed)
+    Q_PROPERTY(QColor color MEMBER color_ NOTIFY changed)
+
+public:
+    explicit Bell(QQuickItem* parent = nullptr);
+    void paint(QPainter* painter) override;
+
+signals:
+    void changed();
+
+private:
+    bool rings_ = false;
+    QColor color_;
 };
 
 } // namespace zorel

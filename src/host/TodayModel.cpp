@@ -199,6 +199,11 @@ QVariantList TodayModel::others() const {
     return list;
 }
 
+QString TodayModel::nextLabel() const {
+    const bool prayer = place_ && next_.next && next_.next->prayer != Prayer::sunrise;
+    return texts_.words()(prayer ? "nextPrayer" : "nextTime");
+}
+
 QString TodayModel::nextName() const {
     return place_ && next_.next ? texts_.nameOf(next_.next->prayer) : QString();
 }

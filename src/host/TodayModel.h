@@ -29,6 +29,7 @@ class TodayModel : public QObject {
     Q_PROPERTY(QVariantMap moon READ moon NOTIFY dayChanged)
     Q_PROPERTY(QVariantMap qibla READ qibla NOTIFY dayChanged)
     Q_PROPERTY(QVariantList six READ six NOTIFY timesChanged)
+    Q_PROPERTY(QString nextLabel READ nextLabel NOTIFY timesChanged)
     Q_PROPERTY(QString nextName READ nextName NOTIFY timesChanged)
     Q_PROPERTY(QString nextTime READ nextTime NOTIFY timesChanged)
     Q_PROPERTY(QString nextDay READ nextDay NOTIFY timesChanged)
@@ -60,6 +61,8 @@ public:
     [[nodiscard]] QVariantMap moon() const { return moon_; }
     /// {text, detail, bearing [deg], known}
     [[nodiscard]] QVariantMap qibla() const { return qibla_; }
+    /// "Next prayer"; before sunrise, which is none, "Next".
+    [[nodiscard]] QString nextLabel() const;
     [[nodiscard]] QString nextName() const;
     [[nodiscard]] QString nextTime() const;
     /// "tomorrow", or nothing for today.

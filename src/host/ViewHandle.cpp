@@ -118,6 +118,19 @@ QString ViewHandle::spoken() const {
     return texts.join(QStringLiteral(", "));
 }
 
+QString ViewHandle::caption() const {
+    for (const UIView* subview : view() != nullptr ? view()->subviews() : std::vector<UIView*>()) {
+        if (subview->kind() == UIViewKind::label && !subview->isHidden()) {
+            return QString::fromStdString(static_cast<const UILabel*>(subview)->text());
+        }
+    }
+    return {};
+}
+
+ViewHandle* ViewHandle::control() const {
+    return view() != nullptr ? host_.handle(firstControl(*view())) : nullptr;
+}
+
 bool ViewHandle::operable() const {
     return view() != nullptr && firstControl(*view()) != nullptr;
 }
@@ -125,15 +138,6 @@ bool ViewHandle::operable() const {
 bool ViewHandle::marked() const {
     const UIControl* control = view() != nullptr ? firstControl(*view()) : nullptr;
     return control != nullptr && control->isSelected();
-}
-
-QPointF ViewHandle::controlCentre() const {
-    const UIControl* control = view() != nullptr ? firstControl(*view()) : nullptr;
-    if (control == nullptr) {
-        return {};
-    }
-    const CGPoint centre = centreIn(*view(), *control);
-    return {centre.x, centre.y};
 }
 
 void ViewHandle::resize(double width, double height) {

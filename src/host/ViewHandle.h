@@ -6,7 +6,6 @@
 #include "platform/uikit/UIView.h"
 
 #include <QObject>
-#include <QPointF>
 #include <QString>
 #include <QVariantList>
 
@@ -27,9 +26,10 @@ class ViewHandle : public QObject {
     Q_PROPERTY(bool shown READ shown NOTIFY changed)
     Q_PROPERTY(QVariantList subviews READ subviews NOTIFY subviewsChanged)
     Q_PROPERTY(QString spoken READ spoken NOTIFY changed)
+    Q_PROPERTY(QString caption READ caption NOTIFY changed)
+    Q_PROPERTY(zorel::ViewHandle* control READ control NOTIFY changed)
     Q_PROPERTY(bool operable READ operable NOTIFY changed)
     Q_PROPERTY(bool marked READ marked NOTIFY changed)
-    Q_PROPERTY(QPointF controlCentre READ controlCentre NOTIFY changed)
 
 public:
     ViewHandle(Host& host, UIView& view);
@@ -48,12 +48,14 @@ public:
     [[nodiscard]] QVariantList subviews() const;
     /// What a screen reader says: the view's accessibility label, else the texts in it.
     [[nodiscard]] QString spoken() const;
+    /// The text of the first label that lies in the view itself; empty without one.
+    [[nodiscard]] QString caption() const;
+    /// The control in the view, or nullptr.
+    [[nodiscard]] ViewHandle* control() const;
     /// Whether an enabled, visible control lies in the view.
     [[nodiscard]] bool operable() const;
     /// Whether the control in the view is selected.
     [[nodiscard]] bool marked() const;
-    /// Middle of the control in the view, in the view's coordinates [pt].
-    [[nodiscard]] QPointF controlCentre() const;
 
     /// Gives the view a new size, its place staying what it is.
     Q_INVOKABLE void resize(double width, double height);

@@ -51,6 +51,7 @@ std::optional<CGPoint> pointInControl(UIView& view, CGPoint point) {
 ViewItem::ViewItem(QQuickItem* parent) : QQuickPaintedItem(parent) {
     setAcceptedMouseButtons(Qt::LeftButton);
     setAntialiasing(true);
+    connect(this, &ViewItem::tintChanged, this, [this] { update(); });
 }
 
 void ViewItem::setHandle(ViewHandle* handle) {
@@ -81,7 +82,7 @@ void ViewItem::setDark(bool dark) {
 void ViewItem::paint(QPainter* painter) {
     if (handle_ != nullptr && handle_->view() != nullptr) {
         painter->setRenderHint(QPainter::Antialiasing);
-        paintView(*painter, *handle_->view(), dark_);
+        paintView(*painter, *handle_->view(), dark_, tint_);
     }
 }
 

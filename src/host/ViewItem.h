@@ -17,6 +17,7 @@ class ViewItem : public QQuickPaintedItem {
     Q_OBJECT
     Q_PROPERTY(zorel::ViewHandle* handle READ handle WRITE setHandle NOTIFY handleChanged)
     Q_PROPERTY(bool dark READ dark WRITE setDark NOTIFY darkChanged)
+    Q_PROPERTY(QColor tint MEMBER tint_ NOTIFY tintChanged)
 
 public:
     explicit ViewItem(QQuickItem* parent = nullptr);
@@ -30,6 +31,7 @@ public:
 signals:
     void handleChanged();
     void darkChanged();
+    void tintChanged();
 
 protected:
     void mousePressEvent(QMouseEvent* event) override;
@@ -43,6 +45,7 @@ private:
 
     QPointer<ViewHandle> handle_;
     std::optional<UITouchDispatcher> touch_;
+    QColor tint_; ///< the one colour of its drawing; invalid: the view's own
     bool dark_ = false;
 };
 

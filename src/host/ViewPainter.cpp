@@ -147,11 +147,12 @@ void paintBackground(QPainter& painter, const UIView& view) {
 struct Surroundings {
     bool dark = false;
     bool ownGround = false;
+    QColor tint;
 };
 
-void paintOn(QPainter& painter, UIView& view, Surroundings around);
+void paintOn(QPainter& painter, UIView& view, const Surroundings& around);
 
-void paintSubview(QPainter& painter, UIView& view, Surroundings around) {
+void paintSubview(QPainter& painter, UIView& view, const Surroundings& around) {
     if (view.isHidden() || view.presentationAlpha() <= 0.0) {
         return;
     }
@@ -165,11 +166,11 @@ void paintSubview(QPainter& painter, UIView& view, Surroundings around) {
     painter.restore();
 }
 
-void paintOn(QPainter& painter, UIView& view, Surroundings around) {
+void paintOn(QPainter& painter, UIView& view, const Surroundings& around) {
     const bool own = view.backgroundColor().alpha() >= kOwnGround;
-    const Surroundings inside{around.dark && !own, around.ownGround || own};
+    const Surroundings inside{around.dark && !own, around.ownGround || own, around.tint};
     paintBackground(painter, view);
-    PainterContext context(painter, inside.dark);
+    PainterContext context(painter, inside.dark, inside.tint);
     view.drawRect(context);
     if (view.kind() == UIViewKind::label) {
         paintLabel(painter, static_cast<const UILabel&>(view), inside.dark, inside.ownGround);
@@ -182,8 +183,8 @@ void paintOn(QPainter& painter, UIView& view, Surroundings around) {
 
 } // namespace
 
-void paintView(QPainter& painter, UIView& view, bool dark) {
-    paintOn(painter, view, {dark, false});
+void paintView(QPainter& painter, UIView& view, bool dark, const QColor& tint) {
+    paintOn(painter, view, {dark, false, tint});
 }
 
 } // namespace zorel

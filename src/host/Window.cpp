@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: Apache-2.0
 #include "host/Window.h"
 
+#include "host/Announcer.h"
 #include "host/Host.h"
 
 #include <QCoreApplication>
@@ -14,6 +15,7 @@ Window::Window(Host& host, QSize size) {
     setMinimumSize(QSize(320, 400));
     resize(size);
     setInitialProperties({{QStringLiteral("host"), QVariant::fromValue(&host)}});
+    connect(&host, &Host::announced, this, [this](const QString& text) { announceTo(*this, text); });
     setSource(QUrl(QStringLiteral("qrc:/qt/qml/Zorel/Host/qml/Main.qml")));
 }
 

@@ -65,10 +65,15 @@ protected:
         screen->tap(*screen->text(text));
     }
     void tapAdd() {
-        const QQuickItem* header = screen->showing(pane->cityHeaderView());
-        ASSERT_NE(header, nullptr);
-        const CGPoint button = pane->cityHeaderView().buttonAdd().center();
-        screen->tap(header->mapToScene({button.x, button.y}).toPoint());
+        const QQuickItem* button = screen->showing(pane->cityHeaderView().buttonAdd());
+        ASSERT_NE(button, nullptr);
+        screen->tap(*button);
+    }
+    /// The Home button of a city's row; nullptr where it is not on show.
+    [[nodiscard]] const QQuickItem* homeButton(int row) const {
+        const UIView* view = pane->table().cellForRowAtIndexPath({0, row})->accessoryView();
+        const auto* city = dynamic_cast<const UICityView*>(view);
+        return city != nullptr ? screen->showing(city->buttonHome()) : nullptr;
     }
     [[nodiscard]] QString word(std::int32_t key) const {
         return QString::fromStdString(*pane->glbFuncs().GetKeyValue(key));

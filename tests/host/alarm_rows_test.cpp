@@ -5,6 +5,7 @@
 #include "host/RingCheck.h"
 
 #include <QFile>
+#include <QSignalSpy>
 #include <gtest/gtest.h>
 
 namespace zorel {
@@ -73,10 +74,19 @@ TEST_F(AlarmRowsTest, ACalendarThatCannotBeWrittenPutsTheSwitchBackAndSaysWhy) {
     QDir(folder.filePath("calendar")).removeRecursively();
     QFile blocked(folder.filePath("calendar"));
     ASSERT_TRUE(blocked.open(QIODevice::WriteOnly));
+    const QSignalSpy said(host.get(), &Host::announced);
     first->alarms()->toggle(4);
     EXPECT_FALSE(row(4)["on"].toBool());
     EXPECT_FALSE(pane->dbFuncs().getAlarmInfo(204).active);
-    EXPECT_FALSE(first->message().isEmpty()) << "the reason is said";
+    EXPECT_TRUE(row(4)["bad"].toBool());
+    EXPECT_TRUE(row(4)["text"].toString().startsWith("This could not be done and was taken back:"))
+        << row(4)["text"].toString().toStdString();
+    see(row(4)["text"].toString());
+    EXPECT_EQ(said.size(), 1) << "and told to a screen reader";
+    QFile(folder.filePath("calendar")).remove();
+    first->alarms()->toggle(4);
+    EXPECT_TRUE(row(4)["on"].toBool());
+    EXPECT_FALSE(row(4)["bad"].toBool()) << "the reason is gone with the next use";
     close();
 }
 

@@ -25,7 +25,7 @@ TEST_F(FirstPageTest, TheFirstStartOffersTheCityOfTheTimeZone) {
     see("İstanbul is your home city now");
     see("İstanbul");
     EXPECT_TRUE(eventually([this] { return screen->text("Where do you pray?") == nullptr; }));
-    see("Next: Maghrib");
+    see("Maghrib");
     tapText("Undo");
     see("Where do you pray?");
     EXPECT_TRUE(pane->userCities().empty());
@@ -112,15 +112,15 @@ TEST_F(FirstPageTest, ATapOnATimeAnswersWhy) {
 TEST_F(FirstPageTest, AWideWindowShowsTodayBesideThePane) {
     open({1040, 660});
     first->useSuggestion();
-    see("Next: Maghrib");
+    see("Maghrib");
     QTest::qWait(100);
-    const QQuickItem* next = screen->text("Next: Maghrib");
+    const QQuickItem* next = screen->text("Maghrib");
     const QQuickItem* header = screen->showing(pane->cityHeaderView());
     EXPECT_GT(header->mapToScene({0, 0}).x(), next->mapToScene({next->width(), 0}).x());
     EXPECT_LT(header->mapToScene({0, 0}).y(), 200.0);
     window->resize(500, 660);
     EXPECT_TRUE(eventually([&] {
-        const QQuickItem* above = screen->text("Next: Maghrib");
+        const QQuickItem* above = screen->text("Maghrib");
         const QQuickItem* below = screen->showing(pane->cityHeaderView());
         return above != nullptr && (below == nullptr || below->mapToScene({0, 0}).y() > 300.0);
     }));
@@ -130,9 +130,9 @@ TEST_F(FirstPageTest, AWideWindowShowsTodayBesideThePane) {
 TEST_F(FirstPageTest, ANarrowAndLowWindowBeginsWithToday) {
     open({320, 480}); // much lower than what there is to show
     first->useSuggestion();
-    see("Next: Maghrib");
+    see("Maghrib");
     QTest::qWait(200);
-    EXPECT_GT(screen->text("Next: Maghrib")->mapToScene({0, 0}).y(), 50.0);
+    EXPECT_GT(screen->text("Maghrib")->mapToScene({0, 0}).y(), 50.0);
     close();
 }
 
@@ -142,7 +142,6 @@ TEST_F(FirstPageTest, ACityThatTheCatalogueDoesNotHaveShowsNoTimes) {
     pane->loadAllUserCities();
     pane->table().reloadData();
     EXPECT_FALSE(first->today()->known());
-    EXPECT_EQ(first->unknownHome(), "1");
     see("The times of 1 cannot be told: the city catalogue does not have it.");
     close();
 }

@@ -56,21 +56,14 @@ TEST_F(Story, ACityIsAddedItsAlarmSetMovedAndAllOfItRemovedAgain) {
     EXPECT_EQ(pane->homeCity()->name, "Ankara");
 
     // The second city's Home button.
-    UIView* row = pane->table().cellForRowAtIndexPath({0, 1})->accessoryView();
-    const auto* city = dynamic_cast<const UICityView*>(row);
-    ASSERT_NE(city, nullptr);
-    QQuickItem* shown = screen->showing(*row);
-    ASSERT_NE(shown, nullptr);
-    const CGPoint button = city->buttonHome().center();
-    screen->tap(shown->mapToScene({button.x, button.y}).toPoint());
+    ASSERT_NE(homeButton(1), nullptr);
+    screen->tap(*homeButton(1));
     EXPECT_EQ(pane->homeCity()->name, "Konya");
     EXPECT_EQ(events(), 1) << "the alarm moved with the home city";
 
     for (int left = 2; left > 0; --left) {
-        const UIView* topmost = pane->table().cellForRowAtIndexPath({0, 0})->accessoryView();
-        QQuickItem* face = screen->showing(*topmost);
-        ASSERT_NE(face, nullptr);
-        screen->drag(face->mapToScene({200, 30}).toPoint(), {-150, 0});
+        ASSERT_NE(homeButton(0), nullptr);
+        screen->drag(test::Screen::centre(*homeButton(0)), {-150, 0});
         tapText("Delete");
         EXPECT_EQ(pane->userCities().size(), static_cast<std::size_t>(left)) << "there is time to undo it";
         host->finish();

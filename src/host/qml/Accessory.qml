@@ -1,5 +1,5 @@
 // SPDX-License-Identifier: Apache-2.0
-// What stands in a row: a switch, a wheel, or a view that draws itself.
+// What stands in a row: a switch, a wheel, a control that draws itself, or a view that draws itself whole.
 import QtQuick
 import Zorel.Views
 
@@ -7,8 +7,8 @@ Item {
     id: accessory
 
     property ViewHandle handle: null
-    // Whether a view that draws itself fills the whole row.
-    property bool wide: false
+    // Whether the row has no text of its own: then what stands in it fills the row.
+    property bool alone: false
     required property Flickable list
     required property Theme theme
     required property Host host
@@ -16,6 +16,10 @@ Item {
     readonly property bool operable: kind === "switch" || kind === "picker" || (kind === "plain" && handle.operable)
     // A drawn view with nothing to operate, such as a note in place of rows: its text is all that counts.
     readonly property bool inert: kind === "plain" && !handle.operable
+    // A drawn control with a caption beside it: the row writes the caption.
+    readonly property bool captioned: alone && kind === "plain" && handle.operable && handle.caption !== ""
+    readonly property string caption: captioned ? handle.caption : ""
+    readonly property bool wide: alone && kind !== "switch" && kind !== "" && !captioned
     readonly property bool checkable: kind === "switch" || (kind === "plain" && handle.operable)
     readonly property bool checked: kind === "switch" ? handle.on : (kind === "plain" && handle.marked)
     readonly property string spoken: kind === "picker" ? handle.spoken + ", " + handle.selectedText
@@ -24,9 +28,12 @@ Item {
     readonly property int role: kind === "switch" ? Accessible.CheckBox
                               : kind === "picker" ? Accessible.ComboBox
                               : kind === "plain" && handle.operable ? Accessible.RadioButton : Accessible.ListItem
+    // A wheel passes a row; then it rests on one.
+    signal passing(row: int)
+    signal resting()
 
-    implicitWidth: kind === "switch" ? 51 : (handle ? handle.viewWidth : 0)
-    implicitHeight: kind === "switch" ? 31 : (handle ? handle.viewHeight : 0)
+    implicitWidth: kind === "switch" ? 51 : captioned ? theme.target : (handle ? handle.viewWidth : 0)
+    implicitHeight: kind === "switch" ? 31 : captioned ? theme.target : (handle ? handle.viewHeight : 0)
     function operate() {
         if (kind === "switch")
             handle.toggle()
@@ -47,7 +54,8 @@ Item {
         anchors.fill: parent
         active: accessory.kind !== ""
         sourceComponent: accessory.kind === "switch" ? toggleComponent
-                       : accessory.kind === "picker" ? wheelComponent : viewComponent
+                       : accessory.kind === "picker" ? wheelComponent
+                       : accessory.captioned ? buttonComponent : viewComponent
     }
     Component {
         id: toggleComponent
@@ -62,6 +70,18 @@ Item {
             handle: accessory.handle
             theme: accessory.theme
             list: accessory.list
+            onPassing: row => accessory.passing(row)
+            onResting: accessory.resting()
+        }
+    }
+    Component {
+        id: buttonComponent
+        DrawnButton {
+            handle: accessory.handle ? accessory.handle.control : null
+            filled: accessory.checked
+            host: accessory.host
+            theme: accessory.theme
+            onActivated: accessory.operate()
         }
     }
     Component {
@@ -69,7 +89,7 @@ Item {
         ViewItem {
             handle: accessory.handle
             dark: accessory.theme.dark
-            textureSize: Qt.size(width * accessory.host.textScale, height * accessory.host.textScale)
+            textureSize: accessory.theme.pixels(width, height)
             onWidthChanged: fit()
             onHeightChanged: fit()
             function fit() {

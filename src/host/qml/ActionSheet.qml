@@ -14,7 +14,7 @@ FocusScope {
     opacity: shown ? 1 : 0
     enabled: shown
     focus: shown
-    Behavior on opacity { NumberAnimation { duration: 140 } }
+    Behavior on opacity { NumberAnimation { duration: sheet.theme.duration(140) } }
     onShownChanged: if (shown) { forceActiveFocus(); buttons.currentIndex = 0 }
     Accessible.role: Accessible.Dialog
     Accessible.name: host.sheetTitle
@@ -39,21 +39,41 @@ FocusScope {
         focus: true
         spacing: 8
         // What the sheet is about.
-        header: Rectangle {
+        header: Item {
             width: ListView.view.width
-            height: sheet.host.sheetTitle === "" ? 0 : about.implicitHeight + 32
+            height: sheet.host.sheetTitle === "" ? 0 : about.implicitHeight + 36
             visible: height > 0
-            radius: 13
-            color: sheet.theme.row
-            Text {
-                id: about
-                anchors { verticalCenter: parent.verticalCenter; left: parent.left; right: parent.right; margins: 12 }
-                horizontalAlignment: Text.AlignHCenter
-                wrapMode: Text.Wrap
-                text: sheet.host.sheetTitle
-                textFormat: Text.PlainText
-                color: sheet.theme.text
-                font.pixelSize: sheet.theme.textSize
+            Rectangle {
+                anchors { fill: parent; bottomMargin: 8 }
+                radius: sheet.theme.cardCorner
+                color: sheet.theme.row
+                border { width: sheet.theme.cardEdge; color: sheet.theme.line }
+                Column {
+                    id: about
+                    // A city is named "Name / Region / Country".
+                    readonly property var parts: sheet.host.sheetTitle.split(" / ")
+                    anchors { verticalCenter: parent.verticalCenter; left: parent.left; right: parent.right; margins: 12 }
+                    spacing: 2
+                    Text {
+                        width: parent.width
+                        horizontalAlignment: Text.AlignHCenter
+                        wrapMode: Text.Wrap
+                        text: about.parts[0]
+                        textFormat: Text.PlainText
+                        color: sheet.theme.text
+                        font { pixelSize: 18; weight: Font.DemiBold }
+                    }
+                    Text {
+                        width: parent.width
+                        visible: text !== ""
+                        horizontalAlignment: Text.AlignHCenter
+                        wrapMode: Text.Wrap
+                        text: about.parts.slice(1).join(", ")
+                        textFormat: Text.PlainText
+                        color: sheet.theme.quiet
+                        font.pixelSize: sheet.theme.noteSize
+                    }
+                }
             }
         }
         model: sheet.host.sheetButtons
@@ -65,9 +85,9 @@ FocusScope {
             required property int index
             width: ListView.view.width
             height: 54
-            radius: 13
+            radius: sheet.theme.cardCorner
             color: press.pressed ? sheet.theme.pressed : sheet.theme.row
-            border { width: ListView.isCurrentItem && sheet.host.keyboardUsed ? 2 : 0; color: sheet.theme.accent }
+            border { width: ListView.isCurrentItem && sheet.host.keyboardUsed ? 2 : sheet.theme.cardEdge; color: sheet.theme.accent }
             Text {
                 anchors.centerIn: parent
                 width: Math.min(implicitWidth, parent.width - 24)

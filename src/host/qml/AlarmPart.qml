@@ -12,16 +12,13 @@ Row {
     signal toggled()
 
     spacing: 6
-    Text {
+    ClockText {
         anchors.verticalCenter: parent.verticalCenter
-        text: part.alarm.time
-        textFormat: Text.PlainText
+        time: part.alarm.time
         color: part.theme.text
-        font.pixelSize: part.theme.textSize
-        Accessible.ignored: true
+        size: part.theme.textSize
     }
     Press {
-        id: press
         width: 63
         anchors.verticalCenter: parent.verticalCenter
         host: part.host
@@ -30,22 +27,11 @@ Row {
         role: Accessible.CheckBox
         Accessible.checkable: true
         Accessible.checked: part.alarm.on
-        Accessible.onToggleAction: part.toggled()
         onActivated: part.toggled()
-        Rectangle {
+        SwitchTrack {
             anchors.centerIn: parent
-            width: 51
-            height: 31
-            radius: height / 2
-            color: part.alarm.on ? part.theme.accent : part.theme.track
-            Rectangle {
-                x: part.alarm.on ? parent.width - width - 2 : 2
-                y: 2
-                width: 27
-                height: 27
-                radius: 13.5
-                color: part.alarm.on ? part.theme.knob : "#ffffff"
-            }
+            theme: part.theme
+            on: part.alarm.on
         }
     }
 }

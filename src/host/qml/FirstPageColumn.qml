@@ -8,6 +8,8 @@ Item {
 
     required property Host host
     required property Theme theme
+    // Whether it stands beside the pane's table, not above it.
+    property bool beside: false
     // What scrolls the column: what the keyboard reaches is moved into sight.
     property Flickable view: null
     readonly property var page: host.firstPage
@@ -28,11 +30,11 @@ Item {
             view.contentY = top + reached.height + 8 - view.height
     }
 
-    implicitHeight: inside.height === 0 ? 0 : inside.height + 20
+    implicitHeight: inside.height === 0 ? 0 : inside.height + (beside ? 20 : 10)
 
     Column {
         id: inside
-        anchors { top: parent.top; topMargin: 12; left: parent.left; right: parent.right; leftMargin: first.theme.margin; rightMargin: first.theme.margin }
+        anchors { top: parent.top; topMargin: first.beside ? 12 : 2; left: parent.left; right: parent.right; leftMargin: first.theme.margin; rightMargin: first.theme.margin }
         spacing: 12
 
         Loader {
@@ -52,7 +54,19 @@ Item {
             sourceComponent: Notice {
                 host: first.host
                 theme: first.theme
-                text: first.host.words.noTimes.arg(first.page.unknownHome)
+                text: first.page.unknownHome
+            }
+        }
+        Loader {
+            width: parent.width
+            active: first.page !== null && first.page.listTrouble !== "" && first.host.problem === ""
+            visible: active
+            sourceComponent: Notice {
+                host: first.host
+                theme: first.theme
+                text: first.page.listTrouble
+                action: first.host.words.tryAgain
+                onAccepted: first.page.readAgain()
             }
         }
         Loader {
@@ -86,6 +100,7 @@ Item {
             sourceComponent: Notice {
                 host: first.host
                 theme: first.theme
+                question: true
                 text: first.host.words.inCity.arg(first.page.suggestedCity)
                 action: first.host.words.use
                 other: first.host.words.notNow
@@ -123,7 +138,7 @@ Item {
                         illuminated: first.today.moon.illuminated
                         waxing: first.today.moon.waxing
                         south: first.today.moon.south
-                        textureSize: Qt.size(width * first.host.textScale, height * first.host.textScale)
+                        textureSize: first.theme.pixels(width, height)
                     }
                 }
                 SkyTile {
@@ -139,7 +154,7 @@ Item {
                         known: first.today.qibla.known
                         color: first.theme.quiet
                         needle: first.theme.accent
-                        textureSize: Qt.size(width * first.host.textScale, height * first.host.textScale)
+                        textureSize: first.theme.pixels(width, height)
                     }
                 }
             }

@@ -13,6 +13,7 @@ Rectangle {
     implicitHeight: inside.implicitHeight + 40
     radius: theme.cardCorner
     color: theme.row
+    border { width: theme.cardEdge; color: theme.line }
 
     Column {
         id: inside

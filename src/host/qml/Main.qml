@@ -12,6 +12,9 @@ Rectangle {
     Theme {
         id: theme
         dark: root.host.dark
+        highContrast: root.host.highContrast
+        still: root.host.reducedMotion
+        scale: root.host.textScale
     }
 
     Item {

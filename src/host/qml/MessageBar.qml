@@ -27,6 +27,7 @@ Rectangle {
         Accessible.role: Accessible.AlertMessage
         Accessible.name: text
         Accessible.ignored: text === ""
+        onTextChanged: bar.host.announce(label.text)
     }
     TextButton {
         id: undo

@@ -14,7 +14,7 @@ Rectangle {
     readonly property string city: host.firstPage ? host.firstPage.today.city : ""
 
     height: 52
-    color: theme.bar
+    color: theme.ground
 
     Item {
         id: back
@@ -79,8 +79,11 @@ Rectangle {
         width: (leading ? edit.x - 8 : bar.width - x) - x
         horizontalAlignment: leading ? Text.AlignLeft : Text.AlignHCenter
         text: leading ? bar.city : bar.page ? bar.page.title : ""
+        visible: bar.root || bar.page !== null
         textFormat: Text.PlainText
         elide: Text.ElideRight
+        fontSizeMode: Text.HorizontalFit
+        minimumPixelSize: 13
         color: bar.theme.text
         font { pixelSize: leading ? 20 : 17; weight: Font.DemiBold }
         Accessible.role: Accessible.Heading

@@ -21,6 +21,9 @@ FocusScope {
     readonly property real sideWidth: beside ? Math.min(460, width * 0.46) : 0
     readonly property real listWidth: beside ? Math.min(columnWidth, width - sideWidth) : columnWidth
 
+    // The editor of an alarm, where this is its screen.
+    readonly property var editor: host.firstPage && content !== null && content === host.firstPage.editor.view ? host.firstPage.editor : null
+
     transform: Translate { x: screen.slide }
     function part(kind: string): ViewHandle {
         for (const handle of parts)
@@ -41,12 +44,28 @@ FocusScope {
     onHeightChanged: fitContent()
     onContentChanged: fitContent()
 
+    Component {
+        id: firstColumn
+        FirstPageColumn {
+            host: screen.host
+            theme: screen.theme
+            view: list.item
+        }
+    }
+    Component {
+        id: alarmHead
+        AlarmHead {
+            host: screen.host
+            theme: screen.theme
+            editor: screen.editor
+        }
+    }
     NumberAnimation {
         id: sliding
         property var then: null
         target: screen
         property: "slide"
-        duration: 240
+        duration: screen.theme.duration(240)
         easing.type: Easing.OutCubic
         onFinished: if (then) then()
     }
@@ -66,6 +85,7 @@ FocusScope {
             clip: true
             FirstPageColumn {
                 id: sideColumn
+                beside: true
                 width: sideView.width
                 view: sideView
                 host: screen.host
@@ -104,22 +124,39 @@ FocusScope {
                 handle: screen.table
                 theme: screen.theme
                 host: screen.host
-                leading: screen.first && screen.width > 0 && !screen.beside && screen.host.firstPage !== null
+                leading: screen.editor ? alarmHead
+                       : screen.first && screen.width > 0 && !screen.beside && screen.host.firstPage !== null ? firstColumn : null
+                editor: screen.editor
                 ofPane: screen.first
                 focus: true
             }
         }
         Connections {
             target: screen.search !== null && list.item ? list.item.model : null
-            function onModelReset() { screen.search.settle() }
+            function onModelReset() {
+                screen.search.settle()
+                Qt.callLater(searchNote.tell) // when the list has counted its rows
+            }
         }
         Text {
-            readonly property bool tooShort: screen.search !== null && screen.search.letters > 0 && screen.search.letters < 3
-            readonly property bool without: screen.search !== null && screen.search.searched && screen.search.letters >= 3
-            anchors { top: searchField.bottom; topMargin: 24; horizontalCenter: parent.horizontalCenter }
-            visible: list.item !== null && list.item.count === 0 && (tooShort || without)
-            text: tooShort ? screen.host.words.threeLetters : screen.host.words.nothingFound
+            id: searchNote
+            readonly property int letters: screen.search !== null ? screen.search.letters : 0
+            readonly property bool searched: screen.search !== null && screen.search.searched
+            function tell() {
+                if (!list.item || letters === 0)
+                    return
+                const found = list.item.count
+                text = letters < 3 ? screen.host.words.threeLetters
+                     : found === 0 && screen.host.firstPage ? screen.host.firstPage.emptySearchText(screen.search.text)
+                     : found === 0 ? screen.host.words.nothingFound : ""
+                screen.host.announce(text !== "" ? text : found === 1 ? screen.host.words.oneResult : screen.host.words.resultCount.arg(found))
+            }
+            anchors { top: searchField.bottom; topMargin: 24; left: parent.left; right: parent.right; margins: screen.theme.margin }
+            visible: list.item !== null && list.item.count === 0 && (letters > 0 && letters < 3 || searched)
+            text: screen.host.words.threeLetters
             textFormat: Text.PlainText
+            wrapMode: Text.Wrap
+            horizontalAlignment: Text.AlignHCenter
             color: screen.theme.quiet
             font.pixelSize: screen.theme.textSize
             Accessible.role: Accessible.AlertMessage
@@ -131,17 +168,18 @@ FocusScope {
                 required property ViewHandle modelData
                 handle: modelData
                 dark: screen.theme.dark
-                textureSize: Qt.size(width * screen.host.textScale, height * screen.host.textScale)
+                textureSize: screen.theme.pixels(width, height)
                 x: modelData ? modelData.viewX : 0
                 y: modelData ? modelData.viewY : 0
                 width: modelData ? modelData.viewWidth : 0
                 height: modelData ? modelData.viewHeight : 0
                 opacity: modelData ? modelData.viewOpacity : 0
                 // A toast springs up within the window.
-                scale: modelData ? Math.min(modelData.viewScale, 1.05) : 1
+                scale: modelData && !screen.theme.still ? Math.min(modelData.viewScale, 1.05) : 1
                 visible: modelData !== null && modelData.shown
                 Accessible.role: Accessible.AlertMessage
                 Accessible.name: modelData ? modelData.spoken : ""
+                Component.onCompleted: if (modelData) screen.host.announce(modelData.spoken)
             }
         }
     }

@@ -20,6 +20,7 @@ Item {
     Accessible.name: name
     Accessible.focusable: true
     Accessible.onPressAction: activated()
+    Accessible.onToggleAction: activated()
     Keys.onReturnPressed: activated()
     Keys.onEnterPressed: activated()
     Keys.onSpacePressed: activated()

@@ -14,6 +14,7 @@ Rectangle {
     implicitHeight: Math.max(64, texts.implicitHeight + 20)
     radius: theme.cardCorner
     color: theme.row
+    border { width: theme.cardEdge; color: theme.line }
     Accessible.role: Accessible.StaticText
     Accessible.name: [title, detail].filter(part => part !== "").join(", ")
 

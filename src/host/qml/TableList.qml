@@ -12,8 +12,10 @@ ListView {
     required property Host host
     required property string title
     property Item opened: null
-    // Whether the first page's own column stands above the rows.
-    property bool leading: false
+    // What stands above the rows; null for nothing.
+    property Component leading: null
+    // The editor of an alarm that the table belongs to, or null.
+    property var editor: null
     property bool touched: false
     // Whether this is the pane's own table: then the alarms' rows tell what the alarms do.
     property bool ofPane: false
@@ -24,7 +26,7 @@ ListView {
     boundsBehavior: Flickable.DragAndOvershootBounds
     keyNavigationEnabled: false
     highlightFollowsCurrentItem: host.keyboardUsed
-    highlightMoveDuration: 120
+    highlightMoveDuration: theme.duration(120)
     currentIndex: -1
     topMargin: handle && handle.grouped ? 8 : 0
     bottomMargin: 24
@@ -33,19 +35,16 @@ ListView {
 
     header: Loader {
         width: ListView.view.width
-        active: rows.leading
+        active: rows.leading !== null
         visible: active
         height: item ? item.implicitHeight : 0
-        sourceComponent: FirstPageColumn {
-            host: rows.host
-            theme: rows.theme
-            view: rows
-        }
+        sourceComponent: rows.leading
     }
     // Until somebody scrolls, the page begins with its beginning.
     onOriginYChanged: Qt.callLater(begin)
     onHeightChanged: Qt.callLater(begin)
     onContentHeightChanged: Qt.callLater(begin)
+    onContentYChanged: if (!touched) Qt.callLater(begin)
 
     function begin() {
         if (!touched)
@@ -150,6 +149,7 @@ ListView {
                 entry: place
                 theme: rows.theme
                 host: rows.host
+                editor: rows.editor
                 footer: place.entryKind === "footer"
             }
         }

@@ -1,5 +1,5 @@
 // SPDX-License-Identifier: Apache-2.0
-// One row: a text, what stands at its right edge, and, behind it, the button that deletes it.
+// One row: a text, a second one, what stands at its right edge, and, behind it, the button that deletes it.
 import QtQuick
 import Zorel.Views
 
@@ -11,24 +11,29 @@ Item {
     required property Theme theme
     required property Host host
     readonly property bool grouped: list.handle !== null && list.handle.grouped
-    readonly property bool reachable: !!entry.disclosure || accessory.operable || list.handle.selectable
+    // Wheels rest while the alarm that they belong to is off.
+    readonly property bool resting: list.editor !== null && !list.editor.on && accessory.kind === "picker"
+    readonly property bool reachable: !resting && (!!entry.disclosure || accessory.operable || list.handle.selectable)
     readonly property real deleteWidth: 88
-    // Space for the button that deletes, while the list is edited.
-    readonly property real indent: removal.visible ? theme.target : 0
     readonly property bool isOpen: face.x < -deleteWidth / 2
 
-    // Space for the texts; where they are too long for one line, the second one stands below, so that no time is cut.
-    readonly property real trailing: theme.margin + (chevron.visible ? chevron.width + 8 : 0)
-    readonly property real room: frame.width - theme.margin - trailing - (alarmPart.item ? alarmPart.width + 8 : 0)
-    // A search result tells its country and region below its name, as do the cities of the list.
+    // What the row says: a search result has its region behind its name, the pane's own rows a second text.
     readonly property int cut: list.handle !== null && !list.handle.grouped && entry.rowText ? entry.rowText.indexOf(" / ") : -1
-    readonly property string name: cut < 0 ? entry.rowText || "" : entry.rowText.substring(0, cut)
-    readonly property string second: alarm ? alarm.text : cut < 0 ? entry.detail || "" : entry.rowText.substring(cut + 3).split(" / ").join(", ")
+    readonly property string name: cut >= 0 ? entry.rowText.substring(0, cut) : entry.rowText || accessory.caption
+    readonly property string second: alarm ? alarm.text
+                                   : cut >= 0 ? entry.rowText.substring(cut + 3).split(" / ").join(", ") : entry.detail || ""
     readonly property var page: list.ofPane ? host.firstPage : null
     readonly property var alarm: page && !!entry.disclosure && page.alarms.rows.length > entry.row ? page.alarms.rows[entry.row] : null
-    readonly property bool marked: drawn && accessory.checked && host.firstPage !== null
-    readonly property bool drawn: accessory.wide && accessory.kind === "plain" && !accessory.inert
-    readonly property bool stacked: drawn || alarm !== null || cut >= 0 || second !== "" && labelSize.advanceWidth + 8 + detailSize.advanceWidth > room
+    readonly property bool marked: accessory.captioned && accessory.checked && host.firstPage !== null
+    readonly property string below: marked ? [host.words.homeCity, second].filter(part => part !== "").join(" · ") : second
+
+    // Where the texts are too long for one line, the second one stands below, so that nothing is cut.
+    readonly property bool stacked: accessory.captioned || alarm !== null || cut >= 0 || besideRoom < 0
+    readonly property real besideRoom: second === "" ? 0 : room - labelSize.advanceWidth - 12 - detailSize.advanceWidth
+    readonly property real leading: theme.margin + (removal.visible ? 36 : 0)
+    readonly property real trailing: chevron.visible ? theme.margin + chevron.width + 4
+                                   : accessory.wide || accessory.kind === "" ? theme.margin : accessory.width + (accessory.captioned ? 8 : theme.margin)
+    readonly property real room: frame.width - leading - trailing - (alarmPart.item ? alarmPart.width + 12 : 8)
 
     TextMetrics {
         id: labelSize
@@ -44,9 +49,7 @@ Item {
     width: entry.width
     // A wheel shows the row in the middle and one whole row above and below it.
     height: accessory.kind === "picker" ? 3 * theme.target + 6
-          : Math.max(entry.entryHeight || 0, theme.target + 4, drawn ? drawnHeight : stacked ? label.implicitHeight + detail.implicitHeight + 16 : 0)
-    // A name in the middle of the first 60 points, and the line below it.
-    readonly property real drawnHeight: second === "" && !marked ? 60 : 42 + detail.implicitHeight + 8
+          : Math.max(entry.entryHeight || 0, theme.target + 8, texts.implicitHeight + 18, accessory.inert ? note.implicitHeight + 24 : 0)
 
     function activate() {
         if (isOpen)
@@ -62,8 +65,8 @@ Item {
         else
             activate()
     }
-    function turn(step: int): bool { return accessory.turn(step) }
-    function seek(text: string): bool { return accessory.seek(text) }
+    function turn(step: int): bool { return !resting && accessory.turn(step) }
+    function seek(text: string): bool { return !resting && accessory.seek(text) }
     function uncoverDelete() {
         if (entry.deletable)
             swing(-deleteWidth)
@@ -94,9 +97,8 @@ Item {
         clip: true
 
         Rectangle {
-            id: deleteButton
             anchors { top: parent.top; bottom: parent.bottom; right: parent.right }
-            width: Math.max(0, -face.x + cell.theme.corner)
+            width: Math.max(0, -face.x + cell.theme.cardCorner)
             visible: face.x < 0
             color: cell.theme.danger
             Text {
@@ -116,8 +118,10 @@ Item {
             width: parent.width
             height: parent.height
             focus: true
+            enabled: !cell.resting
             Accessible.role: accessory.role
-            Accessible.name: [cell.name, accessory.spoken, cell.alarm ? cell.alarm.time : "", cell.second].filter(part => !!part).join(", ")
+            Accessible.name: [cell.name, accessory.captioned ? accessory.handle.control.spoken : accessory.spoken,
+                              cell.alarm ? cell.alarm.time : "", cell.second].filter(part => !!part).join(", ")
             Accessible.selectable: cell.list.handle.selectable
             Accessible.checkable: accessory.checkable
             Accessible.checked: accessory.checked
@@ -126,81 +130,77 @@ Item {
             Accessible.onIncreaseAction: cell.turn(1)
             Accessible.onDecreaseAction: cell.turn(-1)
 
-            Rectangle {
-                id: body
+            RowGround {
                 anchors.fill: parent
-                radius: cell.grouped && (cell.entry.firstInSection || cell.entry.lastInSection) ? cell.theme.corner : 0
-                color: tap.pressed && cell.entry.disclosure ? cell.theme.pressed : cell.theme.row
+                theme: cell.theme
+                grouped: cell.grouped
+                first: !!cell.entry.firstInSection
+                last: !!cell.entry.lastInSection
+                pressed: tap.pressed && !!cell.entry.disclosure
             }
-            Rectangle {
-                // Square corners where the section goes on.
-                visible: body.radius > 0 && !(cell.entry.firstInSection && cell.entry.lastInSection)
-                width: parent.width
-                height: parent.height / 2
-                y: cell.entry.firstInSection ? height : 0
-                color: body.color
-            }
-            Rectangle {
-                visible: !cell.entry.lastInSection
-                anchors { left: parent.left; right: parent.right; bottom: parent.bottom; leftMargin: cell.theme.margin }
-                height: 1
-                color: cell.theme.line
+            Column {
+                id: texts
+                x: cell.leading
+                anchors.verticalCenter: parent.verticalCenter
+                visible: !accessory.inert
+                spacing: 2
+                Text {
+                    width: Math.min(implicitWidth, cell.room)
+                    text: cell.name
+                    visible: text !== ""
+                    textFormat: Text.PlainText
+                    elide: Text.ElideRight
+                    color: cell.theme.text
+                    font.pixelSize: cell.theme.textSize
+                    Accessible.ignored: true
+                }
+                Text {
+                    width: cell.room
+                    visible: cell.stacked && text !== ""
+                    text: cell.below
+                    textFormat: Text.PlainText
+                    wrapMode: Text.Wrap
+                    color: cell.alarm && cell.alarm.bad ? cell.theme.warn : cell.marked || cell.alarm && cell.alarm.rings ? cell.theme.accent : cell.theme.quiet
+                    font.pixelSize: cell.theme.smallSize
+                    Accessible.ignored: true
+                }
             }
             Text {
-                id: label
-                anchors {
-                    left: parent.left; leftMargin: cell.theme.margin
-                    right: accessory.inert || cell.stacked ? parent.right : detail.visible ? detail.left : accessory.left
-                    rightMargin: accessory.inert || cell.stacked ? cell.theme.margin : 8
-                    top: cell.stacked ? parent.top : undefined; topMargin: 8
-                    verticalCenter: cell.stacked ? undefined : parent.verticalCenter
-                }
-                text: cell.name || (accessory.inert ? accessory.spoken : "")
+                visible: !cell.stacked && text !== ""
+                anchors { right: parent.right; rightMargin: cell.trailing; verticalCenter: parent.verticalCenter }
+                text: cell.second
                 textFormat: Text.PlainText
-                elide: Text.ElideRight
-                horizontalAlignment: cell.entry.centred || accessory.inert ? Text.AlignHCenter : Text.AlignLeft
-                color: cell.theme.text
+                color: cell.theme.quiet
+                font.pixelSize: cell.theme.noteSize
+                Accessible.ignored: true
+            }
+            // A note in place of rows.
+            Text {
+                id: note
+                visible: accessory.inert
+                anchors { left: parent.left; right: parent.right; margins: cell.theme.margin; verticalCenter: parent.verticalCenter }
+                text: accessory.inert ? accessory.spoken : ""
+                textFormat: Text.PlainText
+                wrapMode: Text.Wrap
+                horizontalAlignment: Text.AlignHCenter
+                color: cell.page && cell.page.listTrouble !== "" ? cell.theme.warn : cell.theme.quiet
                 font.pixelSize: cell.theme.textSize
                 Accessible.ignored: true
             }
-            // The home city is marked by more than a colour: a ground below its button and a word below its name.
-            Rectangle {
-                visible: cell.marked && accessory.handle !== null
-                x: visible ? accessory.x + accessory.handle.controlCentre.x - width / 2 : 0
-                y: visible ? accessory.y + accessory.handle.controlCentre.y - height / 2 : 0
-                width: cell.theme.target
-                height: width
-                radius: width / 2
-                color: cell.theme.accentGround
-                border { width: 2; color: cell.theme.accent }
-            }
             Accessory {
                 id: accessory
-                anchors { right: parent.right; rightMargin: wide ? 0 : cell.theme.margin; verticalCenter: parent.verticalCenter }
-                width: wide ? parent.width - cell.indent : implicitWidth
+                anchors { right: parent.right; rightMargin: wide ? 0 : captioned ? 8 : cell.theme.margin; verticalCenter: parent.verticalCenter }
+                width: wide ? parent.width : implicitWidth
                 height: wide ? parent.height : implicitHeight
-                wide: !cell.entry.rowText && kind !== "switch" && kind !== ""
+                alone: !cell.entry.rowText
                 visible: !inert
+                opacity: cell.resting ? 0.4 : 1
                 handle: cell.entry.accessory || null
                 theme: cell.theme
                 host: cell.host
                 list: cell.list
-            }
-            Text {
-                id: detail
-                anchors {
-                    right: parent.right; rightMargin: cell.drawn ? cell.theme.margin + 70 : cell.alarm ? frame.width - cell.theme.margin - cell.room : cell.trailing
-                    bottom: cell.stacked ? parent.bottom : undefined; bottomMargin: 8
-                    verticalCenter: cell.stacked ? undefined : parent.verticalCenter
-                }
-                width: cell.drawn ? frame.width - anchors.rightMargin - 20 - cell.indent : cell.stacked ? cell.room : implicitWidth
-                visible: text !== ""
-                text: cell.marked ? [cell.host.words.homeCity, cell.second].filter(part => part !== "").join(" · ") : cell.second
-                textFormat: Text.PlainText
-                wrapMode: cell.stacked ? Text.Wrap : Text.NoWrap
-                color: cell.alarm && cell.alarm.bad ? cell.theme.warn : cell.marked || cell.alarm && cell.alarm.rings ? cell.theme.accent : cell.theme.quiet
-                font.pixelSize: cell.drawn || cell.alarm ? cell.theme.smallSize : cell.theme.noteSize
-                Accessible.ignored: true
+                onPassing: row => { if (cell.list.editor && cell.entry.section === 1) cell.list.editor.pass(row) }
+                onResting: if (cell.list.editor) cell.list.editor.rest()
             }
             Loader {
                 id: alarmPart
@@ -229,7 +229,7 @@ Item {
                 visible: cell.host.editing && !!cell.entry.deletable
                 host: cell.host
                 theme: cell.theme
-                name: cell.host.words.deleteCity.arg(accessory.spoken.split(", ")[0])
+                name: cell.host.words.deleteCity.arg(cell.name)
                 onActivated: cell.remove()
             }
             TapHandler {
@@ -258,34 +258,19 @@ Item {
                 id: swinging
                 target: face
                 property: "x"
-                duration: 160
+                duration: cell.theme.duration(160)
                 easing.type: Easing.OutCubic
             }
         }
         Loader {
             anchors.fill: parent
             active: !!cell.entry.removing
-            sourceComponent: Rectangle {
-                color: cell.theme.row
-                radius: cell.theme.corner
-                Text {
-                    anchors { left: parent.left; leftMargin: cell.theme.margin; right: restore.left; rightMargin: 8; verticalCenter: parent.verticalCenter }
-                    text: cell.host.words.deleted.arg(accessory.spoken.split(", ")[0])
-                    textFormat: Text.PlainText
-                    elide: Text.ElideRight
-                    color: cell.theme.quiet
-                    font.pixelSize: cell.theme.textSize
-                    Accessible.role: Accessible.AlertMessage
-                    Accessible.name: text
-                }
-                TextButton {
-                    id: restore
-                    anchors { right: parent.right; rightMargin: 8; verticalCenter: parent.verticalCenter }
-                    host: cell.host
-                    theme: cell.theme
-                    text: cell.host.words.undo
-                    onActivated: cell.list.handle.model.restore()
-                }
+            sourceComponent: RemovalNotice {
+                host: cell.host
+                theme: cell.theme
+                entry: cell.entry
+                text: cell.host.words.deleted.arg(cell.name)
+                onRestored: cell.list.handle.model.restore()
             }
         }
         Rectangle {

@@ -10,17 +10,18 @@ Press {
     readonly property bool running: entry.state === "now"
     readonly property bool faded: entry.state === "passed" || entry.state === "none"
     name: [entry.name, entry.time, entry.day, host.words[entry.state] || ""].filter(part => part !== "").join(", ")
-    implicitHeight: Math.max(theme.target, column.implicitHeight + 14)
+    implicitHeight: Math.max(theme.target, column.implicitHeight + 16)
 
     Rectangle {
         anchors.fill: parent
         radius: cell.theme.corner
         color: cell.next ? cell.theme.accentGround : cell.pressed ? cell.theme.pressed : "transparent"
+        border { width: cell.next ? cell.theme.cardEdge * 2 : 0; color: cell.theme.accent }
     }
     Rectangle {
-        anchors { horizontalCenter: parent.horizontalCenter; bottom: parent.bottom; bottomMargin: 2 }
+        anchors { horizontalCenter: parent.horizontalCenter; bottom: parent.bottom; bottomMargin: 1 }
         visible: cell.running
-        width: parent.width - 16
+        width: 22
         height: 3
         radius: 1.5
         color: cell.theme.accent
@@ -39,16 +40,12 @@ Press {
             font.pixelSize: cell.theme.smallSize
             Accessible.ignored: true
         }
-        Text {
-            width: parent.width
-            text: cell.entry.time
-            textFormat: Text.PlainText
-            fontSizeMode: Text.HorizontalFit
-            minimumPixelSize: 11
-            horizontalAlignment: Text.AlignHCenter
+        ClockText {
+            anchors.horizontalCenter: parent.horizontalCenter
+            time: cell.entry.time
             color: cell.next ? cell.theme.accent : cell.faded ? cell.theme.quiet : cell.theme.text
-            font { pixelSize: cell.theme.noteSize; weight: cell.faded ? Font.Normal : Font.DemiBold }
-            Accessible.ignored: true
+            size: cell.theme.noteSize
+            weight: cell.faded ? Font.Normal : Font.DemiBold
         }
     }
 }

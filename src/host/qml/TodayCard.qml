@@ -1,5 +1,5 @@
 // SPDX-License-Identifier: Apache-2.0
-// Today: the next prayer and how long it is away, the day's light, the six times, the date.
+// Today: the next prayer, how long it is away and whether it will ring; the day's light, the six times, the date.
 import QtQuick
 import Zorel.Views
 
@@ -12,95 +12,103 @@ Rectangle {
     // What the alarm of the next prayer does: {text, rings, bad}.
     required property var ring
     property bool unfolded: false
-    readonly property real cellWidth: today.nextTime.length > 5 ? 70 : 54
-    readonly property int columns: [6, 3, 2, 1].find(count => count * cellWidth <= inside.width) || 1
-    readonly property bool stacked: nextTime.implicitWidth + beside.implicitWidth + 12 > inside.width
+    readonly property bool halves: today.nextTime.length > 5
+    readonly property int columns: [6, 3, 2, 1].find(count => count * (halves ? 62 : 54) <= inside.width) || 1
 
-    implicitHeight: inside.implicitHeight + 28
+    implicitHeight: inside.implicitHeight + 24
     radius: theme.cardCorner
     color: theme.row
+    border { width: theme.cardEdge; color: theme.line }
 
     Column {
         id: inside
         anchors { top: parent.top; topMargin: 16; left: parent.left; right: parent.right; leftMargin: 16; rightMargin: 16 }
-        spacing: 10
+        spacing: 12
 
         Item {
+            id: next
+            // Side by side where there is room for both.
+            readonly property bool stacked: nextName.implicitWidth + 12 + nextTime.implicitWidth > width
+            readonly property real begin: caption.height - 2
+            readonly property bool narrow: width < 300
+            readonly property bool reasonBelow: countdown.implicitWidth + 16 + reason.implicitWidth > width
             width: parent.width
-            height: beside.y + beside.height > nextTime.y + nextTime.height ? beside.y + beside.height : nextTime.y + nextTime.height
+            height: after.y + after.height
             Accessible.role: Accessible.Grouping
-            Accessible.name: [card.host.words.nextPrayer, card.today.nextName, card.today.nextDay, card.today.nextTime,
+            Accessible.name: [card.today.nextLabel, card.today.nextName, card.today.nextDay, card.today.nextTime,
                               card.today.countdown, card.ring.text].filter(part => part !== "").join(", ")
             Text {
-                id: nextName
+                id: caption
                 width: parent.width
-                text: [card.host.words.nextPrayer + ": " + card.today.nextName, card.today.nextDay].filter(part => part !== "").join(" · ")
+                text: [card.today.nextLabel, card.today.nextDay].filter(part => part !== "").join(" · ")
                 textFormat: Text.PlainText
                 wrapMode: Text.Wrap
-                color: card.theme.text
-                font { pixelSize: 18; weight: Font.DemiBold }
+                color: card.theme.quiet
+                font.pixelSize: card.theme.noteSize
                 Accessible.ignored: true
             }
             Text {
-                id: nextTime
-                anchors.top: nextName.bottom
+                id: nextName
+                y: next.stacked ? caption.height : next.begin + nextTime.ascent - nameMetrics.ascent
                 width: Math.min(implicitWidth, parent.width)
-                text: card.today.nextTime
+                text: card.today.nextName
                 textFormat: Text.PlainText
                 fontSizeMode: Text.HorizontalFit
-                minimumPixelSize: 20
+                minimumPixelSize: 14
                 color: card.theme.text
-                font { pixelSize: 46; weight: Font.Bold }
+                font { pixelSize: next.narrow ? 26 : 30; weight: Font.Bold }
                 Accessible.ignored: true
             }
-            Column {
-                id: beside
-                y: card.stacked ? nextTime.y + nextTime.height : nextTime.y + nextTime.height - height + 6
-                x: card.stacked ? 0 : parent.width - width
+            FontMetrics {
+                id: nameMetrics
+                font: nextName.font
+            }
+            ClockText {
+                id: nextTime
+                x: next.stacked ? 0 : nextName.width + 12
+                y: next.stacked ? caption.height + nextName.height - 4 : next.begin
+                time: card.today.nextTime
+                color: card.theme.text
+                // As large as fits.
+                size: Math.min(next.narrow ? 42 : 46, next.width / (card.halves ? 4.4 : 3.4))
+                weight: Font.Bold
+            }
+            Flow {
+                id: after
+                y: nextTime.y + nextTime.height - 2
+                width: parent.width
+                spacing: 8
                 Text {
-                    anchors.right: card.stacked ? undefined : parent.right
+                    id: countdown
+                    height: next.reasonBelow ? implicitHeight + 8 : card.theme.target
+                    width: next.reasonBelow ? parent.width : parent.width - 8 - reason.width
+                    verticalAlignment: Text.AlignVCenter
                     text: card.today.countdown
                     textFormat: Text.PlainText
+                    wrapMode: Text.Wrap
                     color: card.theme.accent
-                    font { pixelSize: 18; weight: Font.DemiBold }
+                    font { pixelSize: next.narrow ? 18 : 20; weight: Font.DemiBold }
                     Accessible.ignored: true
                 }
                 TextButton {
-                    anchors.right: card.stacked ? undefined : parent.right
-                    implicitWidth: Math.max(card.theme.target, whySize.advanceWidth + 4)
+                    id: reason
+                    light: true
+                    flush: true
                     host: card.host
                     theme: card.theme
                     visible: card.today.nextTime !== ""
                     text: card.host.words.why.arg(card.today.nextTime)
                     onActivated: card.today.ask("next")
-                    TextMetrics {
-                        id: whySize
-                        font { pixelSize: card.theme.textSize; weight: Font.DemiBold }
-                        text: card.host.words.why.arg(card.today.nextTime)
-                    }
                 }
             }
         }
-        Row {
-            spacing: 8
-            visible: card.ring.text !== ""
-            Rectangle {
-                anchors.verticalCenter: parent.verticalCenter
-                width: 12
-                height: 12
-                radius: 6
-                color: card.ring.rings ? card.theme.accent : card.ring.bad ? card.theme.warn : "transparent"
-                border { width: 2; color: card.ring.rings ? card.theme.accent : card.ring.bad ? card.theme.warn : card.theme.quiet }
-            }
-            Text {
-                width: Math.min(implicitWidth, inside.width - 20)
-                text: card.ring.text.charAt(0).toLocaleUpperCase() + card.ring.text.substring(1)
-                textFormat: Text.PlainText
-                wrapMode: Text.Wrap
-                color: card.ring.rings ? card.theme.accent : card.ring.bad ? card.theme.warn : card.theme.quiet
-                font { pixelSize: card.theme.noteSize; weight: card.ring.rings ? Font.DemiBold : Font.Normal }
-                Accessible.ignored: true
-            }
+        RingLine {
+            width: parent.width
+            theme: card.theme
+            text: card.ring.text
+            rings: card.ring.rings
+            bad: card.ring.bad
+            Accessible.ignored: true
         }
         DayBar {
             width: parent.width
@@ -110,12 +118,11 @@ Rectangle {
             present: card.today.nowPart
             markColor: card.theme.text
             markGround: card.theme.row
-            textureSize: Qt.size(width * card.host.textScale, height * card.host.textScale)
+            textureSize: card.theme.pixels(width, height)
             Accessible.role: Accessible.Graphic
             Accessible.name: card.host.words.dayBar
         }
         Grid {
-            id: six
             width: parent.width
             columns: card.columns
             rowSpacing: 4
@@ -132,8 +139,15 @@ Rectangle {
             }
         }
         Text {
+            id: dates
+            readonly property var both: [card.today.date, card.today.hijri].filter(part => part !== "")
             width: parent.width
-            text: [card.today.date, card.today.hijri].filter(part => part !== "").join(" · ")
+            text: both.join(bothDates.advanceWidth > width ? "\n" : " · ")
+            TextMetrics {
+                id: bothDates
+                font.pixelSize: card.theme.noteSize
+                text: dates.both.join(" · ")
+            }
             textFormat: Text.PlainText
             wrapMode: Text.Wrap
             color: card.theme.quiet
@@ -165,27 +179,31 @@ Rectangle {
                         font.pixelSize: card.theme.noteSize
                         Accessible.ignored: true
                     }
-                    Text {
+                    ClockText {
                         id: otherTime
                         anchors { right: parent.right; verticalCenter: parent.verticalCenter }
-                        text: other.modelData.time
-                        textFormat: Text.PlainText
+                        time: other.modelData.time
                         color: card.theme.text
-                        font.pixelSize: card.theme.textSize
-                        Accessible.ignored: true
+                        size: card.theme.textSize
                     }
                 }
             }
         }
-        TextButton {
-            x: -8
-            host: card.host
-            theme: card.theme
-            text: card.host.words.otherTimes + (card.unfolded ? " \u25b4" : " \u25be")
-            name: card.host.words.otherTimes
-            Accessible.checkable: true
-            Accessible.checked: card.unfolded
-            onActivated: card.unfolded = !card.unfolded
+        Item {
+            width: parent.width
+            height: 26
+            TextButton {
+                anchors.verticalCenter: parent.verticalCenter
+                light: true
+                flush: true
+                host: card.host
+                theme: card.theme
+                text: card.host.words.otherTimes + (card.unfolded ? " \u25b4" : " \u25be")
+                name: card.host.words.otherTimes
+                Accessible.checkable: true
+                Accessible.checked: card.unfolded
+                onActivated: card.unfolded = !card.unfolded
+            }
         }
     }
 }

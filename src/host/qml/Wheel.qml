@@ -11,6 +11,9 @@ Item {
     // The table around the wheel. A finger turns either the wheel or the table, and so does the mouse's wheel.
     required property Flickable list
     readonly property real rowHeight: theme.target
+    // A finger turns it past a row; it has come to rest.
+    signal passing(row: int)
+    signal resting()
 
     clip: true
     Rectangle {
@@ -45,7 +48,12 @@ Item {
                 wheel.handle.turn(-steps)
             }
         }
-        onMovementEnded: if (wheel.handle) wheel.handle.pick(currentIndex)
+        onCurrentIndexChanged: if (moving) wheel.passing(currentIndex)
+        onMovementEnded: {
+            wheel.resting()
+            if (wheel.handle)
+                wheel.handle.pick(currentIndex)
+        }
         delegate: Text {
             required property string rowText
             required property int index

@@ -20,7 +20,7 @@ FocusScope {
     Keys.onShortcutOverride: event => event.accepted = event.key === Qt.Key_Escape
     Accessible.role: Accessible.Dialog
     Accessible.name: title.text
-    Accessible.description: answer.text
+    Accessible.description: today ? today.why : ""
     Accessible.ignored: !shown
 
     Rectangle {
@@ -39,6 +39,7 @@ FocusScope {
         height: Math.min(parent.height - 24, inside.implicitHeight + 24)
         radius: sheet.theme.cardCorner
         color: sheet.theme.row
+        border { width: sheet.theme.cardEdge; color: sheet.theme.line }
         MouseArea { anchors.fill: parent }
         Flickable {
             anchors { fill: parent; topMargin: 16; bottomMargin: 8; leftMargin: 18; rightMargin: 18 }
@@ -59,17 +60,20 @@ FocusScope {
                     Accessible.role: Accessible.Heading
                     Accessible.name: text
                 }
-                Text {
-                    id: answer
-                    width: parent.width
-                    text: sheet.today ? sheet.today.why : ""
-                    textFormat: Text.PlainText
-                    wrapMode: Text.Wrap
-                    lineHeight: 1.25
-                    color: sheet.theme.text
-                    font.pixelSize: sheet.theme.textSize
-                    Accessible.role: Accessible.StaticText
-                    Accessible.name: text
+                Repeater {
+                    model: sheet.shown ? sheet.today.why.split("\n") : []
+                    delegate: Text {
+                        required property string modelData
+                        width: inside.width
+                        text: modelData
+                        textFormat: Text.PlainText
+                        wrapMode: Text.Wrap
+                        lineHeight: 1.15
+                        color: sheet.theme.text
+                        font.pixelSize: sheet.theme.textSize
+                        Accessible.role: Accessible.StaticText
+                        Accessible.name: text
+                    }
                 }
                 Row {
                     anchors.right: parent.right
