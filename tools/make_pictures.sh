@@ -15,7 +15,7 @@ draw() { # LANGUAGE LOCALE SCREEN NAME [options]
     LC_ALL=$locale "$bin/zorel-settings" --data-dir "$data" --screen "$screen" --at "$at" --screenshot "$out/$name-$language.png" "$@"
 }
 for language in en tr; do
-    locale=$([ "$language" = tr ] && echo tr_TR.UTF-8 || echo en_US.UTF-8)
+    locale=$([ "$language" = tr ] && echo tr_TR.UTF-8 || echo C.UTF-8)
     data=$(mktemp -d)
     export TZ=Europe/Istanbul
     draw "$language" "$locale" cities empty
@@ -24,6 +24,7 @@ for language in en tr; do
     done
     "$bin/zorel" --now "$at" --data-dir "$data" alarms on fajr >/dev/null
     "$bin/zorel" --now "$at" --data-dir "$data" alarms offset fajr -- -20 >/dev/null
+    "$bin/zorel" --now "$at" --data-dir "$data" alarms on asr >/dev/null
     "$bin/zorel" --now "$at" --data-dir "$data" alarms on maghrib >/dev/null
     draw "$language" "$locale" cities cities
     draw "$language" "$locale" cities wide --width 1040 --height 720

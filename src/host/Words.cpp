@@ -64,7 +64,7 @@ constexpr Entry kTable[] = {
      "Kapalı. Ne zaman ve nasıl çalacağını seçmek için açın."},
     {"listen", "Listen", "Dinle"},
     {"silence", "Stop", "Durdur"},
-    {"toneFailed", "It could not be played.", "Çalınamadı."},
+    {"toneFailed", "The ringtone could not be played.", "Zil sesi çalınamadı."},
     {"alarmOf", "Alarm %1", "%1 alarmı"},
     {"repair", "Repair", "Onar"},
     {"nobodyRings", "Alarms may not ring: the ring service is not running.",

@@ -64,6 +64,17 @@ TEST_F(TodayTest, TellsTheNextPrayerTheSixTimesAndTheDate) {
     EXPECT_EQ(today.qibla()["text"].toString(), "Qibla 152°");
 }
 
+TEST_F(TodayTest, SunriseIsNextButNoPrayer) {
+    set(7h);
+    TodayModel today(texts(false, german));
+    today.setPlace(istanbul());
+    EXPECT_EQ(today.nextName(), "sunrise");
+    EXPECT_EQ(today.nextLabel(), "Next");
+    set(13h);
+    today.tick();
+    EXPECT_EQ(today.nextLabel(), "Next prayer");
+}
+
 TEST_F(TodayTest, CountsSecondsInTheLastMinuteAndGoesOnToTheNextPrayer) {
     set(15h + 29min + 18s);
     TodayModel today(texts(true, german));

@@ -19,7 +19,7 @@ Press {
 
     Rectangle {
         anchors.centerIn: parent
-        width: drawing.height * button.enlarged
+        width: 2 * Math.round(drawing.height * button.enlarged / 2)
         height: width
         radius: width / 2
         color: button.pressed ? button.theme.pressed : button.filled ? button.theme.accent : "transparent"

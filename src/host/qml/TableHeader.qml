@@ -18,6 +18,9 @@ Item {
     readonly property bool quick: editor !== null && !footer && entry.section === 1
     readonly property bool audible: editor !== null && !footer && entry.section === 2 && editor.audible
 
+    // Whether the ringtone could not be played.
+    readonly property bool silent: audible && editor.preview.failed
+
     width: entry.width
     height: footer ? label.implicitHeight + 20
           : Math.max(entry.entryHeight, own || audible ? theme.target : 0, label.implicitHeight + 16) + (quick ? offsets.height + 6 : 0)
@@ -29,12 +32,14 @@ Item {
         anchors {
             left: parent.left; right: parent.right; leftMargin: header.theme.margin + 4; rightMargin: header.audible ? listen.width + 24 : header.theme.margin + 4
             top: header.footer ? parent.top : undefined; topMargin: 8
-            bottom: header.footer ? undefined : header.quick ? offsets.top : parent.bottom; bottomMargin: header.captioned ? 12 : 8
+            bottom: header.footer ? undefined : header.quick ? offsets.top : parent.bottom; bottomMargin: header.captioned || header.audible ? 12 : 8
         }
-        text: header.captioned ? header.own.caption : header.entry.title || ""
+        text: header.captioned ? header.own.caption
+            : header.silent ? header.host.words.toneFailed : header.entry.title || ""
+        onTextChanged: if (header.silent) header.host.announce(label.text)
         textFormat: Text.PlainText
         wrapMode: Text.Wrap
-        color: header.theme.quiet
+        color: header.silent ? header.theme.warn : header.theme.quiet
         font.pixelSize: header.footer ? header.theme.smallSize : header.theme.noteSize
         Accessible.role: header.footer ? Accessible.StaticText : Accessible.Heading
         Accessible.name: text
