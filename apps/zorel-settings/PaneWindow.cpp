@@ -2,6 +2,7 @@
 #include "PaneWindow.h"
 
 #include "platform/foundation/Clock.h"
+#include "platform/foundation/FileLock.h"
 #include "platform/foundation/Locale.h"
 #include "platform/foundation/Locations.h"
 #include "platform/uikit/UISearchBar.h"
@@ -10,7 +11,6 @@
 #include <QFontInfo>
 #include <QGuiApplication>
 #include <QScreen>
-#include <QTimer>
 
 #include <algorithm>
 
@@ -58,6 +58,7 @@ PaneWindow::PaneWindow(const WindowOptions& options, const QString& problem)
         controller_->navigationItem().setTitle("Zorel");
     }
     host_.show(*navigation_);
+    refreshed_ = options.screenshot.empty() && refreshUnlessBusy();
     firstPage_ = std::make_unique<FirstPage>(host_, *controller_, problem.isEmpty());
     host_.setFirstPage(firstPage_.get());
     window_ = std::make_unique<Window>(host_, size);
@@ -71,11 +72,31 @@ PaneWindow::PaneWindow(const WindowOptions& options, const QString& problem)
     QObject::connect(qGuiApp, &QGuiApplication::applicationStateChanged, firstPage_->today(),
                      &TodayModel::tick);
     if (options.screenshot.empty()) {
-        QTimer::singleShot(0, &host_, [this] {
-            host_.desktop().ask();
-            controller_->refreshAlarms();
-        });
+        askAfterFirstFrame();
     }
+}
+
+/// Before anything is shown, so that nothing is drawn twice and no alarm stands there as passed that is only
+/// about to be moved. While another program is at work the window does not wait for it.
+bool PaneWindow::refreshUnlessBusy() {
+    const std::string file = controller_->dbFuncs().userDBPath() + ".lock";
+    if (FileLock(file, LockKind::exclusive, FileLock::Deadline()).state() == LockState::busy) {
+        return false;
+    }
+    controller_->refreshAlarms();
+    return true;
+}
+
+void PaneWindow::askAfterFirstFrame() {
+    QObject::connect(
+        window_.get(), &QQuickWindow::frameSwapped, &host_,
+        [this] {
+            host_.desktop().ask();
+            if (!refreshed_) {
+                controller_->refreshAlarms();
+            }
+        },
+        static_cast<Qt::ConnectionType>(Qt::QueuedConnection | Qt::SingleShotConnection));
 }
 
 PaneWindow::~PaneWindow() {

@@ -39,6 +39,10 @@ public:
 
 private:
     void openSearch(const std::string& text);
+    /// Moves the alarms to where they should be; false when another program was at work on them.
+    bool refreshUnlessBusy();
+    /// Asks the desktop what the person wants of it, and moves the alarms if that is still to be done.
+    void askAfterFirstFrame();
     /// What the window shows and time alone changes: the home city's date, the machine's offset, the number
     /// of alarms that have rung.
     [[nodiscard]] std::string moment() const;
@@ -49,6 +53,7 @@ private:
     std::unique_ptr<FirstPage> firstPage_;
     std::unique_ptr<Window> window_;
     std::unique_ptr<Freshness> freshness_;
+    bool refreshed_ = false; ///< whether the alarms were moved before the window was made
 };
 
 } // namespace zorel

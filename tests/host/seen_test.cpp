@@ -75,7 +75,7 @@ protected:
                 name.contains("ViewItem") && item.property("handle").value<ViewHandle*>() != nullptr;
             const bool isSwitch = name.startsWith("Toggle");
             if (isText || isDrawn || isSwitch) {
-                const double least = isText ? kTextContrast : kControlContrast;
+                const double least = isText ? textContrast : controlContrast;
                 EXPECT_GE(contrastWithin(picture, place), least)
                     << where << ": " << name.constData() << " "
                     << item.property("text").toString().toStdString();
@@ -102,6 +102,8 @@ protected:
         }
     }
 
+    double textContrast = kTextContrast;
+    double controlContrast = kControlContrast;
     int measured = 0;
     int targets = 0;
 };
@@ -132,6 +134,18 @@ TEST_F(Seen, TextsAndControlsOfEveryScreenInLightAndDark) {
     look("alarm");
     EXPECT_GT(measured, 200);
     EXPECT_GT(targets, 40);
+    close();
+}
+
+TEST_F(Seen, WhoAsksTheDesktopForContrastGetsMore) {
+    open({390, 1500});
+    first->useSuggestion();
+    first->alarms()->toggle(4);
+    host->desktop().take("org.freedesktop.appearance", "contrast", QDBusVariant(1U));
+    textContrast = 7.0; // success criterion 1.4.6
+    controlContrast = 4.5;
+    look("today");
+    EXPECT_GT(measured, 50);
     close();
 }
 

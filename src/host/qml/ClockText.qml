@@ -13,7 +13,7 @@ Item {
     readonly property var parts: time.match(/^(\D*)(\d.*\d)(\D*)$/) || ["", "", time, ""]
     readonly property int smaller: Math.max(11, Math.round(size * 0.5))
 
-    implicitWidth: before.width + digits.implicitWidth + after.width
+    implicitWidth: Math.ceil(before.width + digits.implicitWidth + after.width)
     implicitHeight: digits.implicitHeight
     readonly property alias ascent: metrics.ascent
     FontMetrics {

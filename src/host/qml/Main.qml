@@ -49,6 +49,7 @@ Rectangle {
             theme: theme
             page: stack.topPage ? stack.topPage.page : null
             root: stack.depth < 2
+            inset: root && stack.topPage ? stack.topPage.inset : 0
             enabled: !sheet.shown && !why.shown
         }
         PageStack {

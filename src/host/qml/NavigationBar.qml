@@ -10,6 +10,8 @@ Rectangle {
     required property Theme theme
     property PageHandle page: null
     property bool root: true
+    // How far its ends stand within the window: above the columns of a wide one.
+    property real inset: 0
     // The home city, which stands in place of the first page's title.
     readonly property string city: host.firstPage ? host.firstPage.today.city : ""
 
@@ -63,7 +65,7 @@ Rectangle {
     }
     TextButton {
         id: edit
-        anchors { right: parent.right; rightMargin: 8; verticalCenter: parent.verticalCenter }
+        anchors { right: parent.right; rightMargin: bar.inset + 8; verticalCenter: parent.verticalCenter }
         visible: bar.city !== "" || bar.host.editing
         enabled: visible && bar.root
         opacity: bar.root ? 1 : 0
@@ -75,7 +77,7 @@ Rectangle {
     Text {
         readonly property bool leading: bar.root && bar.city !== ""
         anchors.verticalCenter: parent.verticalCenter
-        x: leading ? bar.theme.margin + 4 : Math.max(back.width, 24)
+        x: leading ? bar.inset + bar.theme.margin + 4 : Math.max(back.width, 24)
         width: (leading ? edit.x - 8 : bar.width - x) - x
         horizontalAlignment: leading ? Text.AlignLeft : Text.AlignHCenter
         text: leading ? bar.city : bar.page ? bar.page.title : ""

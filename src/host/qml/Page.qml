@@ -18,7 +18,8 @@ FocusScope {
     // The first page has more to show than the pane: above it, or beside it where there is room.
     property bool first: false
     readonly property bool beside: first && host.firstPage !== null && width >= 700
-    readonly property real sideWidth: beside ? Math.min(460, width * 0.46) : 0
+    readonly property real sideWidth: beside ? Math.round(Math.min(460, width * 0.46)) : 0
+    readonly property real inset: beside ? Math.round((width - sideWidth - listWidth) / 2) : 0
     readonly property real listWidth: beside ? Math.min(columnWidth, width - sideWidth) : columnWidth
 
     // The editor of an alarm, where this is its screen.
@@ -76,7 +77,7 @@ FocusScope {
     Loader {
         id: side
         active: screen.beside
-        x: (screen.width - screen.sideWidth - screen.listWidth) / 2
+        x: screen.inset
         width: screen.sideWidth
         height: parent.height
         sourceComponent: Flickable {
@@ -97,7 +98,7 @@ FocusScope {
         id: column
         width: screen.listWidth
         height: parent.height
-        x: screen.beside ? side.x + side.width : (screen.width - width) / 2
+        x: screen.beside ? side.x + side.width : Math.round((screen.width - width) / 2)
 
         Loader {
             id: searchField

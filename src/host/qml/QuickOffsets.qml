@@ -20,7 +20,7 @@ Row {
             id: chip
             required property int modelData
             readonly property bool chosen: row.editor.offset === modelData
-            width: (row.width - row.spacing * (row.offsets.length - 1)) / row.offsets.length
+            width: Math.floor((row.width - row.spacing * (row.offsets.length - 1)) / row.offsets.length)
             host: row.host
             theme: row.theme
             name: row.editor.offsetText(modelData)

@@ -54,6 +54,7 @@ Item {
                 id: way
                 anchors.verticalCenter: parent.verticalCenter
                 visible: implicitWidth + label.implicitWidth + 120 < header.width
+                width: Math.ceil(implicitWidth) // whole points, so that the sign beside it is sharp
                 rightPadding: 2
                 text: header.own.control ? header.own.control.spoken : ""
                 textFormat: Text.PlainText
