@@ -17,7 +17,10 @@ test_packages=(
     librsvg2-bin weasyprint poppler-utils
     khal vdirsyncer radicale fish groff-base dbus pulseaudio pulseaudio-utils python3-dbus python3-gi libcap2-bin
     evolution-data-server xauth
+    pybind11-dev python3-dev python3-numpy python3-pytest mypy doxygen
     libitl-dev libnova-dev)
+# What building and checking the Debian packages needs besides (docs/packages.md).
+package_packages=(build-essential debhelper dh-python devscripts fakeroot lintian autopkgtest diffoscope-minimal)
 # What the benchmarks need: their library, programs and libraries that are measured beside ours.
 bench_packages=(libbenchmark-dev libitl-dev libnova-dev liberfa-dev itools python3 time)
 

@@ -24,6 +24,7 @@
 #include "almanac/Qibla.h"
 #include "almanac/Sky.h"
 
+#include "engine/Api.h"
 #include "engine/Records.h"
 
 #include <memory>
@@ -36,7 +37,7 @@ namespace zorel::almanac {
 /// Positions of the Sun that one day and place leave for the next. With or without it the results are the
 /// same to the bit; with it, neighbouring days and many places on one day are several times faster. One for
 /// each thread.
-class Memory {
+class ZOREL_API Memory {
 public:
     Memory();
     Memory(Memory&&) noexcept;
@@ -49,7 +50,7 @@ private:
     std::unique_ptr<Held> held_;
 };
 
-class Almanac {
+class ZOREL_API Almanac {
 public:
     explicit Almanac(Place place) : place_(std::move(place)) {}
 

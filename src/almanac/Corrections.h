@@ -4,6 +4,8 @@
 /// where.
 #pragma once
 
+#include "engine/Api.h"
+
 #include <array>
 #include <bit>
 #include <cstddef>
@@ -41,7 +43,7 @@ enum class Correction : std::uint8_t {
 inline constexpr std::size_t kCorrections = 9;
 
 /// Stable name in JSON and on the command line ("before_midnight").
-[[nodiscard]] std::string_view keyOf(Correction correction);
+[[nodiscard]] ZOREL_API std::string_view keyOf(Correction correction);
 
 /// A set of corrections.
 class Corrections {

@@ -6,6 +6,8 @@
 #include "almanac/DayTime.h"
 #include "almanac/PlaceClock.h"
 
+#include "engine/Api.h"
+
 #include <array>
 #include <optional>
 
@@ -26,15 +28,15 @@ struct Day {
         return times[static_cast<std::size_t>(prayer)];
     }
     /// The latitude that the times were computed at, when the Sun does not rise or set at the place's own.
-    [[nodiscard]] std::optional<double> loweredLatitude() const;
+    [[nodiscard]] ZOREL_API std::optional<double> loweredLatitude() const;
     /// Every correction that a time of the day carries.
-    [[nodiscard]] Corrections corrections() const;
+    [[nodiscard]] ZOREL_API Corrections corrections() const;
 };
 
 /// The sunset-based clock [h], by Prayer: the hours that have passed since the sunset prayer, which is 12, as
 /// on a dial (above 12 up to 13 in the hour after it, below 0 for times of the eve); the engine's own, which
 /// drops the seconds. Nothing for times that do not exist, and for all of a day without a sunset prayer.
-[[nodiscard]] std::array<std::optional<double>, kPrayers> ezaniHours(const Day& day);
+[[nodiscard]] ZOREL_API std::array<std::optional<double>, kPrayers> ezaniHours(const Day& day);
 
 /// The next of the six times after an instant, and the latest one at or before it.
 struct NextPrayer {

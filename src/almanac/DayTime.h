@@ -8,6 +8,7 @@
 #include "almanac/Prayer.h"
 #include "almanac/Time.h"
 
+#include "engine/Api.h"
 #include "engine/ExplainPrayTime.h"
 
 #include <cstdint>
@@ -61,7 +62,7 @@ struct DayTime {
         return exists() && why.daysBack > 0 ? std::optional(why.date) : std::nullopt;
     }
     /// The instant rounded to the safe side: `shown`, or to the second.
-    [[nodiscard]] Instant rounded(Precision precision) const;
+    [[nodiscard]] ZOREL_API Instant rounded(Precision precision) const;
 };
 
 } // namespace zorel::almanac

@@ -11,6 +11,8 @@
 
 #include "almanac/Time.h"
 
+#include "engine/Api.h"
+
 #include <optional>
 #include <string_view>
 
@@ -37,9 +39,10 @@ struct Magnetic {
 /// @param latitude [deg]. @param longitude [deg] east positive. @param height above the sea [m]. The models
 /// ask for the height above the ellipsoid, which differs by up to 107 m; where a compass is of use (6000 nT
 /// and more) that is worth less than 0.003 degrees.
-[[nodiscard]] std::optional<Magnetic> magneticAt(double latitude, double longitude, double height, Date date);
+[[nodiscard]] ZOREL_API std::optional<Magnetic> magneticAt(double latitude, double longitude, double height,
+                                                           Date date);
 
 /// A bearing by the compass, [0, 360) [deg].
-[[nodiscard]] double magneticBearing(double trueBearing, double declination);
+[[nodiscard]] ZOREL_API double magneticBearing(double trueBearing, double declination);
 
 } // namespace zorel::almanac

@@ -19,6 +19,8 @@
 
 #include "almanac/Time.h"
 
+#include "engine/Api.h"
+
 #include <chrono>
 #include <cstdint>
 #include <memory>
@@ -72,7 +74,7 @@ enum class ClockNotice : std::uint8_t {
                    ///< used
 };
 
-class PlaceClock {
+class ZOREL_API PlaceClock {
 public:
     /// Universal time.
     PlaceClock();
@@ -116,9 +118,9 @@ private:
 
 /// The edition of the system's time zone data ("2025b"), from "tzdata.zi" or "+VERSION" of its folder (TZDIR,
 /// /usr/share/zoneinfo); empty when it does not say.
-[[nodiscard]] std::string systemZoneEdition();
+[[nodiscard]] ZOREL_API std::string systemZoneEdition();
 /// The machine's zone name from TZ or /etc/localtime ("Europe/Berlin"); empty when neither names one. It may
 /// be one that the system has no data of.
-[[nodiscard]] std::string machineZoneName();
+[[nodiscard]] ZOREL_API std::string machineZoneName();
 
 } // namespace zorel::almanac

@@ -4,6 +4,8 @@
 /// the alarms, the pane and the files written for others read.
 #pragma once
 
+#include "engine/Api.h"
+
 #include <array>
 #include <cstddef>
 #include <cstdint>
@@ -66,13 +68,13 @@ struct PrayerIdentity {
     Rounding rounding;
 };
 
-[[nodiscard]] const PrayerIdentity& identityOf(Prayer prayer);
-[[nodiscard]] std::string_view keyOf(Prayer prayer);
+[[nodiscard]] ZOREL_API const PrayerIdentity& identityOf(Prayer prayer);
+[[nodiscard]] ZOREL_API std::string_view keyOf(Prayer prayer);
 /// By position in PrayerTimes::times; nothing for the unused one and outside 0 to 15.
-[[nodiscard]] std::optional<Prayer> prayerAt(int position);
+[[nodiscard]] ZOREL_API std::optional<Prayer> prayerAt(int position);
 /// By prayer id (200 to 208); nothing for any other.
-[[nodiscard]] std::optional<Prayer> prayerOfId(std::int32_t id);
+[[nodiscard]] ZOREL_API std::optional<Prayer> prayerOfId(std::int32_t id);
 /// By key; nothing for any other text.
-[[nodiscard]] std::optional<Prayer> prayerOfKey(std::string_view key);
+[[nodiscard]] ZOREL_API std::optional<Prayer> prayerOfKey(std::string_view key);
 
 } // namespace zorel::almanac

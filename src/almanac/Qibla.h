@@ -10,6 +10,8 @@
 
 #include "almanac/Sky.h"
 
+#include "engine/Api.h"
+
 #include <optional>
 #include <vector>
 
@@ -21,9 +23,9 @@ inline constexpr double kKaabaLongitude = 39.8262; ///< [deg]
 /// True bearing, clockwise from north, [0, 360) [deg]; at a pole from the meridian of the longitude given.
 /// Nothing within 20 m of the Kaaba and of its antipode, for a latitude beyond the poles and for numbers that
 /// are not finite.
-[[nodiscard]] std::optional<double> qiblaBearing(double latitude, double longitude);
+[[nodiscard]] ZOREL_API std::optional<double> qiblaBearing(double latitude, double longitude);
 /// To the Kaaba along the great circle, on a sphere of 6371.0088 km [km].
-[[nodiscard]] double qiblaDistance(double latitude, double longitude);
+[[nodiscard]] ZOREL_API double qiblaDistance(double latitude, double longitude);
 
 /// When the Sun stands in the direction of the Kaaba.
 struct SunAtQibla {

@@ -6,6 +6,7 @@
 /// it).
 #pragma once
 
+#include "engine/Api.h"
 #include "engine/Records.h"
 
 #include <chrono>
@@ -34,23 +35,23 @@ struct LocalTime {
 
 enum class Precision : std::uint8_t { minutes, seconds };
 
-[[nodiscard]] Date addDays(Date date, int days);
+[[nodiscard]] ZOREL_API Date addDays(Date date, int days);
 /// Days from `first` to `last`, negative when `last` is earlier.
-[[nodiscard]] std::int64_t daysBetween(Date first, Date last);
+[[nodiscard]] ZOREL_API std::int64_t daysBetween(Date first, Date last);
 /// 1583-01-01 to 9998-12-31, and a day that exists.
-[[nodiscard]] bool isInRange(Date date);
+[[nodiscard]] ZOREL_API bool isInRange(Date date);
 /// The date at 0:00:00 as the engine's record, and back.
-[[nodiscard]] DateTimeRecord engineDate(Date date);
-[[nodiscard]] Date dateOf(const DateTimeRecord& record);
+[[nodiscard]] ZOREL_API DateTimeRecord engineDate(Date date);
+[[nodiscard]] ZOREL_API Date dateOf(const DateTimeRecord& record);
 /// The instant's calendar fields in universal time, as the engine's record.
-[[nodiscard]] DateTimeRecord engineInstant(Instant instant);
-[[nodiscard]] double julianDayOf(Instant instant);
+[[nodiscard]] ZOREL_API DateTimeRecord engineInstant(Instant instant);
+[[nodiscard]] ZOREL_API double julianDayOf(Instant instant);
 /// The nearest whole millisecond of a Julian day of universal time.
-[[nodiscard]] ExactInstant instantOfJulianDay(double julianDay);
+[[nodiscard]] ZOREL_API ExactInstant instantOfJulianDay(double julianDay);
 
 /// "2026-11-21", "today", "tomorrow", "yesterday", "+3" or "-3" (days from today). Nothing for any other
 /// text, a date that does not exist, or one out of range.
-[[nodiscard]] std::optional<Date> parseDate(std::string_view text, Date today);
+[[nodiscard]] ZOREL_API std::optional<Date> parseDate(std::string_view text, Date today);
 
 /// A wall-clock moment, with its offset from universal time when the text has one.
 struct Moment {
@@ -61,14 +62,14 @@ struct Moment {
 
 /// "2026-11-21T15:04", with ":05" seconds, "T" or a blank, "Z", "+03:00", "+0300" or "+03"; or a time alone,
 /// "15:04".
-[[nodiscard]] std::optional<Moment> parseMoment(std::string_view text);
+[[nodiscard]] ZOREL_API std::optional<Moment> parseMoment(std::string_view text);
 /// "2026-11-21".
-[[nodiscard]] std::string isoDate(Date date);
+[[nodiscard]] ZOREL_API std::string isoDate(Date date);
 /// "2026-11-21T15:04:00+03:00"; a zero offset is written "+00:00".
-[[nodiscard]] std::string isoDateTime(const LocalTime& time);
+[[nodiscard]] ZOREL_API std::string isoDateTime(const LocalTime& time);
 /// "+03:00"; with seconds only where there are any.
-[[nodiscard]] std::string isoOffset(std::chrono::seconds offset);
+[[nodiscard]] ZOREL_API std::string isoOffset(std::chrono::seconds offset);
 /// "06:32" or "06:32:07".
-[[nodiscard]] std::string clockText(std::chrono::seconds timeOfDay, Precision precision);
+[[nodiscard]] ZOREL_API std::string clockText(std::chrono::seconds timeOfDay, Precision precision);
 
 } // namespace zorel::almanac

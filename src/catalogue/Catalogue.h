@@ -13,6 +13,8 @@
 
 #include "almanac/Place.h"
 
+#include "engine/Api.h"
+
 #include <cstddef>
 #include <cstdint>
 #include <memory>
@@ -35,10 +37,13 @@ struct City {
 
 /// An open catalogue. Cheap to move; not to be used from two threads at once. A catalogue that becomes
 /// unreadable while it is open has no places.
-class Catalogue {
+class ZOREL_API Catalogue {
 public:
     /// @param bundle folder that holds "database/cities.sqlite". Nothing when there is no readable catalogue.
     [[nodiscard]] static std::optional<Catalogue> open(const std::string& bundle);
+    /// The catalogue that was installed with the library: the nearest "share/zorel/Zorel.bundle" in a folder
+    /// above the library's file, or the program's own when it has the library within itself.
+    [[nodiscard]] static std::optional<Catalogue> openInstalled();
     Catalogue(Catalogue&&) noexcept;
     Catalogue& operator=(Catalogue&&) noexcept;
     ~Catalogue();
@@ -51,6 +56,9 @@ public:
     /// first.
     [[nodiscard]] std::vector<City> similar(std::string_view name, std::size_t most) const;
     [[nodiscard]] std::optional<City> byId(std::int32_t id) const;
+
+    /// Whether it can (still) be read: tells why there was no answer.
+    [[nodiscard]] bool readable() const;
 
 private:
     struct Held;

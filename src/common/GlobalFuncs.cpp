@@ -13,7 +13,7 @@ constexpr std::string_view kTurkishPm = "ös";
 
 } // namespace
 
-GlobalFuncs::GlobalFuncs() : appBundlePath(Locations::current().bundle) {
+GlobalFuncs::GlobalFuncs() : Bundle{Locations::current().bundle} {
     const DayPeriods periods = dayPeriods();
     amSym = lowerCase(periods.am);
     pmSym = lowerCase(periods.pm);

@@ -4,6 +4,7 @@
 /// log.
 #pragma once
 
+#include "common/Bundle.h"
 #include "common/UIComboboxItem.h"
 #include "engine/AstroGlobalFuncs.h"
 #include "engine/Records.h"
@@ -28,7 +29,7 @@ class UIView;
 
 /// The services object. One is made by the settings controller and lent to the other classes; buttons, the
 /// search screen and messages have their own.
-class GlobalFuncs {
+class GlobalFuncs : public Bundle {
 public:
     /// Takes the bundle folder from Locations, the AM and PM symbols from the locale, chooses Turkish when
     /// they are the Turkish ones and English otherwise, and loads the language file.
@@ -37,7 +38,6 @@ public:
     std::int32_t ssDebugId = 0;  ///< 0: no debugging; carried for the owner
     bool is24Hour = false;       ///< carried for the owner
     std::int32_t languageId = 1; ///< 0 Turkish, 1 English, 2 French, 3 German
-    std::string appBundlePath;   ///< bundle folder, without a slash at its end
     std::string amSym;           ///< lower case
     std::string pmSym;           ///< lower case
 
@@ -56,14 +56,8 @@ public:
     void addComboItem(std::vector<UIComboboxItem>& items, const std::string& displayText,
                       const std::string& originalText, std::int32_t itemId) const;
 
-    // Formatting and deciphering (GlobalFuncs_Text.cpp).
+    // Formatting (GlobalFuncs_Text.cpp); deciphering is the bundle's.
 
-    /// Sexagesimal text ("41;30;36") to decimal text ("41.510000"). Every field that ends with ";" after the
-    /// first counts as minutes, the text after the last ";" as seconds; a field that is no number is 0.
-    [[nodiscard]] std::string getFloatStr(std::string_view text) const;
-    /// Deciphers a stored catalogue value (pairs of hexadecimal digits, DecryptKey.h) to UTF-8. A pair that
-    /// is none and a deciphered zero end the text.
-    [[nodiscard]] std::string Decrypt(std::string_view hexadecimal) const;
     /// Whether a file or folder exists.
     [[nodiscard]] bool fileExists(const std::string& path) const;
     /// "05:07:09".

@@ -3,6 +3,7 @@
 /// Calendar arithmetic and small numeric functions on which every computation of the engine stands.
 #pragma once
 
+#include "engine/Api.h"
 #include "engine/Records.h"
 
 #include <cstdint>
@@ -15,7 +16,7 @@ namespace zorel {
 /// Not modelled: delta-T, leap seconds, time zones. Source: Meeus, Astronomical Algorithms, ch. 7, in
 /// truncating integer form. Fields out of their range (day 0, month 13, hour 30) are counted on without a
 /// check; nothing fails.
-class AstroGlobalFuncs {
+class ZOREL_API AstroGlobalFuncs {
 public:
     /// Julian day of a civil date and time, 50 us after its second, so that truncation finds the second
     /// again.

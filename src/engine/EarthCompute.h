@@ -3,6 +3,8 @@
 /// Heliocentric position of the Earth from the abridged VSOP87D series.
 #pragma once
 
+#include "engine/Api.h"
+
 namespace zorel {
 
 struct EarthPosition {
@@ -19,7 +21,7 @@ struct EarthPosition {
 ///
 /// Accuracy: at the example of Reda & Andreas (2003) within 0.0001 degree in longitude, 1e-6 degree in
 /// latitude and 1e-6 au.
-class EarthCompute {
+class ZOREL_API EarthCompute {
 public:
     // At a Julian day of uniform time.
 

@@ -3,6 +3,7 @@
 /// The astronomy engine: Sun, Moon, prayer times, qibla, sunset-based clock, Hijri dates of one place.
 #pragma once
 
+#include "engine/Api.h"
 #include "engine/AstroGlobalFuncs.h"
 #include "engine/EarthCompute.h"
 #include "engine/ExplainPrayTime.h"
@@ -34,7 +35,7 @@ namespace zorel {
 /// Accuracy sentences give the span of years that was looked at and the largest difference found there;
 /// docs/accuracy.md prints those against tables of the sky, tests/engine holds the others. Tables printed to
 /// the minute account for 30 s of a difference.
-class FastAstro {
+class ZOREL_API FastAstro {
 public:
     // Fields.
     AstroGlobalFuncs astroGlobalFuncs;

@@ -3,6 +3,8 @@
 /// Magnetic declination from the International Geomagnetic Reference Field.
 #pragma once
 
+#include "engine/Api.h"
+
 #include <array>
 #include <cstdint>
 #include <optional>
@@ -29,7 +31,7 @@ struct MagneticDeclination {
 /// 100,000 and more, at most 2.3 degrees; near the magnetic poles more.
 /// Source: Finlay et al., Geophys. J. Int. 183, 1216 (2010); synthesis as in Langel, Geomagnetism 1 (1987),
 /// ch. 4, on the ellipsoid a^2 = 40680924 km^2, b^2 = 40408588 km^2.
-class MagneticVariation {
+class ZOREL_API MagneticVariation {
 public:
     /// Which set of coefficients and results an operation works on.
     static constexpr int kDateSet = 3;                  ///< the date asked for

@@ -3,6 +3,8 @@
 /// Geocentric position of the Moon from the truncated ELP-2000/82 series.
 #pragma once
 
+#include "engine/Api.h"
+
 namespace zorel {
 
 /// The Moon's apparent place: 60 terms in longitude and distance, 60 in latitude, nutation truncated to 31
@@ -11,7 +13,7 @@ namespace zorel {
 ///
 /// Accuracy: within 0.005 degree and 1 km at Meeus's example 45.a (1992), which sums the same terms; nutation
 /// within 0.005 arc second at his example 21.a (1987).
-class MoonCompute {
+class ZOREL_API MoonCompute {
 public:
     // Functions of angles in degrees, in single precision.
 

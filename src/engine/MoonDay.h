@@ -7,6 +7,7 @@
 /// day. Here every hour lies in [0, 24) of the local day asked for, or there is none that day.
 #pragma once
 
+#include "engine/Api.h"
 #include "engine/Records.h"
 
 #include <optional>
@@ -35,18 +36,20 @@ struct DayEvents {
 /// Observatory (printed to the minute) up to 61 degrees of latitude, within 2.5 min from 80 degrees on; at a
 /// pole, where an event grazes the horizon, within 15 min or missed. Where a day has two of a kind, which
 /// happens there, the first is given. Nothing at all for an observer that is not finite or out of range.
-[[nodiscard]] DayEvents MoonEventsOfDay(const Observer& observer, const DateTimeRecord& date);
+[[nodiscard]] ZOREL_API DayEvents MoonEventsOfDay(const Observer& observer, const DateTimeRecord& date);
 
 /// Rise, transit and set of the Sun on the local date; upper limb with standard refraction (altitude -50').
 /// Accuracy: as for the Moon.
-[[nodiscard]] DayEvents SunEventsOfDay(const Observer& observer, const DateTimeRecord& date);
+[[nodiscard]] ZOREL_API DayEvents SunEventsOfDay(const Observer& observer, const DateTimeRecord& date);
 
 /// The same within a span of universal time, which a day of 23 or 25 hours is: the first event of each kind,
 /// [h] after its beginning; its end lies outside.
 /// @param latitude, longitude [deg]. @param julianDay of universal time, the beginning. @param hours of the
 /// span, 0 to 49.
-[[nodiscard]] DayEvents MoonEventsOfSpan(double latitude, double longitude, double julianDay, double hours);
-[[nodiscard]] DayEvents SunEventsOfSpan(double latitude, double longitude, double julianDay, double hours);
+[[nodiscard]] ZOREL_API DayEvents MoonEventsOfSpan(double latitude, double longitude, double julianDay,
+                                                   double hours);
+[[nodiscard]] ZOREL_API DayEvents SunEventsOfSpan(double latitude, double longitude, double julianDay,
+                                                  double hours);
 
 /// A principal phase of the Moon.
 struct PrincipalPhase {
@@ -62,6 +65,6 @@ struct PrincipalPhase {
 /// The engine's phases are 0.09765 day early and in uniform time; here both are put right (delta-T is 69 s
 /// now). Accuracy: within 2 min of the tables of the U.S. Naval Observatory (printed to the minute) from 1910
 /// to 2060, within 3.4 min from 1800 to 2100. Nothing beyond 10000 years from J2000.
-[[nodiscard]] std::vector<PrincipalPhase> NextPhases(double julianDay, int count);
+[[nodiscard]] ZOREL_API std::vector<PrincipalPhase> NextPhases(double julianDay, int count);
 
 } // namespace zorel

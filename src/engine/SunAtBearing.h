@@ -3,6 +3,7 @@
 /// When the Sun stands in a direction.
 #pragma once
 
+#include "engine/Api.h"
 #include "engine/Records.h"
 
 #include <array>
@@ -48,14 +49,14 @@ inline constexpr double kLongestBearingSpan = 49.0;
 /// @param latitude [deg]. @param longitude [deg] east positive. @param bearing true, clockwise from north
 /// [deg]. @param julianDay of universal time, where the hours are counted from. @param from, to [h]; `to`
 /// itself lies outside.
-[[nodiscard]] SunAtBearingInstants SunAtBearing(double latitude, double longitude, double bearing,
-                                                double julianDay, double from, double to);
+[[nodiscard]] ZOREL_API SunAtBearingInstants SunAtBearing(double latitude, double longitude, double bearing,
+                                                          double julianDay, double from, double to);
 
 /// The same, within a second of it but for 20 s where the Sun nearly grazes the circle, in a tenth of the
 /// time: declination and equation of time go evenly from 0 h of universal time of a date to the next, and on
 /// at both ends.
 /// @param sun of the date (SunInformationForPray). @param from, to universal time of the date [h], -26 to 50.
-[[nodiscard]] SunAtBearingInstants SunAtBearing(double latitude, double longitude, double bearing,
-                                                const SunInfoForPray& sun, double from, double to);
+[[nodiscard]] ZOREL_API SunAtBearingInstants SunAtBearing(double latitude, double longitude, double bearing,
+                                                          const SunInfoForPray& sun, double from, double to);
 
 } // namespace zorel

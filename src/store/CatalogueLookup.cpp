@@ -1,7 +1,7 @@
 // SPDX-License-Identifier: Apache-2.0
 #include "store/CatalogueLookup.h"
 
-#include "common/GlobalFuncs.h"
+#include "common/Bundle.h"
 #include "platform/foundation/NumberText.h"
 #include "store/CatalogueRow.h"
 #include "store/TimeZoneNames.h"
@@ -34,11 +34,10 @@ void readClock(const Statement& row, CataloguePlace& place) {
     place.zoneEdition = row.text(24);
 }
 
-CataloguePlace readPlace(const Statement& row, const GlobalFuncs& glbFuncs) {
-    CataloguePlace place{City(glbFuncs), row.text(16), row.text(17), std::nullopt, 0, "",
-                         false,          std::nullopt};
+CataloguePlace readPlace(const Statement& row, const Bundle& bundle) {
+    CataloguePlace place{City(bundle), row.text(16), row.text(17), std::nullopt, 0, "", false, std::nullopt};
     readClock(row, place);
-    readCityDetails(row, glbFuncs, place.city);
+    readCityDetails(row, bundle, place.city);
     place.city.cityId = row.text(14);
     place.city.countryId = row.text(15);
     if (const std::string elevation = row.text(18); !elevation.empty()) {
@@ -80,29 +79,28 @@ std::optional<std::string> listedName(const Database& catalogue, const std::stri
 
 } // namespace
 
-bool forEachPlace(const GlobalFuncs& glbFuncs, std::int32_t firstId,
+bool forEachPlace(const Bundle& bundle, std::int32_t firstId,
                   const std::function<bool(const CataloguePlace&)>& take) {
-    const auto catalogue =
-        Database::openCatalogue(cataloguePath(glbFuncs), Database::Reading::everyPlaceById);
+    const auto catalogue = Database::openCatalogue(cataloguePath(bundle), Database::Reading::everyPlaceById);
     if (!catalogue) {
         return false;
     }
     Statement rows = placesFrom(*catalogue, firstId);
     while (rows.nextRow()) {
-        if (!take(readPlace(rows, glbFuncs))) {
+        if (!take(readPlace(rows, bundle))) {
             return true;
         }
     }
     return rows.isAtEnd();
 }
 
-std::optional<CataloguePlace> placeById(const GlobalFuncs& glbFuncs, std::int32_t id) {
+std::optional<CataloguePlace> placeById(const Bundle& bundle, std::int32_t id) {
     bool ignored = false;
-    return placeById(glbFuncs, id, ignored);
+    return placeById(bundle, id, ignored);
 }
 
-std::optional<CataloguePlace> placeById(const GlobalFuncs& glbFuncs, std::int32_t id, bool& readable) {
-    const auto catalogue = Database::openCatalogue(cataloguePath(glbFuncs));
+std::optional<CataloguePlace> placeById(const Bundle& bundle, std::int32_t id, bool& readable) {
+    const auto catalogue = Database::openCatalogue(cataloguePath(bundle));
     readable = catalogue.has_value();
     if (!catalogue) {
         return std::nullopt;
@@ -112,12 +110,12 @@ std::optional<CataloguePlace> placeById(const GlobalFuncs& glbFuncs, std::int32_
         readable = rows.isAtEnd();
         return std::nullopt;
     }
-    CataloguePlace place = readPlace(rows, glbFuncs);
+    CataloguePlace place = readPlace(rows, bundle);
     return integerValue(place.city.cityId) == id ? std::optional(std::move(place)) : std::nullopt;
 }
 
-std::optional<CataloguePlace> largestPlaceOfTimeZone(const GlobalFuncs& glbFuncs, std::string_view timeZone) {
-    const auto catalogue = Database::openCatalogue(cataloguePath(glbFuncs));
+std::optional<CataloguePlace> largestPlaceOfTimeZone(const Bundle& bundle, std::string_view timeZone) {
+    const auto catalogue = Database::openCatalogue(cataloguePath(bundle));
     if (!catalogue) {
         return std::nullopt;
     }
@@ -126,12 +124,12 @@ std::optional<CataloguePlace> largestPlaceOfTimeZone(const GlobalFuncs& glbFuncs
     if (!id) {
         id = largestPlaceId(*catalogue, listedName(*catalogue, name).value_or(""));
     }
-    return id ? placeById(glbFuncs, *id) : std::nullopt;
+    return id ? placeById(bundle, *id) : std::nullopt;
 }
 
-std::vector<CatalogueCredit> catalogueCredits(const GlobalFuncs& glbFuncs) {
+std::vector<CatalogueCredit> catalogueCredits(const Bundle& bundle) {
     std::vector<CatalogueCredit> credits;
-    const auto catalogue = Database::openCatalogue(cataloguePath(glbFuncs));
+    const auto catalogue = Database::openCatalogue(cataloguePath(bundle));
     if (!catalogue) {
         return credits;
     }

@@ -37,20 +37,19 @@ struct CataloguePlace {
 };
 
 /// @param id catalogue id.
-[[nodiscard]] std::optional<CataloguePlace> placeById(const GlobalFuncs& glbFuncs, std::int32_t id);
+[[nodiscard]] std::optional<CataloguePlace> placeById(const Bundle& bundle, std::int32_t id);
 /// @param readable out: whether the catalogue could be read; if so and there is no answer, it has no such
 /// place.
-[[nodiscard]] std::optional<CataloguePlace> placeById(const GlobalFuncs& glbFuncs, std::int32_t id,
-                                                      bool& readable);
+[[nodiscard]] std::optional<CataloguePlace> placeById(const Bundle& bundle, std::int32_t id, bool& readable);
 
 /// The place with the most inhabitants in a time zone ("Asia/Kolkata"); nothing for a zone without places.
 /// Former names of a zone ("Asia/Calcutta") are understood.
-[[nodiscard]] std::optional<CataloguePlace> largestPlaceOfTimeZone(const GlobalFuncs& glbFuncs,
+[[nodiscard]] std::optional<CataloguePlace> largestPlaceOfTimeZone(const Bundle& bundle,
                                                                    std::string_view timeZone);
 
 /// Hands over every place with an id of at least `firstId`, in the order of ids, until `take` answers false.
 /// One place is held at a time. False when the catalogue could not be read so far.
-bool forEachPlace(const GlobalFuncs& glbFuncs, std::int32_t firstId,
+bool forEachPlace(const Bundle& bundle, std::int32_t firstId,
                   const std::function<bool(const CataloguePlace&)>& take);
 
 /// Where a part of the catalogue's data comes from, and its licence.
@@ -64,6 +63,6 @@ struct CatalogueCredit {
 };
 
 /// The credits of the catalogue, in its order.
-[[nodiscard]] std::vector<CatalogueCredit> catalogueCredits(const GlobalFuncs& glbFuncs);
+[[nodiscard]] std::vector<CatalogueCredit> catalogueCredits(const Bundle& bundle);
 
 } // namespace zorel

@@ -1,7 +1,7 @@
 // SPDX-License-Identifier: Apache-2.0
 #include "store/CatalogueRow.h"
 
-#include "common/GlobalFuncs.h"
+#include "common/Bundle.h"
 #include "platform/foundation/NumberText.h"
 
 #include <algorithm>
@@ -9,21 +9,21 @@
 
 namespace zorel {
 
-std::string coordinateText(const Statement& row, int column, const GlobalFuncs& glbFuncs) {
-    return glbFuncs.getFloatStr(glbFuncs.Decrypt(row.text(column)));
+std::string coordinateText(const Statement& row, int column, const Bundle& bundle) {
+    return bundle.getFloatStr(bundle.Decrypt(row.text(column)));
 }
 
-std::string cataloguePath(const GlobalFuncs& glbFuncs) {
-    return fmt::format("{}/database/{}", glbFuncs.appBundlePath, "cities.sqlite");
+std::string cataloguePath(const Bundle& bundle) {
+    return fmt::format("{}/database/{}", bundle.appBundlePath, "cities.sqlite");
 }
 
-void readCityDetails(const Statement& row, const GlobalFuncs& glbFuncs, City& city) {
+void readCityDetails(const Statement& row, const Bundle& bundle, City& city) {
     city.name = row.text(0);
     city.nameParent = row.text(1);
     city.countryNameEn = row.text(2);
     city.countryNameTr = row.text(3);
-    city.latitude = coordinateText(row, 4, glbFuncs);
-    city.longitude = coordinateText(row, 5, glbFuncs);
+    city.latitude = coordinateText(row, 4, bundle);
+    city.longitude = coordinateText(row, 5, bundle);
     city.GMT = row.text(6);
     city.DST = row.text(7);
     city.startMonth = row.text(8);

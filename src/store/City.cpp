@@ -24,13 +24,13 @@ constexpr const char* kDetailsOfCity =
 } // namespace
 
 void City::getAllCityInfo(City& city) const {
-    const auto catalogue = Database::openCatalogue(cataloguePath(*glbFuncs_));
+    const auto catalogue = Database::openCatalogue(cataloguePath(*bundle_));
     if (!catalogue) {
         return;
     }
     Statement row = catalogue->prepare(kDetailsOfCity + std::to_string(integerValue(city.cityId)));
     if (row.nextRow()) {
-        readCityDetails(row, *glbFuncs_, city);
+        readCityDetails(row, *bundle_, city);
     }
 }
 

@@ -10,12 +10,12 @@
 
 namespace zorel {
 
-class GlobalFuncs;
+class Bundle;
 
 /// A city. Catalogue values are texts exactly as read and become numbers where they are used.
 class City {
 public:
-    explicit City(const GlobalFuncs& glbFuncs) : glbFuncs_(&glbFuncs) {}
+    explicit City(const Bundle& bundle) : bundle_(&bundle) {}
 
     double qAngle = 0.0;     ///< qibla angle [deg], anticlockwise from north; set by the owner
     double mVariation = 0.0; ///< magnetic declination [deg], east positive; set by the owner
@@ -64,7 +64,7 @@ public:
     void setMagneticVariation(double degrees) { mVariation = degrees; }
 
 private:
-    const GlobalFuncs* glbFuncs_;
+    const Bundle* bundle_;
 };
 
 } // namespace zorel

@@ -48,8 +48,8 @@ std::vector<FoundCity> foundCities(Statement& rows, std::size_t places) {
 
 } // namespace
 
-City cityOf(const GlobalFuncs& glbFuncs, const FoundCity& found) {
-    City city(glbFuncs);
+City cityOf(const Bundle& bundle, const FoundCity& found) {
+    City city(bundle);
     city.name = found.name;
     city.nameParent = found.nameParent;
     city.cityId = found.cityId;
@@ -59,11 +59,11 @@ City cityOf(const GlobalFuncs& glbFuncs, const FoundCity& found) {
     return city;
 }
 
-std::vector<FoundCity> searchCities(const GlobalFuncs& glbFuncs, const std::string& text) {
+std::vector<FoundCity> searchCities(const Bundle& bundle, const std::string& text) {
     if (characterCount(text) < kFewestCharacters) {
         return {};
     }
-    const auto catalogue = Database::openCatalogue(cataloguePath(glbFuncs));
+    const auto catalogue = Database::openCatalogue(cataloguePath(bundle));
     if (!catalogue) {
         return {};
     }

@@ -11,6 +11,8 @@
 
 namespace zorel {
 
+class GlobalFuncs;
+
 /// What the search's statement gives of a place. Thousands are found at once, so it is a good deal smaller
 /// than a City, which is made of the one that is chosen (cityOf).
 struct FoundCity {
@@ -23,12 +25,12 @@ struct FoundCity {
 };
 
 /// A City of which only what was found is set.
-[[nodiscard]] City cityOf(const GlobalFuncs& glbFuncs, const FoundCity& found);
+[[nodiscard]] City cityOf(const Bundle& bundle, const FoundCity& found);
 
 /// Every catalogue city whose searchable name contains `text`, in catalogue order (large places first). Fewer
 /// than three characters find nothing. A catalogue that cannot be read, or a text that breaks the statement,
 /// finds nothing.
-[[nodiscard]] std::vector<FoundCity> searchCities(const GlobalFuncs& glbFuncs, const std::string& text);
+[[nodiscard]] std::vector<FoundCity> searchCities(const Bundle& bundle, const std::string& text);
 
 /// The places that a text finds for a person at a terminal, the best first: places that are called so, in the
 /// order of resolveName() (with region or country behind the name, only these); then places whose shown name
@@ -36,7 +38,7 @@ struct FoundCity {
 /// characters find only what is called so. A quote is an ordinary character here. countryId is not filled for
 /// all.
 /// @return nothing when the catalogue cannot be read
-[[nodiscard]] std::optional<std::vector<FoundCity>> searchPlaces(const GlobalFuncs& glbFuncs,
+[[nodiscard]] std::optional<std::vector<FoundCity>> searchPlaces(const Bundle& bundle,
                                                                  const std::string& text);
 
 /// "Name / Country" when the region has the city's name, else "Name / Region / Country"; the country in

@@ -1,7 +1,7 @@
 // SPDX-License-Identifier: Apache-2.0
 #include "store/MatchedSpelling.h"
 
-#include "common/GlobalFuncs.h"
+#include "common/Bundle.h"
 #include "platform/foundation/FoldedName.h"
 #include "platform/foundation/NumberText.h"
 #include "store/CatalogueLike.h"
@@ -66,10 +66,10 @@ std::string matchedSpelling(std::string_view name, std::string_view spellings, s
     return std::string(equal.empty() ? containingSpelling(spellings, text) : equal);
 }
 
-std::vector<FoundDetails> detailsOfFound(const GlobalFuncs& glbFuncs, std::span<const FoundCity> cities,
+std::vector<FoundDetails> detailsOfFound(const Bundle& bundle, std::span<const FoundCity> cities,
                                          std::string_view text) {
     std::vector<FoundDetails> details(cities.size());
-    const auto catalogue = Database::openCatalogue(cataloguePath(glbFuncs));
+    const auto catalogue = Database::openCatalogue(cataloguePath(bundle));
     if (!catalogue) {
         return details;
     }

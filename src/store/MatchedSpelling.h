@@ -28,6 +28,6 @@ struct FoundDetails {
 
 /// The details of found cities, one for each; those of a city that cannot be read are empty.
 [[nodiscard]] std::vector<FoundDetails>
-detailsOfFound(const GlobalFuncs& glbFuncs, std::span<const FoundCity> cities, std::string_view text);
+detailsOfFound(const Bundle& bundle, std::span<const FoundCity> cities, std::string_view text);
 
 } // namespace zorel

@@ -1,7 +1,7 @@
 // SPDX-License-Identifier: Apache-2.0
 #include "store/NameIndex.h"
 
-#include "common/GlobalFuncs.h"
+#include "common/Bundle.h"
 #include "platform/foundation/NumberText.h"
 #include "store/CatalogueRow.h"
 
@@ -59,8 +59,8 @@ IndexedSpelling readSpelling(const Statement& row) {
 
 } // namespace
 
-std::optional<NameIndex> NameIndex::open(const GlobalFuncs& glbFuncs) {
-    auto catalogue = Database::openCatalogue(cataloguePath(glbFuncs));
+std::optional<NameIndex> NameIndex::open(const Bundle& bundle) {
+    auto catalogue = Database::openCatalogue(cataloguePath(bundle));
     return catalogue ? std::optional(NameIndex(*std::move(catalogue))) : std::nullopt;
 }
 

@@ -15,7 +15,7 @@
 
 namespace zorel {
 
-class GlobalFuncs;
+class Bundle;
 
 /// One row of the index.
 struct IndexedSpelling {
@@ -29,7 +29,7 @@ struct IndexedSpelling {
 class NameIndex {
 public:
     /// Nothing when the catalogue cannot be opened.
-    [[nodiscard]] static std::optional<NameIndex> open(const GlobalFuncs& glbFuncs);
+    [[nodiscard]] static std::optional<NameIndex> open(const Bundle& bundle);
 
     /// The places with exactly this folded spelling, largest first.
     [[nodiscard]] std::vector<NamedPlace> placesCalled(const std::string& folded);

@@ -199,8 +199,8 @@ private:
 
 } // namespace
 
-std::optional<NameResolution> resolveName(const GlobalFuncs& glbFuncs, std::string_view text) {
-    auto index = NameIndex::open(glbFuncs);
+std::optional<NameResolution> resolveName(const Bundle& bundle, std::string_view text) {
+    auto index = NameIndex::open(bundle);
     if (!index) {
         return std::nullopt;
     }

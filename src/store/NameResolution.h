@@ -15,7 +15,7 @@
 
 namespace zorel {
 
-class GlobalFuncs;
+class Bundle;
 
 /// What a typed name means.
 struct NameResolution {
@@ -45,14 +45,14 @@ struct NameResolution {
 /// code, a country by any of its names or its ISO 3166-1 code of two or three letters.
 /// @param text UTF-8 as typed; nothing in it is a wildcard
 /// @return nothing when the catalogue cannot be read
-[[nodiscard]] std::optional<NameResolution> resolveName(const GlobalFuncs& glbFuncs, std::string_view text);
+[[nodiscard]] std::optional<NameResolution> resolveName(const Bundle& bundle, std::string_view text);
 
 /// Places that may have been meant by a name that no place has: names that begin with it or contain it as
 /// words, and names one or two slips of the hand away (a letter too much, missing, wrong or exchanged with
 /// its neighbour; two from five letters on), the larger and the nearer first. When there are none, what is
 /// like the name without its last word.
 /// @return at most `most`, no two of one name; empty also when the catalogue cannot be read
-[[nodiscard]] std::vector<NamedPlace> similarPlaces(const GlobalFuncs& glbFuncs, std::string_view name,
+[[nodiscard]] std::vector<NamedPlace> similarPlaces(const Bundle& bundle, std::string_view name,
                                                     std::size_t most);
 
 } // namespace zorel

@@ -162,8 +162,8 @@ std::vector<NamedPlace> placesNearestTo(const std::string& name, std::size_t mos
 
 } // namespace
 
-std::vector<NamedPlace> similarPlaces(const GlobalFuncs& glbFuncs, std::string_view name, std::size_t most) {
-    auto index = NameIndex::open(glbFuncs);
+std::vector<NamedPlace> similarPlaces(const Bundle& bundle, std::string_view name, std::size_t most) {
+    auto index = NameIndex::open(bundle);
     std::vector<NamedPlace> places;
     // The last word may be a region that nobody knows, or too much.
     for (std::string_view left = name; index && places.empty() && !left.empty();

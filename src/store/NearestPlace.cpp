@@ -1,7 +1,7 @@
 // SPDX-License-Identifier: Apache-2.0
 #include "store/NearestPlace.h"
 
-#include "common/GlobalFuncs.h"
+#include "common/Bundle.h"
 #include "platform/foundation/NumberText.h"
 #include "platform/foundation/SquareDegree.h"
 #include "store/CatalogueRow.h"
@@ -37,8 +37,8 @@ double distanceBetween(const Point& one, const Point& other) {
 /// Looks at the places of the square degrees around a point.
 class Search {
 public:
-    Search(const GlobalFuncs& glbFuncs, const Database& catalogue, const Point& point, double within)
-        : glbFuncs_(glbFuncs), rows_(catalogue.prepare(kPlacesOfSquares)), point_(point), distance_(within) {}
+    Search(const Bundle& bundle, const Database& catalogue, const Point& point, double within)
+        : bundle_(bundle), rows_(catalogue.prepare(kPlacesOfSquares)), point_(point), distance_(within) {}
 
     /// @return whether the catalogue could be read.
     bool run() {
@@ -108,10 +108,10 @@ private:
         }
     }
     [[nodiscard]] double coordinate(int column) const {
-        return doubleValue(coordinateText(rows_, column, glbFuncs_));
+        return doubleValue(coordinateText(rows_, column, bundle_));
     }
 
-    const GlobalFuncs& glbFuncs_;
+    const Bundle& bundle_;
     Statement rows_;
     Point point_;
     double distance_;
@@ -121,20 +121,20 @@ private:
 
 } // namespace
 
-std::optional<NearestPlace> nearestPlace(const GlobalFuncs& glbFuncs, double latitude, double longitude,
+std::optional<NearestPlace> nearestPlace(const Bundle& bundle, double latitude, double longitude,
                                          double within) {
-    const auto catalogue = Database::openCatalogue(cataloguePath(glbFuncs));
+    const auto catalogue = Database::openCatalogue(cataloguePath(bundle));
     if (!catalogue) {
         return std::nullopt;
     }
-    Search search(glbFuncs, *catalogue, {latitude, longitude}, within);
+    Search search(bundle, *catalogue, {latitude, longitude}, within);
     if (!search.run()) {
         return std::nullopt;
     }
     if (search.id() == 0) {
         return NearestPlace{};
     }
-    auto place = placeById(glbFuncs, search.id());
+    auto place = placeById(bundle, search.id());
     return place ? std::optional(NearestPlace{std::move(place), search.distance()}) : std::nullopt;
 }
 

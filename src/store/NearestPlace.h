@@ -16,7 +16,7 @@ struct NearestPlace {
 
 /// The nearest place of the catalogue that lies within a distance; nothing when the catalogue cannot be read.
 /// @param latitude [deg] north positive. @param longitude [deg] east positive. @param within [km]
-[[nodiscard]] std::optional<NearestPlace> nearestPlace(const GlobalFuncs& glbFuncs, double latitude,
+[[nodiscard]] std::optional<NearestPlace> nearestPlace(const Bundle& bundle, double latitude,
                                                        double longitude, double within);
 
 } // namespace zorel

@@ -57,8 +57,8 @@ void append(std::vector<FoundCity>& cities, std::vector<FoundCity> found, const 
 
 } // namespace
 
-std::optional<std::vector<FoundCity>> searchPlaces(const GlobalFuncs& glbFuncs, const std::string& text) {
-    const auto called = resolveName(glbFuncs, text);
+std::optional<std::vector<FoundCity>> searchPlaces(const Bundle& bundle, const std::string& text) {
+    const auto called = resolveName(bundle, text);
     if (!called) {
         return std::nullopt;
     }
@@ -67,7 +67,7 @@ std::optional<std::vector<FoundCity>> searchPlaces(const GlobalFuncs& glbFuncs, 
         cities.push_back(foundCity(place));
     }
     if (cities.empty() || foldedName(called->name) == foldedName(text)) {
-        append(cities, searchCities(glbFuncs, withDoubledQuotes(text)), text);
+        append(cities, searchCities(bundle, withDoubledQuotes(text)), text);
     }
     return cities;
 }

@@ -21,13 +21,13 @@ ShownPlace shownPlace(const CataloguePlace& row) {
     return place;
 }
 
-CliError unreadableCatalogue(const GlobalFuncs& services) {
+CliError unreadableCatalogue(const Bundle& services) {
     return {Exit::dataTrouble,
             fmt::format("cannot read the city catalogue {}/database/cities.sqlite", services.appBundlePath),
             "install it again, or name the folder of another one with --bundle DIR"};
 }
 
-void requireCatalogue(const GlobalFuncs& services) {
+void requireCatalogue(const Bundle& services) {
     const std::string path = services.appBundlePath + "/database/cities.sqlite";
     if (!fileExistsAtPath(path)) {
         throw CliError(Exit::dataTrouble, fmt::format("no city catalogue at {}", path),

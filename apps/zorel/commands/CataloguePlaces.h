@@ -12,8 +12,8 @@ namespace zorel::cli {
 
 [[nodiscard]] ShownPlace shownPlace(const CataloguePlace& row);
 /// The trouble that the catalogue is there but cannot be read.
-[[nodiscard]] CliError unreadableCatalogue(const GlobalFuncs& services);
+[[nodiscard]] CliError unreadableCatalogue(const Bundle& services);
 /// @throws CliError (data trouble) when there is no catalogue file in the bundle.
-void requireCatalogue(const GlobalFuncs& services);
+void requireCatalogue(const Bundle& services);
 
 } // namespace zorel::cli

@@ -17,10 +17,10 @@ std::string absolutePathIn(const char* variable) {
 
 } // namespace
 
-std::string bundleBesideProgram() {
+std::string bundleAbove(const std::string& file) {
     std::error_code error;
-    const auto program = std::filesystem::read_symlink("/proc/self/exe", error);
-    for (auto folder = program.parent_path(); !error && folder.has_relative_path();
+    const auto real = std::filesystem::canonical(file, error);
+    for (auto folder = real.parent_path(); !error && folder.has_relative_path();
          folder = folder.parent_path()) {
         const auto bundle = folder / "share" / "zorel" / "Zorel.bundle";
         if (std::filesystem::is_directory(bundle, error)) {
@@ -29,6 +29,10 @@ std::string bundleBesideProgram() {
         error.clear();
     }
     return Locations().bundle;
+}
+
+std::string bundleBesideProgram() {
+    return bundleAbove("/proc/self/exe");
 }
 
 std::optional<std::string> userDataDirectory() {

@@ -8,8 +8,10 @@
 
 namespace zorel {
 
-/// The nearest "share/zorel/Zorel.bundle" in a folder above the program's own file; without one, the phone's
-/// place. "<prefix>/bin/zorel" finds "<prefix>/share/zorel/Zorel.bundle".
+/// The nearest "share/zorel/Zorel.bundle" in a folder above a file (where its links lead); without one, the
+/// phone's place.
+[[nodiscard]] std::string bundleAbove(const std::string& file);
+/// The same above the program's own file. "<prefix>/bin/zorel" finds "<prefix>/share/zorel/Zorel.bundle".
 [[nodiscard]] std::string bundleBesideProgram();
 /// "$XDG_DATA_HOME/zorel", else "~/.local/share/zorel"; nothing when neither variable says where (XDG base
 /// directories; a relative path does not count).
