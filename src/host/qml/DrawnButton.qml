@@ -9,7 +9,7 @@ Press {
     required property ViewHandle handle
     property bool filled: false
     property color color: filled ? theme.overAccent : theme.edge
-    property real enlarged: 1.25
+    property real enlarged: 1.2
 
     name: ""
     width: theme.target
@@ -27,10 +27,11 @@ Press {
     ViewItem {
         id: drawing
         anchors.centerIn: parent
-        width: button.handle ? button.handle.viewWidth : 0
-        height: button.handle ? button.handle.viewHeight : 0
+        // Whole points on the screen: a picture that has to be stretched loses lines.
+        width: button.handle ? Math.ceil(button.handle.viewWidth * scale) / scale : 0
+        height: button.handle ? Math.ceil(button.handle.viewHeight * scale) / scale : 0
         scale: button.enlarged
-        textureSize: button.theme.pixels(width * scale, height * scale)
+        textureSize: button.theme.pixels(Math.round(width * scale), Math.round(height * scale))
         handle: button.handle
         dark: button.theme.dark
         tint: button.color
