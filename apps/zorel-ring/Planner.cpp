@@ -4,6 +4,7 @@
 #include "alarms/NextRings.h"
 #include "almanac/PlaceClock.h"
 #include "common/GlobalFuncs.h"
+#include "platform/eventkit/EKEventStore.h"
 #include "platform/eventkit/GnomeSource.h"
 #include "platform/foundation/Locations.h"
 #include "platform/foundation/ProgramLocations.h"
@@ -92,7 +93,8 @@ Plan Planner::emptyPlan() const {
     plan.again = midnightAfter(now_);
     plan.stop = text(kStopKey);
     plan.snooze = text(kSnoozeKey);
-    plan.keeper = isGnomeConnected() ? "GNOME" : "";
+    plan.keeper =
+        isGnomeConnected(EKEventStore().defaultCalendarForNewEvents().calendarIdentifier) ? "GNOME" : "";
     return plan;
 }
 

@@ -40,6 +40,7 @@ ServiceFiles filesOf(const RingOptions& options) {
     ServiceFiles files;
     files.data = options.data.empty() ? userDataDirectory().value_or("") : options.data;
     files.calendar = options.calendar.empty() ? files.data + "/calendar" : options.calendar;
+    files.gnome = userConfigDirectory().value_or("") + "/evolution/sources";
     files.planner = {helpers + "/zorel-ring-plan"};
     files.planner.insert(files.planner.end(), options.forPlanner.begin(), options.forPlanner.end());
     files.player = helpers + "/zorel-ring-play";
@@ -88,6 +89,7 @@ int runLoop(const ServiceFiles& files, sd_bus* bus) {
 
 /// The alarms of one data folder ring once, whatever sessions their user has.
 int waitForAlarms(const RingOptions& options) {
+    prctl(PR_SET_NAME, "zorel-ring"); // one that was started by another has a name of the kernel's
     // A capability of the file stays with this process, and none of its children can gain any.
     prctl(PR_SET_NO_NEW_PRIVS, 1, 0, 0, 0);
     const ServiceFiles files = filesOf(options);

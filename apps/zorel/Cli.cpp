@@ -49,9 +49,15 @@ const std::map<std::string, Command>& commands() {
         {"alarms ringtone", runAlarmsRingtone},
         {"alarms duration", runAlarmsDuration},
         {"alarms refresh", runAlarmsRefresh},
+        {"alarms skip", runAlarmsSkip},
+        {"alarms pause", runAlarmsPause},
+        {"alarms check", runAlarmsCheck},
+        {"alarms clear", runAlarmsClear},
         {"alarms test", runAlarmsTest},
         {"alarms stop", runAlarmsStop},
         {"alarms connect", runAlarmsConnect},
+        {"export", runExport},
+        {"import", runImport},
         {"widget", runWidget},
     };
     return table;
@@ -86,8 +92,10 @@ Instant pretendedNow(const std::string& text) {
     return Instant(std::chrono::duration_cast<Instant::duration>(instant.time_since_epoch()));
 }
 
+/// Whether a command wants the user's data to be readable. The check says itself what is not.
 bool usesPane(const std::string& command) {
-    return command.starts_with("cities") || command.starts_with("alarms");
+    return command.starts_with("cities") || command == "export" || command == "import" ||
+           (command.starts_with("alarms") && command != "alarms check");
 }
 
 Exit printDescription(const Options& options, Streams& streams) {

@@ -33,6 +33,8 @@ struct AlarmStatus {
     /// When it should ring: the home city's next time with the offset. Nothing when it is off, when there is
     /// no such time and when the home city's times cannot be told.
     std::optional<almanac::Instant> due;
+    /// When it would ring next, had the person not left that out.
+    std::optional<almanac::Instant> skipped;
     std::string reason; ///< of `failed`, for people
 
     [[nodiscard]] std::int32_t prayerId() const { return almanac::identityOf(prayer).id; }
@@ -48,14 +50,16 @@ enum class AlarmTrouble : std::uint8_t {
     unreadableCatalogue, ///< no alarm was touched
     unknownHome,         ///< the catalogue does not have the home city; no alarm was touched
     unreadableCalendar,
-    leftovers, ///< the calendar holds events of alarms that are off, and does not let them go
+    unpublished, ///< a calendar program that rings in our place does not know what the calendar says
+    leftovers,   ///< the calendar holds events of alarms that are off, and does not let them go
 };
 
 struct AlarmReport {
     AlarmTrouble trouble = AlarmTrouble::none;
     std::string reason; ///< of the trouble, for people
     HomePlace home;
-    std::array<AlarmStatus, 6> alarms; ///< in the order of a day
+    std::optional<almanac::Instant> pausedUntil; ///< no alarm rings before; nothing: there is no pause
+    std::array<AlarmStatus, 6> alarms;           ///< in the order of a day
 
     /// @param prayerId 200 to 205.
     [[nodiscard]] const AlarmStatus& of(std::int32_t prayerId) const;

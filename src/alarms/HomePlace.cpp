@@ -3,7 +3,6 @@
 
 #include "common/GlobalFuncs.h"
 #include "store/AlmanacPlace.h"
-#include "store/CatalogueLookup.h"
 
 #include <fmt/format.h>
 
@@ -17,9 +16,10 @@ HomePlace homePlaceOf(const GlobalFuncs& glbFuncs, const std::vector<UserCity>& 
     HomePlace home;
     home.cityId = integerValue(cities[*position].cityId);
     bool readable = false;
-    if (const auto row = placeById(glbFuncs, home.cityId, readable)) {
+    home.row = placeById(glbFuncs, home.cityId, readable);
+    if (home.row) {
         home.state = HomeState::known;
-        home.place = almanacPlace(*row);
+        home.place = almanacPlace(*home.row);
     } else if (readable) {
         home.state = HomeState::notInCatalogue;
         home.reason = fmt::format("the catalogue has no city {}", home.cityId);

@@ -4,6 +4,7 @@
 #pragma once
 
 #include "almanac/Place.h"
+#include "store/CatalogueLookup.h"
 #include "store/UserCities.h"
 
 #include <cstdint>
@@ -25,6 +26,7 @@ struct HomePlace {
     HomeState state = HomeState::none;
     std::int32_t cityId = 0;             ///< catalogue id; 0 without a home city
     std::optional<almanac::Place> place; ///< when known
+    std::optional<CataloguePlace> row;   ///< of the catalogue, when known
     std::string reason;                  ///< why it is not known, for people; empty when known or none
 };
 

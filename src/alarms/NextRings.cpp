@@ -3,6 +3,8 @@
 
 #include "platform/foundation/Clock.h"
 
+#include <algorithm>
+
 namespace zorel {
 namespace {
 
@@ -33,7 +35,15 @@ void takeEarlier(std::optional<almanac::Instant>& first, almanac::Instant one) {
 
 } // namespace
 
-AlarmDays::AlarmDays(const almanac::Place& place, almanac::Instant now) : now_(now) {
+std::optional<almanac::Instant> instantOf(std::optional<std::int64_t> seconds) {
+    return seconds ? std::optional(almanac::Instant(std::chrono::seconds(*seconds))) : std::nullopt;
+}
+
+std::optional<almanac::Instant> silentUntil(const UserRows& rows, const AlarmRow& row) {
+    return instantOf(std::max(rows.pausedUntil, row.silentUntil)); // nothing is less than any instant
+}
+
+AlarmDays::AlarmDays(const almanac::Place& place, almanac::Instant now) : place_(place), now_(now) {
     const almanac::Almanac almanac(place);
     const almanac::Date today = place.clock.dateAt(now);
     almanac::Memory memory;
@@ -43,7 +53,22 @@ AlarmDays::AlarmDays(const almanac::Place& place, almanac::Instant now) : now_(n
     }
 }
 
-NextRings AlarmDays::nextRings(almanac::Prayer prayer, std::int32_t offset) const {
+NextRings AlarmDays::nextRings(almanac::Prayer prayer, std::int32_t offset,
+                               std::optional<almanac::Instant> notBefore) const {
+    const NextRings usual = afterPresent(prayer, offset);
+    const bool isSilent =
+        notBefore && usual.next && *usual.next < *notBefore && *notBefore <= now_ + kLongestSilence;
+    if (!isSilent) {
+        return usual;
+    }
+    NextRings later = AlarmDays(place_, *notBefore - std::chrono::seconds(1)).afterPresent(prayer, offset);
+    const bool isFarEnough = later.next && *later.next >= now_ + kMarginAfterEdit;
+    later.afterMargin = isFarEnough ? later.next : usual.afterMargin;
+    later.skipped = usual.next;
+    return later;
+}
+
+NextRings AlarmDays::afterPresent(almanac::Prayer prayer, std::int32_t offset) const {
     NextRings rings;
     for (const almanac::Day& day : days_) {
         const almanac::DayTime& time = day[prayer];

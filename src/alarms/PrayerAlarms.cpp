@@ -31,7 +31,8 @@ struct Scene {
 
     [[nodiscard]] NextRings ringsOf(const AlarmRow& row) const {
         const auto prayer = almanac::prayerOfId(row.prayerId());
-        return days && prayer && row.active ? days->nextRings(*prayer, row.minute) : NextRings{};
+        return days && prayer && row.active ? days->nextRings(*prayer, row.minute, silentUntil(rows, row))
+                                            : NextRings{};
     }
 };
 
@@ -128,9 +129,9 @@ std::string placeEvent(const Scene& scene, const GlobalFuncs& glbFuncs, Database
 }
 
 std::string settleActive(const Scene& scene, const GlobalFuncs& glbFuncs, DatabaseFunctions& dbFuncs,
-                         const AlarmRow& row, bool edited) {
+                         const AlarmRow& row, std::optional<Soonest> edited) {
     const NextRings rings = scene.ringsOf(row);
-    const auto& wanted = edited ? rings.afterMargin : rings.next;
+    const auto& wanted = edited == Soonest::afterMargin ? rings.afterMargin : rings.next;
     if (!wanted) {
         return removeEvent(scene, dbFuncs, row);
     }
@@ -139,14 +140,14 @@ std::string settleActive(const Scene& scene, const GlobalFuncs& glbFuncs, Databa
     if (!error.empty()) {
         return error;
     }
-    const NextRings allowed = edited ? NextRings{wanted, wanted} : rings;
+    const NextRings allowed = edited ? NextRings{wanted, wanted, std::nullopt} : rings;
     return event && isRight(*event, allowed) ? std::string()
                                              : placeEvent(scene, glbFuncs, dbFuncs, row, *wanted);
 }
 
 /// While the home city's times cannot be told, what is on stays as it is.
 std::string settle(const Scene& scene, const GlobalFuncs& glbFuncs, DatabaseFunctions& dbFuncs,
-                   const AlarmRow& row, bool edited) {
+                   const AlarmRow& row, std::optional<Soonest> edited) {
     if (!row.active || scene.home.state == HomeState::none) {
         return removeEvent(scene, dbFuncs, row);
     }
@@ -196,6 +197,7 @@ void tellEvent(const Scene& scene, const EKEvent& event, const NextRings& rings,
 void tellActive(const Scene& scene, const AlarmRow& row, AlarmStatus& status) {
     const NextRings rings = scene.ringsOf(row);
     status.due = rings.next;
+    status.skipped = rings.skipped;
     std::string error;
     const auto event = scene.store.eventWithIdentifier(idOf(row), &error);
     if (!error.empty()) {
@@ -236,7 +238,7 @@ void tellHome(AlarmReport& report) {
     report.reason = report.home.reason;
 }
 
-/// Events of this database that no alarm has would ring all the same.
+/// Events of this database that no alarm has would ring all the same, whatever home city there is.
 void tellCalendar(const Scene& scene, AlarmReport& report) {
     std::string error;
     const auto known = eventsOfActiveAlarms(scene.rows);
@@ -250,6 +252,9 @@ void tellCalendar(const Scene& scene, AlarmReport& report) {
     } else if (isLeft) {
         report.trouble = AlarmTrouble::leftovers;
         report.reason = "the calendar holds an event that belongs to no alarm that is on";
+    } else if (!scene.store.isPublished(&error)) {
+        report.trouble = AlarmTrouble::unpublished;
+        report.reason = error;
     }
 }
 
@@ -271,13 +276,15 @@ AlarmReport tell(const Scene& scene, const Refusals& refusals) {
     }
     AlarmReport report;
     report.home = scene.home;
+    if (const auto until = instantOf(scene.rows.pausedUntil);
+        until && *until > scene.now && *until <= scene.now + kLongestSilence) {
+        report.pausedUntil = until;
+    }
     for (std::size_t index = 0; index < kAlarms; ++index) {
         report.alarms[index] = statusOf(scene, scene.rows.alarms[index], refusals[index]);
     }
     tellHome(report);
-    if (report.trouble == AlarmTrouble::none) {
-        tellCalendar(scene, report);
-    }
+    tellCalendar(scene, report);
     return report;
 }
 
@@ -288,7 +295,7 @@ AlarmReport PrayerAlarms::report() const {
     return tell(lookAround(glbFuncs_, dbFuncs_), {});
 }
 
-AlarmReport PrayerAlarms::reconcile(std::optional<std::int32_t> edited) {
+AlarmReport PrayerAlarms::reconcile(std::optional<std::int32_t> edited, Soonest soonest) {
     const UserLock lock(dbFuncs_.userDBPath(), LockKind::exclusive);
     if (!lock.isHeld()) {
         return unreadable(
@@ -299,12 +306,17 @@ AlarmReport PrayerAlarms::reconcile(std::optional<std::int32_t> edited) {
     if (scene.rows.result.isDone()) {
         for (std::size_t index = 0; index < kAlarms; ++index) {
             const AlarmRow& row = scene.rows.alarms[index];
-            refusals[index] = settle(scene, glbFuncs_, dbFuncs_, row, row.prayerId() == edited);
+            refusals[index] = settle(scene, glbFuncs_, dbFuncs_, row,
+                                     row.prayerId() == edited ? std::optional(soonest) : std::nullopt);
             if (!refusals[index].empty()) {
                 dbFuncs_.logTrouble("reconcile", refusals[index]);
             }
         }
         sweep(scene, dbFuncs_);
+    }
+    // Once, at the end: what another program reads in between would ring.
+    if (std::string error; !scene.store.publish(&error)) {
+        dbFuncs_.logTrouble("publish", error);
     }
     return tell(lookAround(glbFuncs_, dbFuncs_), refusals);
 }

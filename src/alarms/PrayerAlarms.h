@@ -10,6 +10,12 @@
 
 namespace zorel {
 
+/// How soon an alarm that a person has just changed may ring.
+enum class Soonest : std::uint8_t {
+    afterMargin, ///< not within kMarginAfterEdit
+    next,
+};
+
 class DatabaseFunctions;
 class GlobalFuncs;
 
@@ -33,9 +39,10 @@ public:
 
     /// Places, moves and removes events until they fit, sweeps this database's events that no alarm has, and
     /// reports what the alarms then do. Doing it again changes nothing. Under the user's lock.
-    /// @param edited prayer id of an alarm that a person has just changed: it is not placed within
-    /// kMarginAfterEdit.
-    AlarmReport reconcile(std::optional<std::int32_t> edited = std::nullopt);
+    /// @param edited prayer id of an alarm that a person has just changed: it stands nowhere but at its
+    /// soonest time, while others may have been placed beyond kMarginAfterEdit and stay there.
+    AlarmReport reconcile(std::optional<std::int32_t> edited = std::nullopt,
+                          Soonest soonest = Soonest::afterMargin);
 
 private:
     const GlobalFuncs& glbFuncs_;

@@ -1,7 +1,8 @@
 // SPDX-License-Identifier: Apache-2.0
 #include "alarms/UserActions.h"
 
-#include "alarms/PrayerAlarms.h"
+#include "alarms/NextRings.h"
+#include "platform/foundation/Clock.h"
 #include "platform/foundation/NumberText.h"
 #include "store/DatabaseFunctions.h"
 #include "store/UserStatements.h"
@@ -46,28 +47,51 @@ ActionResult failed(const StoreResult& result) {
     return {busy ? ActionState::busy : ActionState::unstorable, result.reason, std::nullopt};
 }
 
-/// Whether the calendar says what was asked for: of the alarm that the action is about, else of all.
-bool isAsAsked(const AlarmReport& report, std::optional<std::int32_t> edited) {
-    if (!edited) {
-        return report.isGood();
-    }
-    const AlarmStatus& alarm = report.of(*edited);
-    if (!alarm.info.active) {
-        return alarm.state == AlarmState::off && report.trouble != AlarmTrouble::leftovers &&
-               report.trouble != AlarmTrouble::unreadableCalendar;
-    }
-    return report.home.place && (alarm.state == AlarmState::rings || alarm.state == AlarmState::noSuchTime);
-}
-
-std::string complaintOf(const AlarmReport& report, std::optional<std::int32_t> edited) {
-    const std::string ofAlarm = edited ? report.of(*edited).reason : std::string();
+std::string complaintOf(const AlarmReport& report, std::optional<std::int32_t> prayerId) {
+    const std::string ofAlarm = prayerId ? report.of(*prayerId).reason : std::string();
     return ofAlarm.empty() ? report.complaint() : ofAlarm;
 }
+
+/// No event of ours is in the calendar, or in what is made of it, without belonging to an alarm.
+bool isSwept(const AlarmReport& report) {
+    return report.trouble != AlarmTrouble::leftovers && report.trouble != AlarmTrouble::unpublished &&
+           report.trouble != AlarmTrouble::unreadableCalendar && report.trouble != AlarmTrouble::busy &&
+           report.trouble != AlarmTrouble::unreadableRows;
+}
+
+bool isOff(const AlarmStatus& alarm) {
+    return alarm.state == AlarmState::off;
+}
+
+/// Prayers return to their times within the day, up to the minutes that they drift and the hour that a clock
+/// change moves them.
+constexpr std::chrono::hours kHalfDay{12};
 
 } // namespace
 
 bool isStorableRingtone(const std::string& name) {
     return name.find('\'') == std::string::npos;
+}
+
+void UserActions::Plan::concern(std::int32_t id, Soonest rings) {
+    movesAlarms = true;
+    prayerId = id;
+    soonest = rings;
+}
+
+bool UserActions::isAsAsked(const AlarmReport& report, const Plan& plan) {
+    if (plan.aim == Aim::silence) {
+        return isSwept(report) && std::ranges::all_of(report.alarms, isOff);
+    }
+    if (!plan.prayerId) {
+        return report.isGood();
+    }
+    const AlarmStatus& alarm = report.of(*plan.prayerId);
+    if (!alarm.info.active) {
+        return isOff(alarm) && isSwept(report);
+    }
+    return report.home.place && report.trouble != AlarmTrouble::unpublished &&
+           (alarm.state == AlarmState::rings || alarm.state == AlarmState::noSuchTime);
 }
 
 ActionResult UserActions::perform(const Planner& planner) {
@@ -95,11 +119,11 @@ ActionResult UserActions::perform(const Planner& planner) {
 }
 
 ActionResult UserActions::follow(const Plan& plan, const UserRows& before) {
-    AlarmReport report = PrayerAlarms(glbFuncs_, dbFuncs_).reconcile(plan.edited);
-    if (isAsAsked(report, plan.edited)) {
+    AlarmReport report = PrayerAlarms(glbFuncs_, dbFuncs_).reconcile(plan.prayerId, plan.soonest);
+    if (isAsAsked(report, plan)) {
         return {ActionState::done, {}, std::move(report)};
     }
-    const std::string reason = complaintOf(report, plan.edited);
+    const std::string reason = complaintOf(report, plan.prayerId);
     if (plan.statements.empty()) {
         return {ActionState::refused, reason, std::move(report)};
     }
@@ -186,8 +210,7 @@ ActionResult UserActions::switchOn(std::int32_t prayerId, const std::function<vo
             plan.reason = "a ringtone's name must not hold an apostrophe";
         }
         plan.statements = {statements::defineAlarm(row.timeId, chosen, row.prayerTime.value_or(0.0))};
-        plan.movesAlarms = true;
-        plan.edited = prayerId;
+        plan.concern(prayerId, Soonest::afterMargin);
         return plan;
     });
 }
@@ -195,9 +218,9 @@ ActionResult UserActions::switchOn(std::int32_t prayerId, const std::function<vo
 ActionResult UserActions::switchOff(std::int32_t prayerId) {
     return perform([prayerId](const UserRows& rows) {
         Plan plan;
-        plan.statements = {statements::setActive(rowOf(rows, prayerId).timeId, false)};
-        plan.movesAlarms = true;
-        plan.edited = prayerId;
+        plan.statements = statements::setSilence(prayerId, std::nullopt);
+        plan.statements.push_back(statements::setActive(rowOf(rows, prayerId).timeId, false));
+        plan.concern(prayerId, Soonest::afterMargin);
         return plan;
     });
 }
@@ -224,16 +247,107 @@ ActionResult UserActions::setDuration(std::int32_t prayerId, std::int32_t durati
 ActionResult UserActions::changeStored(std::int32_t prayerId, const std::string& statement) {
     return perform([&](const UserRows& rows) {
         Plan plan;
-        if (rows.cities.empty()) {
-            plan.state = ActionState::noHome;
-            plan.reason = "there is no home city whose times an alarm could follow";
-        } else if (!rowOf(rows, prayerId).active) {
-            plan.state = ActionState::alarmIsOff;
-            plan.reason = "an alarm that is off keeps no changes";
-        }
+        requireOn(rows, prayerId, plan);
         if (!statement.empty()) {
             plan.statements = {statement};
         }
+        return plan;
+    });
+}
+
+void UserActions::requireOn(const UserRows& rows, std::int32_t prayerId, Plan& plan) {
+    if (rows.cities.empty()) {
+        plan.state = ActionState::noHome;
+        plan.reason = "there is no home city whose times an alarm could follow";
+    } else if (!rowOf(rows, prayerId).active) {
+        plan.state = ActionState::alarmIsOff;
+        plan.reason = "an alarm that is off keeps no changes";
+    }
+}
+
+/// What lies half a day behind the time that is left out is the time after it, whatever becomes of the alarm.
+void UserActions::planSkip(const UserRows& rows, std::int32_t prayerId, Plan& plan) const {
+    const HomePlace home = homePlaceOf(glbFuncs_, rows.cities);
+    const auto prayer = almanac::prayerOfId(prayerId);
+    if (!home.place || !prayer) {
+        plan.state = ActionState::refused;
+        plan.reason = home.reason;
+        return;
+    }
+    const AlarmDays days(*home.place, std::chrono::floor<std::chrono::seconds>(now()));
+    const auto next = days.nextRings(*prayer, rowOf(rows, prayerId).minute, instantOf(rows.pausedUntil)).next;
+    if (!next) {
+        plan.state = ActionState::noNextTime;
+        plan.reason = "its prayer has no time within the next two days";
+        return;
+    }
+    plan.statements = statements::setSilence(prayerId, (*next + kHalfDay).time_since_epoch().count());
+}
+
+ActionResult UserActions::skipNext(std::int32_t prayerId) {
+    return perform([&](const UserRows& rows) {
+        Plan plan;
+        plan.concern(prayerId, Soonest::next);
+        requireOn(rows, prayerId, plan);
+        if (plan.state == ActionState::done) {
+            planSkip(rows, prayerId, plan);
+        }
+        return plan;
+    });
+}
+
+ActionResult UserActions::undoSkip(std::int32_t prayerId) {
+    return perform([&](const UserRows& rows) {
+        Plan plan;
+        plan.concern(prayerId, Soonest::next);
+        requireOn(rows, prayerId, plan);
+        plan.statements = statements::setSilence(prayerId, std::nullopt);
+        return plan;
+    });
+}
+
+ActionResult UserActions::pauseUntil(std::optional<almanac::Instant> until) {
+    return perform([&](const UserRows& rows) {
+        Plan plan;
+        plan.movesAlarms = true;
+        if (rows.cities.empty()) {
+            plan.state = ActionState::noHome;
+            plan.reason = "there is no home city whose times an alarm could follow";
+        }
+        plan.statements =
+            statements::setSilence(statements::kPauseSetting,
+                                   until ? std::optional(until->time_since_epoch().count()) : std::nullopt);
+        return plan;
+    });
+}
+
+ActionResult UserActions::clear() {
+    return perform([](const UserRows& rows) {
+        Plan plan;
+        plan.movesAlarms = true;
+        plan.aim = Aim::silence;
+        switchAllOff(rows, plan.statements);
+        return plan;
+    });
+}
+
+ActionResult UserActions::replaceAll(const UserRows& wanted) {
+    return perform([&](const UserRows& rows) {
+        UserRows after = rows;
+        after.cities = wanted.cities;
+        after.pausedUntil = wanted.pausedUntil;
+        for (std::size_t index = 0; index < kAlarms; ++index) {
+            const AlarmRow& row = wanted.alarms[index];
+            AlarmRow& place = after.alarms[index];
+            place.minute = row.minute;
+            place.active = row.active;
+            place.melodyTime = row.melodyTime;
+            place.melodyName = row.melodyName;
+            place.silentUntil.reset();
+        }
+        Plan plan;
+        plan.movesAlarms = true;
+        plan.statements = statementsToRestore(after, rows);
         return plan;
     });
 }

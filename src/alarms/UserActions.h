@@ -4,6 +4,7 @@
 #pragma once
 
 #include "alarms/AlarmReport.h"
+#include "alarms/PrayerAlarms.h"
 #include "store/UserRows.h"
 
 #include <cstdint>
@@ -23,6 +24,7 @@ enum class ActionState : std::uint8_t {
     notListed,     ///< the city is not in the list; nothing was changed
     noHome,        ///< there is no city whose times an alarm could follow; nothing was changed
     alarmIsOff,    ///< an alarm that is off keeps no changes; nothing was changed
+    noNextTime,    ///< its prayer has no time that could be left out; nothing was changed
     badName,       ///< a ringtone's name holds an apostrophe; nothing was changed
     busy,          ///< another program was at work for longer than one waits; nothing was changed
     unstorable,    ///< the user database cannot be read or written; nothing was changed
@@ -76,20 +78,50 @@ public:
     ActionResult setRingtone(std::int32_t prayerId, const std::string& name);
     /// @param duration index of the ringing duration, 0 to 7.
     ActionResult setDuration(std::int32_t prayerId, std::int32_t duration);
+    /// Leaves out what an alarm would ring next, once; whatever its offset and the home city become
+    /// meanwhile. Doing it again changes nothing.
+    ActionResult skipNext(std::int32_t prayerId);
+    ActionResult undoSkip(std::int32_t prayerId);
+    /// Leaves out what every alarm would ring before an instant; nothing: no longer.
+    ActionResult pauseUntil(std::optional<almanac::Instant> until);
     /// Moves every alarm to where it should be; `refused` when one that is on does not ring then.
     ActionResult refresh();
 
+    // All at once.
+
+    /// Switches every alarm off and takes all events of this user database out of the calendar, whatever
+    /// state the catalogue is in. What was chosen for the alarms stays.
+    ActionResult clear();
+    /// Puts other cities, choices and a pause in the place of all that are there.
+    /// @param wanted its cities without repetition, one of them marked as home unless there are none; of its
+    /// alarms what a person chooses. Alarms without a city must be off.
+    ActionResult replaceAll(const UserRows& wanted);
+
 private:
+    /// What the calendar has to say for an action to be done.
+    enum class Aim : std::uint8_t {
+        rings,   ///< every alarm that is on, or the one that the action is about, is as it should be
+        silence, ///< no event of ours is left
+    };
     /// What an action is made of. Nothing is planned beyond a state that is not `done`.
     struct Plan {
         ActionState state = ActionState::done;
         std::string reason;
         std::vector<std::string> statements;
-        bool movesAlarms = false;                          ///< the calendar has to follow
-        std::optional<std::int32_t> edited = std::nullopt; ///< prayer id of the one alarm that it is about
+        bool movesAlarms = false; ///< the calendar has to follow
+        Aim aim = Aim::rings;
+        std::optional<std::int32_t> prayerId = std::nullopt; ///< of the one alarm
+        Soonest soonest = Soonest::afterMargin;              ///< of it
+
+        /// What it is about is one alarm.
+        void concern(std::int32_t id, Soonest rings);
     };
     using Planner = std::function<Plan(const UserRows&)>;
 
+    [[nodiscard]] static bool isAsAsked(const AlarmReport& report, const Plan& plan);
+    /// Fails the plan of what concerns an alarm that is off or has no city.
+    static void requireOn(const UserRows& rows, std::int32_t prayerId, Plan& plan);
+    void planSkip(const UserRows& rows, std::int32_t prayerId, Plan& plan) const;
     ActionResult perform(const Planner& planner);
     ActionResult follow(const Plan& plan, const UserRows& before);
     ActionResult putBack(const UserRows& before, const std::string& reason);

@@ -16,14 +16,30 @@ constexpr std::int32_t kFirstAlarm = 200; ///< prayer id of the first row
 
 } // namespace
 
-QString AlarmRows::ringText(almanac::Instant instant) const {
+QString AlarmRows::momentText(const char* phrase, almanac::Instant instant) const {
     const TodayTexts& texts = today_.texts();
     const almanac::PlaceClock& clock = today_.place()->clock;
     const almanac::LocalTime local = clock.localTime(instant);
     const almanac::Date today = clock.dateAt(std::chrono::floor<std::chrono::seconds>(now()));
     const QString day = texts.dayOf(local.date, today);
-    const QString at = texts.clock(local);
-    return texts.words()("rings").arg(day.isEmpty() ? texts.words()("todayWord") : day, at);
+    return texts.words()(phrase).arg(day.isEmpty() ? texts.words()("todayWord") : day, texts.clock(local));
+}
+
+QString AlarmRows::ringText(almanac::Instant instant) const {
+    return momentText("rings", instant);
+}
+
+QString AlarmRows::ringAndSilence(const AlarmStatus& alarm) const {
+    const QString text = ringText(*alarm.ringsAt);
+    if (!alarm.skipped) {
+        return text;
+    }
+    const auto pause = pane_.alarms().pausedUntil;
+    const QString leftOut = pause ? today_.texts()
+                                        .words()("pausedUntil")
+                                        .arg(today_.texts().longDate(today_.place()->clock.dateAt(*pause)))
+                                  : momentText("skips", *alarm.skipped);
+    return text + QStringLiteral(" · ") + leftOut;
 }
 
 /// The next day of half a year on which the Sun does what the prayer asks for.
@@ -47,7 +63,7 @@ QString AlarmRows::textOf(const AlarmStatus& alarm) const {
     case AlarmState::off:
         return words("off");
     case AlarmState::rings:
-        return ringText(*alarm.ringsAt);
+        return ringAndSilence(alarm);
     case AlarmState::passed:
         return words("passed");
     case AlarmState::noSuchTime:

@@ -52,6 +52,10 @@ signals:
 
 private:
     [[nodiscard]] QString textOf(const AlarmStatus& alarm) const;
+    /// When it rings, and what is left out until then.
+    [[nodiscard]] QString ringAndSilence(const AlarmStatus& alarm) const;
+    /// @param phrase word of a sentence with a day and a time in it.
+    [[nodiscard]] QString momentText(const char* phrase, almanac::Instant instant) const;
     [[nodiscard]] QString absenceText(almanac::Prayer prayer) const;
 
     ZorelSettingsController& pane_;

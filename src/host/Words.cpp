@@ -55,6 +55,8 @@ constexpr Entry kTable[] = {
     // Alarms.
     {"off", "off", "kapalı"},
     {"rings", "rings %1 %2", "%1 %2 çalar"},
+    {"skips", "skips %1 %2", "%1 %2 atlanır"},
+    {"pausedUntil", "paused until %1", "%1 gününe kadar duraklatıldı"},
     {"todayWord", "today", "bugün"},
     {"noTimeUntil", "no such time until %1", "%1 gününe kadar bu vakit yok"},
     {"noSuchTimeAhead", "no such time ahead", "bu vakit yok"},

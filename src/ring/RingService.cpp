@@ -21,6 +21,7 @@ std::vector<Watch::Place> watchedPlaces(const ServiceFiles& files) {
     return {{files.data, {"user.sqlite", "user.sqlite-journal"}, ""},
             {files.calendar, {}, ".ics"},
             {files.calendar.substr(0, slash), {calendar, calendar + ".ics"}, ""},
+            {files.gnome, {}, ".source"},
             {"/etc", {"localtime", "timezone"}, ""}};
 }
 

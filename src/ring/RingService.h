@@ -21,6 +21,7 @@ struct ServiceFiles {
     std::string player;               ///< program that plays a ringtone
     std::string data;                 ///< folder of the user database
     std::string calendar;             ///< folder of the events
+    std::string gnome;                ///< folder of the calendars that GNOME knows of; empty: not watched
 };
 
 /// The loop of the ring service. It reads no alarm itself: a program that lives for some milliseconds brings

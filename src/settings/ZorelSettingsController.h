@@ -151,6 +151,8 @@ private:
     void deleteCity(int row);
     [[nodiscard]] std::string alarmPart(std::int32_t prayerId) const;
     [[nodiscard]] std::string ringText(const AlarmStatus& alarm) const;
+    [[nodiscard]] std::string silenceText(const AlarmStatus& alarm) const;
+    [[nodiscard]] std::string momentText(almanac::Instant instant) const;
     /// What is said of an action that was not done; "" when it was.
     [[nodiscard]] std::string messageFor(const ActionResult& result) const;
     [[nodiscard]] std::string listMessage() const;

@@ -41,6 +41,8 @@ constexpr std::int32_t kOnThisDeviceKey = 1057;
 constexpr std::int32_t kPassedKey = 1058;
 constexpr std::int32_t kWillNotRingKey = 1059;
 constexpr std::int32_t kUnknownCityKey = 1063;
+constexpr std::int32_t kSkipsKey = 1065;
+constexpr std::int32_t kPausedKey = 1066;
 
 std::string minuteText(const almanac::LocalTime& time) {
     return almanac::clockText(time.timeOfDay, almanac::Precision::minutes);
@@ -239,7 +241,7 @@ std::string ZorelSettingsController::alarmPart(std::int32_t prayerId) const {
     const AlarmStatus& alarm = alarms().of(prayerId);
     switch (alarm.state) {
     case AlarmState::rings:
-        return textForKey(*glbFuncs_, kAlarmKey) + ' ' + ringText(alarm);
+        return joined({textForKey(*glbFuncs_, kAlarmKey) + ' ' + ringText(alarm), silenceText(alarm)});
     case AlarmState::passed:
         return textForKey(*glbFuncs_, kPassedKey);
     case AlarmState::failed:
@@ -250,9 +252,29 @@ std::string ZorelSettingsController::alarmPart(std::int32_t prayerId) const {
 }
 
 std::string ZorelSettingsController::ringText(const AlarmStatus& alarm) const {
+    return momentText(*alarm.ringsAt);
+}
+
+/// What is left out until it rings.
+std::string ZorelSettingsController::silenceText(const AlarmStatus& alarm) const {
+    if (!alarm.skipped) {
+        return {};
+    }
+    const auto pause = alarms().pausedUntil;
+    const almanac::PlaceClock clock = homePlace_ ? homePlace_->clock : almanac::PlaceClock::ofMachine();
+    std::string text = textForKey(*glbFuncs_, pause ? kPausedKey : kSkipsKey);
+    const auto at = text.find("%@");
+    return at == std::string::npos
+               ? text
+               : text.replace(at, 2,
+                              pause ? almanac::isoDate(clock.dateAt(*pause)) : momentText(*alarm.skipped));
+}
+
+/// By the home city's clock, with this device's beside it where that is another.
+std::string ZorelSettingsController::momentText(almanac::Instant instant) const {
     const almanac::PlaceClock here = almanac::PlaceClock::ofMachine();
     const almanac::PlaceClock& clock = homePlace_ ? homePlace_->clock : here;
-    const almanac::LocalTime there = clock.localTime(*alarm.ringsAt);
+    const almanac::LocalTime there = clock.localTime(instant);
     const std::int64_t days = almanac::daysBetween(currentDate(), there.date);
     std::string text = minuteText(there);
     if (days == 1) {
@@ -260,7 +282,7 @@ std::string ZorelSettingsController::ringText(const AlarmStatus& alarm) const {
     } else if (days != 0) {
         text = almanac::isoDate(there.date) + ' ' + text;
     }
-    const almanac::LocalTime local = here.localTime(*alarm.ringsAt);
+    const almanac::LocalTime local = here.localTime(instant);
     if (local.offset != there.offset) {
         text += fmt::format(" ({} {})", minuteText(local), textForKey(*glbFuncs_, kOnThisDeviceKey));
     }

@@ -8,6 +8,9 @@
 #include <fmt/format.h>
 #include <sqlite3.h>
 
+#include <algorithm>
+#include <iterator>
+
 namespace zorel {
 namespace {
 
@@ -62,6 +65,31 @@ StoreResult readAlarms(const UserReader& reader, std::array<AlarmRow, kAlarms>& 
         }
     }
     return {StoreState::done, {}};
+}
+
+/// An instant of a row of settings; nothing where it holds no whole number that can be one.
+std::optional<std::int64_t> instantOf(const Statement& row, int column) {
+    constexpr double latest = 253'402'300'800; // the year 10000
+    const auto text = textOrNull(row, column);
+    const double seconds = text ? doubleValue(*text) : 0.0;
+    return seconds > 0.0 && seconds < latest ? std::optional(static_cast<std::int64_t>(seconds))
+                                             : std::nullopt;
+}
+
+StoreResult readSilences(const UserReader& reader, UserRows& rows) {
+    return reader.forEachRow(
+        fmt::format("SELECT SETTINGID, PARAM1 FROM USER_SETTINGS WHERE SETTINGID IN ({}, 200, 201, 202, 203, "
+                    "204, 205)",
+                    statements::kPauseSetting),
+        [&](const Statement& row) {
+            const std::int32_t settingId = integerValue(row.text(0));
+            if (settingId == statements::kPauseSetting) {
+                rows.pausedUntil = instantOf(row, 1);
+            } else {
+                rows.alarms.at(static_cast<std::size_t>(settingId - kFirstAlarmPrayerId)).silentUntil =
+                    instantOf(row, 1);
+            }
+        });
 }
 
 bool sameCities(const std::vector<UserCity>& left, const std::vector<UserCity>& right) {
@@ -141,6 +169,9 @@ UserRows storedUserRows(const std::string& path) {
     if (rows.result.isDone()) {
         rows.result = readAlarms(reader, rows.alarms);
     }
+    if (rows.result.isDone()) {
+        rows.result = readSilences(reader, rows);
+    }
     return rows;
 }
 
@@ -161,9 +192,16 @@ std::vector<std::string> statementsToRestore(const UserRows& before, const UserR
     std::vector<std::string> statements;
     restoreCities(before, now, statements);
     for (std::size_t index = 0; index < kAlarms; ++index) {
-        if (before.alarms[index] != now.alarms[index]) {
-            statements.push_back(restoreAlarm(before.alarms[index]));
+        const AlarmRow& row = before.alarms[index];
+        if (row != now.alarms[index]) {
+            statements.push_back(restoreAlarm(row));
+            std::ranges::move(statements::setSilence(row.prayerId(), row.silentUntil),
+                              std::back_inserter(statements));
         }
+    }
+    if (before.pausedUntil != now.pausedUntil) {
+        std::ranges::move(statements::setSilence(statements::kPauseSetting, before.pausedUntil),
+                          std::back_inserter(statements));
     }
     return statements;
 }

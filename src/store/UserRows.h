@@ -29,6 +29,8 @@ struct AlarmRow {
     std::optional<std::string> melodyName;
     std::optional<double> prayerTime; ///< [h]
     std::optional<std::string> eventId;
+    /// The person leaves out what it would ring before this instant [s since the beginning of 1970].
+    std::optional<std::int64_t> silentUntil = std::nullopt;
 
     [[nodiscard]] std::int32_t prayerId() const { return timeId + kTimeIdOffset; }
     /// What an alarm's editor shows of it.
@@ -39,6 +41,8 @@ struct AlarmRow {
 struct UserRows {
     std::vector<UserCity> cities; ///< in the order of the list
     std::array<AlarmRow, kAlarms> alarms;
+    /// No alarm rings before this instant [s since the beginning of 1970].
+    std::optional<std::int64_t> pausedUntil = std::nullopt;
     StoreResult result; ///< done: all of it was read, and every alarm has its row
 };
 

@@ -54,4 +54,13 @@ std::string setMelodyTime(std::int64_t timeId, std::int32_t melodyTime) {
     return fmt::format(" UPDATE USER_ALARMS SET MELODYTIME = {}  WHERE TIMEID = {} ", melodyTime, timeId);
 }
 
+std::vector<std::string> setSilence(std::int32_t settingId, std::optional<std::int64_t> until) {
+    std::vector<std::string> texts{fmt::format("DELETE FROM USER_SETTINGS WHERE SETTINGID = {}", settingId)};
+    if (until) {
+        texts.push_back(
+            fmt::format("INSERT INTO USER_SETTINGS (SETTINGID,PARAM1) VALUES ({}, {})", settingId, *until));
+    }
+    return texts;
+}
+
 } // namespace zorel::statements

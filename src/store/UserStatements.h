@@ -7,7 +7,9 @@
 #include "store/AlarmRecords.h"
 
 #include <cstdint>
+#include <optional>
 #include <string>
+#include <vector>
 
 namespace zorel::statements {
 
@@ -25,5 +27,13 @@ namespace zorel::statements {
 [[nodiscard]] std::string defineAlarm(std::int64_t timeId, const AlarmInfo& alarm, double prayerTime);
 [[nodiscard]] std::string setMelodyName(std::int64_t timeId, const std::string& melodyName);
 [[nodiscard]] std::string setMelodyTime(std::int64_t timeId, std::int32_t melodyTime);
+
+// What is silent: rows of USER_SETTINGS, whose PARAM1 holds an instant [s since the beginning of 1970]. The
+// row of an alarm has the number of its prayer id.
+
+inline constexpr std::int32_t kPauseSetting = 100; ///< SETTINGID of the pause of all alarms
+
+/// @param until nothing: not silent (any more).
+[[nodiscard]] std::vector<std::string> setSilence(std::int32_t settingId, std::optional<std::int64_t> until);
 
 } // namespace zorel::statements

@@ -321,5 +321,28 @@ TEST_F(UnreadableTest, ACalendarThatRefusesToRemoveIsTold) {
     EXPECT_EQ(calendar->events.size(), 1U);
 }
 
+TEST_F(ReconcileTest, ChangesArePublishedOnceAtTheEnd) {
+    for (int timeId = 1; timeId <= 6; ++timeId) {
+        world.switchOn(timeId);
+    }
+    EXPECT_TRUE(world.alarms.reconcile().isGood());
+    EXPECT_EQ(calendar->publications, 1);
+    EXPECT_TRUE(world.alarms.reconcile().isGood());
+    EXPECT_EQ(calendar->publications, 1) << "nothing changed";
+}
+
+TEST_F(ReconcileTest, WhatCouldNotBePublishedIsToldAndHealed) {
+    world.switchOn(5);
+    calendar->refusesPublishing = true;
+    EXPECT_EQ(world.alarms.reconcile().trouble, AlarmTrouble::unpublished);
+    const AlarmReport report = world.alarms.report();
+    EXPECT_EQ(report.trouble, AlarmTrouble::unpublished);
+    EXPECT_FALSE(report.isGood());
+    EXPECT_FALSE(report.complaint().empty());
+    calendar->refusesPublishing = false;
+    EXPECT_TRUE(world.alarms.reconcile().isGood());
+    EXPECT_TRUE(world.alarms.report().isGood());
+}
+
 } // namespace
 } // namespace zorel

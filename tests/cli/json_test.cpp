@@ -72,6 +72,7 @@ TEST(CliJson, EveryDocumentIsValid) {
         {"widget", "widget 90,0,UTC"},
         {"cities", "cities --json"},
         {"alarms", "alarms --json"},
+        {"check", "alarms check --json"},
     };
     for (const auto& [definition, line] : documents) {
         const CliResult result = run(line);

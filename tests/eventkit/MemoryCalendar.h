@@ -17,6 +17,9 @@ public:
     std::vector<EKEvent> handedOver; ///< every event that came to saveEvent, as it came
     bool refusesSaving = false;
     bool refusesRemoving = false;
+    bool refusesPublishing = false;
+    bool published = true; ///< whether nothing has changed since
+    int publications = 0;
 
     [[nodiscard]] EKCalendar description() const override { return {"memory", "Memory"}; }
 
@@ -34,6 +37,7 @@ public:
         EKEvent kept = withEndAfterStart(event);
         kept.calendar = description();
         events[event.eventIdentifier] = kept;
+        published = false;
         return true;
     }
 
@@ -42,8 +46,20 @@ public:
             error = "refused";
             return false;
         }
+        published = false;
         return true;
     }
+
+    bool publish(std::string& error) override {
+        if (refusesPublishing) {
+            error = "nobody listens";
+            return false;
+        }
+        publications += published ? 0 : 1;
+        published = true;
+        return true;
+    }
+    [[nodiscard]] bool isPublished() override { return published; }
 
     [[nodiscard]] std::vector<std::string> identifiersWithPrefix(const std::string& prefix) override {
         std::vector<std::string> identifiers;

@@ -58,6 +58,17 @@ TEST(UserDataDirectory, IsUnknownWithoutAHome) {
     EXPECT_EQ(userDataDirectory(), std::nullopt);
 }
 
+TEST(UserConfigDirectory, IsTheVariableElseBelowTheHomeElseUnknown) {
+    const Variable home("HOME", "/home/somebody");
+    const Variable none("XDG_CONFIG_HOME", std::nullopt);
+    EXPECT_EQ(userConfigDirectory(), "/home/somebody/.config");
+    const Variable config("XDG_CONFIG_HOME", "/config");
+    EXPECT_EQ(userConfigDirectory(), "/config");
+    const Variable relative("XDG_CONFIG_HOME", "config");
+    const Variable nowhere("HOME", std::nullopt);
+    EXPECT_EQ(userConfigDirectory(), std::nullopt);
+}
+
 TEST(BundleBesideProgram, IsFoundInAFolderAboveTheProgram) {
     const std::filesystem::path program = std::filesystem::read_symlink("/proc/self/exe");
     const auto bundle = program.parent_path().parent_path() / "share" / "zorel" / "Zorel.bundle";

@@ -56,6 +56,28 @@ TEST_F(AlarmRowsTest, AnAlarmThatRingsTomorrowSaysSo) {
     close();
 }
 
+TEST_F(AlarmRowsTest, WhatIsLeftOutIsSaid) {
+    openWithHome();
+    first->alarms()->toggle(4);
+    const QString time = row(4)["time"].toString();
+    EXPECT_TRUE(pane->actions().skipNext(204).isDone());
+    pane->loadAllUserCities();
+    first->alarms()->follow();
+    EXPECT_TRUE(row(4)["text"].toString().startsWith("rings tomorrow 1"))
+        << row(4)["text"].toString().toStdString();
+    EXPECT_TRUE(row(4)["text"].toString().endsWith("skips today " + time))
+        << row(4)["text"].toString().toStdString();
+    const auto until = std::chrono::floor<std::chrono::seconds>(now()) + std::chrono::days(4);
+    EXPECT_TRUE(pane->actions().pauseUntil(until).isDone());
+    pane->loadAllUserCities();
+    first->alarms()->follow();
+    EXPECT_TRUE(row(4)["text"].toString().contains("paused until "))
+        << row(4)["text"].toString().toStdString();
+    EXPECT_FALSE(row(4)["text"].toString().contains("skips"));
+    EXPECT_TRUE(row(4)["rings"].toBool());
+    close();
+}
+
 TEST_F(AlarmRowsTest, AFingerOnTheSwitchAndTheSpaceBarToggle) {
     openWithHome();
     QTest::qWait(200);

@@ -115,7 +115,8 @@ public:
                                                       ring::ServiceFiles{{folder.path("planner")},
                                                                          folder.path("player"),
                                                                          folder.path("data"),
-                                                                         folder.path("data/calendar")});
+                                                                         folder.path("data/calendar"),
+                                                                         folder.path("sources")});
         EXPECT_TRUE(runUntil([&] { return asked() > before; }));
         settle();
     }

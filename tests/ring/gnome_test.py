@@ -1,9 +1,9 @@
 # SPDX-License-Identifier: Apache-2.0
-"""GNOME's own calendar service and its alarm service notify for our alarms once they are connected.
+"""GNOME's own calendar service and its alarm service notify for our alarms while they are connected.
 
 usage: gnome_test.py BIN
 Needs evolution-data-server, dbus-run-session, Xvfb and the Python modules dbus and gi; exit status 77 without them. The alarms
-are placed for the next full minutes: the test takes three of them.
+are placed for the next two full minutes: the test takes two to three.
 """
 
 import os
@@ -123,35 +123,31 @@ class Gnome(unittest.TestCase):
                 return city
         raise RuntimeError("no city has its noon within an hour of this minute")
 
-    def test_it_notifies_follows_a_change_and_stops(self):
-        minute = (datetime.now(timezone.utc) + timedelta(seconds=90)).replace(second=0, microsecond=0)
+    def test_it_follows_a_change_notifies_and_stops(self):
+        minute = (datetime.now(timezone.utc) + timedelta(seconds=110)).replace(second=0, microsecond=0)
+        later = minute + timedelta(minutes=1)
         earlier = ("--now", (minute - timedelta(minutes=20)).isoformat())
         self.zorel("cities", "add", self.choose_home(minute))
         self.zorel(*earlier, "alarms", "on", "dhuhr")
-        self.place(minute)
+        self.place(later)
         self.zorel("alarms", "connect", "gnome")
         service = subprocess.Popen([NOTIFY], stderr=subprocess.DEVNULL)
         self.addCleanup(service.wait)
         self.addCleanup(service.terminate)
 
+        self.serve_until(time.time() + 10)  # GNOME knows the later minute by then, and has to learn the earlier one
+        self.place(minute)
         self.serve_until(minute.timestamp() + 5)
         self.assertEqual(len(self.server.shown), 1)
         self.assertGreaterEqual(self.server.shown[0][0], minute.timestamp())
-        self.assertLess(self.server.shown[0][0], minute.timestamp() + 2)
+        self.assertLess(self.server.shown[0][0], minute.timestamp() + 3)
         self.assertIn("Prayer Alarm", self.server.shown[0][1])
 
-        later = minute + timedelta(minutes=1)
         self.place(later)
-        self.serve_until(later.timestamp() + 5)
-        self.assertEqual(len(self.server.shown), 2)
-        self.assertLess(abs(self.server.shown[1][0] - later.timestamp() - 1), 1.5)
-
-        last = minute + timedelta(minutes=2)
-        self.place(last)
         self.serve_until(time.time() + 10)  # GNOME knows it by then, and has to forget it again
         self.zorel("alarms", "connect", "none")
-        self.serve_until(last.timestamp() + 5)
-        self.assertEqual(len(self.server.shown), 2)
+        self.serve_until(later.timestamp() + 5)
+        self.assertEqual(len(self.server.shown), 1)
 
 
 if __name__ == "__main__":

@@ -2,6 +2,8 @@
 // What the ring service is told of the alarms of a user with a real home city.
 #include "Planner.h"
 
+#include "alarms/UserActions.h"
+#include "platform/eventkit/GnomeSource.h"
 #include "tests/support/HomeWorld.h"
 
 #include <gtest/gtest.h>
@@ -104,7 +106,9 @@ TEST_F(PlannerTest, RowsThatCannotBeReadAreNotTakenForNone) {
 TEST_F(PlannerTest, GnomeKeepsTheServiceStill) {
     setenv("XDG_CONFIG_HOME", world.path("config").c_str(), 1);
     EXPECT_EQ(planned().plan.keeper, "");
-    writeFile(world.path("config/evolution/sources/zorel-alarms.source"), "");
+    EXPECT_FALSE(connectGnome(world.path("elsewhere")));
+    EXPECT_EQ(planned().plan.keeper, "") << "that is another calendar";
+    EXPECT_FALSE(connectGnome(Locations::current().data + "/calendar"));
     EXPECT_EQ(planned().plan.keeper, "GNOME");
     unsetenv("XDG_CONFIG_HOME");
 }
@@ -134,6 +138,18 @@ TEST(Durations, AreThoseOfTheEditor) {
     }
     EXPECT_EQ(ring::durationOf(-1), 5s);
     EXPECT_EQ(ring::durationOf(8), 5s);
+}
+
+TEST_F(PlannerTest, WhatIsLeftOutIsNotRung) {
+    world.switchOn(kFajr);
+    ASSERT_EQ(planned().plan.rings.size(), 1U);
+    const almanac::Instant left = planned().plan.rings.front().at;
+    ASSERT_TRUE(UserActions(world.glbFuncs, world.functions).skipNext(kTimeIdOffset + kFajr).isDone());
+    ASSERT_EQ(planned().plan.rings.size(), 1U);
+    EXPECT_GT(planned().plan.rings.front().at, left + 20h);
+    at(left + 1min);
+    ASSERT_EQ(planned().plan.rings.size(), 1U) << "nor told as missed";
+    EXPECT_GT(planned().plan.rings.front().at, left + 20h);
 }
 
 } // namespace

@@ -66,6 +66,15 @@ TEST_F(ServiceTest, ACalendarFolderThatIsMadeLaterIsWatched) {
     EXPECT_TRUE(runUntil([&] { return waitsFor(kDawn); }));
 }
 
+/// Somebody else may take GNOME's calendar away: this service has to ring again at once.
+TEST_F(ServiceTest, TheCalendarsThatGnomeKnowsOfAreWatched) {
+    std::filesystem::create_directory(folder.path("sources"));
+    startWith({ringAt(kDawn)});
+    setPlan(planOf({ringAt(kDawn + 1h)}));
+    edit("sources/zorel-alarms.source");
+    EXPECT_TRUE(runUntil([&] { return waitsFor(kDawn + 1h); }));
+}
+
 TEST_F(ServiceTest, AClockSetForwardsTellsWhatWasMissedAndPlaysNothing) {
     startWith({ringAt(kDawn)});
     const auto before = asked();

@@ -187,6 +187,23 @@ TEST_F(PaneTable, SummarySaysTomorrowAndTheTimeOfThisDevice) {
         << pane->summaryOfAlarm(200);
 }
 
+TEST_F(PaneTable, SummarySaysWhatIsLeftOut) {
+    addAnkara();
+    const TimeZoneOverride device("Europe/Istanbul");
+    toggleAlarm(3);
+    ASSERT_TRUE(pane->actions().skipNext(203).isDone());
+    pane->loadAllUserCities();
+    EXPECT_NE(pane->summaryOfAlarm(203).find(" · Alarm tomorrow "), std::string::npos)
+        << pane->summaryOfAlarm(203);
+    EXPECT_TRUE(pane->summaryOfAlarm(203).ends_with(" · skips " + homeClock(dueAt(4))))
+        << pane->summaryOfAlarm(203);
+    const auto until = std::chrono::floor<std::chrono::seconds>(now()) + std::chrono::days(3);
+    ASSERT_TRUE(pane->actions().pauseUntil(until).isDone());
+    pane->loadAllUserCities();
+    EXPECT_NE(pane->summaryOfAlarm(203).find(" · paused until 2026-"), std::string::npos)
+        << pane->summaryOfAlarm(203);
+}
+
 /// Nothing moves it until somebody refreshes: the row must not promise a ring.
 TEST_F(PaneTable, SummarySaysThatAnAlarmHasPassedOrWillNotRing) {
     addAnkara();

@@ -4,7 +4,9 @@
 #include "store/UserStatements.h"
 #include "tests/store/DatabaseFixture.h"
 
+#include <algorithm>
 #include <chrono>
+#include <iterator>
 
 namespace zorel {
 namespace {
@@ -87,6 +89,36 @@ TEST_F(UserRowsTest, GoBackToWhatTheyWere) {
     EXPECT_TRUE(changeUserRows(path(), statementsToRestore(before, stored())).isDone());
     EXPECT_EQ(rows("SELECT ID, SETASHOME FROM USER_CITY"), cities);
     EXPECT_EQ(rows("SELECT * FROM USER_ALARMS"), alarms);
+}
+
+TEST_F(UserRowsTest, WhatIsSilentIsReadChangedAndPutBack) {
+    EXPECT_FALSE(stored().pausedUntil);
+    const UserRows before = stored();
+    std::vector<std::string> changes = statements::setSilence(statements::kPauseSetting, 1'800'000'000);
+    std::ranges::move(statements::setSilence(204, 5'000'000'000), std::back_inserter(changes));
+    ASSERT_TRUE(changeUserRows(path(), changes).isDone());
+    ASSERT_TRUE(changeUserRows(path(), changes).isDone()) << "again";
+    EXPECT_EQ(rows("SELECT SETTINGID, PARAM1 FROM USER_SETTINGS"), "100|1800000000\n204|5000000000\n");
+    const UserRows silent = stored();
+    EXPECT_EQ(silent.pausedUntil, 1'800'000'000);
+    EXPECT_EQ(silent.alarms[4].silentUntil, 5'000'000'000) << "after 2038";
+    EXPECT_FALSE(silent.alarms[3].silentUntil);
+    ASSERT_TRUE(changeUserRows(path(), statementsToRestore(before, silent)).isDone());
+    EXPECT_EQ(rows("SELECT * FROM USER_SETTINGS"), "");
+    ASSERT_TRUE(changeUserRows(path(), statementsToRestore(silent, stored())).isDone());
+    EXPECT_EQ(stored().alarms[4], silent.alarms[4]);
+    EXPECT_EQ(stored().pausedUntil, silent.pausedUntil);
+}
+
+TEST_F(UserRowsTest, WhatIsNoInstantSilencesNothing) {
+    runFreely("INSERT INTO USER_SETTINGS (SETTINGID, PARAM1) VALUES (100, NULL), (200, 'soon'), (201, -5), "
+              "(202, 9e300), (203, x'00ff'), (9, 1800000000)");
+    const UserRows rows = stored();
+    ASSERT_TRUE(rows.result.isDone());
+    EXPECT_FALSE(rows.pausedUntil);
+    for (const AlarmRow& alarm : rows.alarms) {
+        EXPECT_FALSE(alarm.silentUntil) << alarm.timeId;
+    }
 }
 
 TEST_F(UserRowsTest, AForeignTransactionIsWaitedForUnderTheLock) {

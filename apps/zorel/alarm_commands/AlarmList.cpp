@@ -8,7 +8,6 @@
 #include "print/DayText.h"
 
 #include "almanac/Almanac.h"
-#include "store/CatalogueLookup.h"
 
 #include <fmt/format.h>
 
@@ -27,15 +26,10 @@ struct List {
     almanac::Day day;
 };
 
-/// @throws CliError (data trouble) when the catalogue, read a moment ago, cannot be read any more.
 List listOf(const Context& context, const AlarmReport& report) {
     List list{report, std::nullopt, {}, {}};
-    if (report.home.place) {
-        const auto row = placeById(context.services, report.home.cityId);
-        if (!row) {
-            throw unreadableCatalogue(context.services);
-        }
-        list.home = shownPlace(*row);
+    if (report.home.row) {
+        list.home = shownPlace(*report.home.row);
         list.today = list.home->clock().dateAt(context.now());
         list.day = almanac::Almanac(list.home->place).day(list.today);
     }
@@ -47,17 +41,13 @@ ShownTime prayerTime(const List& list, const AlarmStatus& alarm) {
     return list.home && time.exists() ? ShownTime(time.local) : std::nullopt;
 }
 
-/// The start of its event on a clock.
-ShownTime ringOn(const almanac::PlaceClock& clock, const AlarmStatus& alarm) {
-    return alarm.ringsAt ? ShownTime(clock.localTime(*alarm.ringsAt)) : std::nullopt;
+ShownTime onMachine(const std::optional<almanac::Instant>& instant) {
+    return instant ? ShownTime(almanac::PlaceClock::ofMachine().localTime(*instant)) : std::nullopt;
 }
 
-ShownTime ringHere(const AlarmStatus& alarm) {
-    return ringOn(almanac::PlaceClock::ofMachine(), alarm);
-}
-
-ShownTime ringThere(const List& list, const AlarmStatus& alarm) {
-    return list.home ? ringOn(list.home->clock(), alarm) : ringHere(alarm);
+/// On the home city's clock.
+ShownTime atHome(const List& list, const std::optional<almanac::Instant>& instant) {
+    return instant && list.home ? ShownTime(list.home->clock().localTime(*instant)) : onMachine(instant);
 }
 
 std::string_view keyOf(AlarmState state) {
@@ -91,15 +81,23 @@ std::string prayerText(const Context& context, const List& list, const AlarmStat
 }
 
 /// "2026-11-22 05:26", with this machine's "(2026-11-22 03:26 here)" where its clock is another.
-std::string ringText(const List& list, const AlarmStatus& alarm) {
+std::string momentText(const List& list, almanac::Instant instant) {
     const auto text = [](const almanac::LocalTime& time) {
         return fmt::format("{} {}", almanac::isoDate(time.date),
                            almanac::clockText(time.timeOfDay, almanac::Precision::minutes));
     };
-    const almanac::LocalTime there = ringThere(list, alarm).value();
-    const almanac::LocalTime here = ringHere(alarm).value();
+    const almanac::LocalTime here = almanac::PlaceClock::ofMachine().localTime(instant);
+    const almanac::LocalTime there = list.home ? list.home->clock().localTime(instant) : here;
     // translators: {0} when it rings by the home city's clock, {1} by the clock of this machine
     return there.offset == here.offset ? text(there) : tr("{0} ({1} here)", text(there), text(here));
+}
+
+/// When it rings; of an alarm that was left out alone, what it leaves out too.
+std::string ringText(const List& list, const AlarmStatus& alarm) {
+    const std::string text = momentText(list, *alarm.ringsAt);
+    const bool isSkipped = alarm.skipped && !list.report.pausedUntil;
+    // translators: {0} when the alarm rings, {1} when it would have rung had the person not left that out
+    return isSkipped ? tr("{0} (skips {1})", text, momentText(list, *alarm.skipped)) : text;
 }
 
 std::string stateText(const List& list, const AlarmStatus& alarm) {
@@ -140,8 +138,11 @@ void printText(const Context& context, const HeadlessPane& pane, const List& lis
     }
     context.streams.out << (pane.home() == nullptr ? noCitiesText()
                                                    : context.style.bold(homeName(pane, list)))
-                        << '\n'
-                        << table.text(context.style);
+                        << '\n';
+    if (const auto until = list.report.pausedUntil) {
+        context.streams.out << tr("paused until {}", momentText(list, *until)) << '\n';
+    }
+    context.streams.out << table.text(context.style);
     if (list.home) {
         context.streams.out << clockNoticeLine(context, *list.home, list.today);
     }
@@ -159,8 +160,9 @@ Json alarmJson(const Context& context, const HeadlessPane& pane, const List& lis
                 {"duration", alarm.info.melodyTime},
                 {"duration_label", durationLabel(pane, alarm.info.melodyTime)},
                 {"prayer_time", timeJson(time)},
-                {"rings_at", timeJson(ringHere(alarm))},
-                {"rings_at_home", timeJson(ringThere(list, alarm))},
+                {"rings_at", timeJson(onMachine(alarm.ringsAt))},
+                {"rings_at_home", timeJson(atHome(list, alarm.ringsAt))},
+                {"skipped", timeJson(atHome(list, alarm.skipped))},
                 {"skips_next", alarm.skipsNext()},
                 {"no_such_time_today", list.home && !time}};
 }
@@ -173,6 +175,7 @@ Json listJson(const Context& context, const HeadlessPane& pane, const List& list
     return Json{{"schema", "zorel/alarms/1"},
                 {"home", pane.home() == nullptr ? Json(nullptr) : Json(homeName(pane, list))},
                 {"clock", list.home ? clockJson(*list.home, list.today) : Json(nullptr)},
+                {"paused_until", timeJson(atHome(list, list.report.pausedUntil))},
                 {"good", list.report.isGood()},
                 {"complaint", list.report.isGood() ? Json(nullptr) : Json(list.report.complaint())},
                 {"alarms", items}};

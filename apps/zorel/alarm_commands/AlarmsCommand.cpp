@@ -4,7 +4,9 @@
 #include "alarm_commands/AlarmList.h"
 #include "commands/HeadlessPane.h"
 #include "commands/UserData.h"
+#include "grammar/DateArgument.h"
 
+#include "almanac/PlaceClock.h"
 #include "almanac/Scanner.h"
 #include "platform/foundation/Locale.h"
 
@@ -16,6 +18,7 @@ namespace zorel::cli {
 
 namespace {
 constexpr int kLargestOffset = 59; // [min]
+constexpr int kMostDaysOfPause = 366;
 
 std::int32_t wantedPrayer(const Context& context) {
     const auto prayer = almanac::prayerOfKey(lowerCase(context.options.prayer));
@@ -77,22 +80,32 @@ void requireChanged(const Context& context, const ActionResult& result) {
     }
     if (result.state == ActionState::alarmIsOff) {
         throw CliError(Exit::noResult,
-                       fmt::format("the alarm {} is off, and an alarm that is off keeps no changes",
-                                   context.options.prayer),
+                       fmt::format("the alarm {} is off, and an alarm that is off {}", context.options.prayer,
+                                   context.options.command == "alarms skip" ? "has nothing to leave out"
+                                                                            : "keeps no changes"),
                        fmt::format("zorel alarms on {}", context.options.prayer));
     }
-    requireDone(result, fmt::format("the alarm {}", context.options.prayer));
+    requireDone(result, context.options.prayer.empty() ? "the pause"
+                                                       : fmt::format("the alarm {}", context.options.prayer));
 }
 
-/// That the alarms cannot be shown any more does not undo what was done.
 Exit listAfterwards(const Context& context, const HeadlessPane& pane, const AlarmReport& report) {
-    try {
-        pane.requireLoaded();
-        printAlarms(context, pane, report);
-    } catch (const CliError& error) {
-        context.note(fmt::format("this was done, but cannot be shown: {}", error.what()));
+    return showAfterwards(context, pane, [&] { printAlarms(context, pane, report); });
+}
+
+/// The beginning of the day that --until names, where the home city is.
+almanac::Instant pauseEnd(const Context& context, const HomePlace& home) {
+    const auto clock = home.place ? home.place->clock : almanac::PlaceClock::ofMachine();
+    const almanac::Date today = clock.dateAt(context.now());
+    const almanac::Date date = requireDate(context.options.until, today, "--until");
+    const std::int64_t days = almanac::daysBetween(today, date);
+    if (days < 1 || days > kMostDaysOfPause) {
+        throw CliError(Exit::badUse,
+                       fmt::format("--until: {} is not within the next year", almanac::isoDate(date)),
+                       fmt::format("a day from tomorrow to {}; the alarms ring again on it",
+                                   almanac::isoDate(almanac::addDays(today, kMostDaysOfPause))));
     }
-    return Exit::ok;
+    return clock.instantOf(date, std::chrono::seconds(0));
 }
 
 using Action = std::function<ActionResult(UserActions&, std::int32_t prayerId)>;
@@ -158,6 +171,34 @@ Exit runAlarmsDuration(const Context& context) {
     return change(context, pane, [&](UserActions& actions, std::int32_t prayerId) {
         return actions.setDuration(prayerId, choice);
     });
+}
+
+Exit runAlarmsSkip(const Context& context) {
+    HeadlessPane pane;
+    return change(context, pane, [&](UserActions& actions, std::int32_t prayerId) {
+        return context.options.undo ? actions.undoSkip(prayerId) : actions.skipNext(prayerId);
+    });
+}
+
+Exit runAlarmsPause(const Context& context) {
+    const bool ends = context.options.off;
+    if (!ends && context.options.until.empty()) {
+        throw CliError(Exit::badUse, "until when shall the alarms be silent?",
+                       "zorel alarms pause --until DATE; they ring again on that day");
+    }
+    HeadlessPane pane;
+    const auto until = ends ? std::nullopt : std::optional(pauseEnd(context, pane.alarms().home));
+    const ActionResult result = pane.act([&](UserActions& actions) { return actions.pauseUntil(until); });
+    requireChanged(context, result);
+    return listAfterwards(context, pane, *result.alarms);
+}
+
+Exit runAlarmsClear(const Context& context) {
+    HeadlessPane pane;
+    const ActionResult result = pane.act([](UserActions& actions) { return actions.clear(); });
+    requireDone(result, "clearing the calendar");
+    context.note("every alarm is off, and none of them is left in the calendar");
+    return listAfterwards(context, pane, *result.alarms);
 }
 
 Exit runAlarmsRefresh(const Context& context) {

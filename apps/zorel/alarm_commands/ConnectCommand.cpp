@@ -4,7 +4,9 @@
 #include "alarm_commands/RingClient.h"
 
 #include "platform/eventkit/GnomeSource.h"
+#include "platform/eventkit/OneFile.h"
 #include "platform/foundation/Locations.h"
+#include "store/UserLock.h"
 
 #include <fmt/format.h>
 
@@ -16,11 +18,12 @@ std::string calendarFolder(const Context& context) {
                                             : context.options.calendar;
 }
 
-void requireWritten(std::error_code error) {
+void requireWritten(const Context& context, std::error_code error) {
     if (error) {
         throw CliError(Exit::dataTrouble,
-                       fmt::format("cannot write {}: {}", gnomeSourcePath(), error.message()),
-                       "look at the folder's rights and the space that is left");
+                       fmt::format("{} or {} could not be written: {}", gnomeSourcePath(),
+                                   oneFileOf(calendarFolder(context)), error.message()),
+                       "look at the folders' rights and the space that is left");
     }
 }
 
@@ -28,11 +31,16 @@ void requireWritten(std::error_code error) {
 
 Exit runAlarmsConnect(const Context& context) {
     const std::string folder = calendarFolder(context);
+    // No change of the alarms in between: the file has to hold the latest.
+    const UserLock lock(Locations::current().data + "/user.sqlite", LockKind::exclusive);
+    if (!lock.isHeld()) {
+        throw CliError(Exit::dataTrouble, lock.reason(), "try again");
+    }
     if (context.options.value == "gnome") {
-        requireWritten(connectGnome(folder));
+        requireWritten(context, connectGnome(folder));
         context.streams.out << "GNOME rings from now on; the ring service keeps still.\n";
     } else {
-        requireWritten(disconnectGnome(folder));
+        requireWritten(context, disconnectGnome(folder));
         context.streams.out << "No calendar program is connected.\n";
     }
     return Exit::ok;

@@ -108,15 +108,8 @@ std::size_t wantedRow(const Context& context, const HeadlessPane& pane) {
     return rows.front();
 }
 
-/// Shows the list after an action. That it cannot be read any more does not undo what was done.
 Exit listAfterwards(const Context& context, const HeadlessPane& pane) {
-    try {
-        pane.requireLoaded();
-        list(context, pane);
-    } catch (const CliError& error) {
-        context.note(fmt::format("this was done, but cannot be shown: {}", error.what()));
-    }
-    return Exit::ok;
+    return showAfterwards(context, pane, [&] { list(context, pane); });
 }
 
 std::string changeOf(const City& city) {

@@ -33,6 +33,13 @@ Exit runAlarmsDuration(const Context& context);
 Exit runAlarmsRefresh(const Context& context);
 /// The same as runAlarmsOn, and says who will ring.
 Exit runAlarmsOnTellingWho(const Context& context);
+/// Leaves out the next ring of an alarm (--undo: does not).
+Exit runAlarmsSkip(const Context& context);
+Exit runAlarmsPause(const Context& context);
+Exit runAlarmsCheck(const Context& context);
+Exit runAlarmsClear(const Context& context);
+Exit runExport(const Context& context);
+Exit runImport(const Context& context);
 Exit runAlarmsTest(const Context& context);
 Exit runAlarmsStop(const Context& context);
 Exit runAlarmsConnect(const Context& context);

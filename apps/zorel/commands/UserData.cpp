@@ -92,6 +92,7 @@ void requireDone(const ActionResult& result, const std::string& what) {
     case ActionState::notListed:
     case ActionState::noHome:
     case ActionState::alarmIsOff:
+    case ActionState::noNextTime:
         return fail(Exit::noResult, "was not done", "");
     case ActionState::badName:
         return fail(Exit::dataTrouble, "could not be stored", "give the file another name");
@@ -106,6 +107,16 @@ void requireDone(const ActionResult& result, const std::string& what) {
         return fail(Exit::dataTrouble, "could not be done and was taken back",
                     result.alarms ? remedyFor(*result.alarms) : storingHint());
     }
+}
+
+Exit showAfterwards(const Context& context, const HeadlessPane& pane, const std::function<void()>& show) {
+    try {
+        pane.requireLoaded();
+        show();
+    } catch (const CliError& error) {
+        context.note(fmt::format("this was done, but cannot be shown: {}", error.what()));
+    }
+    return Exit::ok;
 }
 
 } // namespace zorel::cli

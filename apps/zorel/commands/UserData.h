@@ -4,9 +4,13 @@
 /// names.
 #pragma once
 
+#include "commands/HeadlessPane.h"
+#include "grammar/Context.h"
+
 #include "alarms/UserActions.h"
 
 #include <cstdint>
+#include <functional>
 #include <string>
 
 namespace zorel::cli {
@@ -38,5 +42,8 @@ void requireRead(const StoreResult& result);
 /// @param what the action was about ("the change of Bursa"). @throws CliError with reason and remedy unless
 /// the action was done.
 void requireDone(const ActionResult& result, const std::string& what);
+
+/// Shows what there is after an action. That it cannot be shown does not undo what was done, and is noted.
+Exit showAfterwards(const Context& context, const HeadlessPane& pane, const std::function<void()>& show);
 
 } // namespace zorel::cli

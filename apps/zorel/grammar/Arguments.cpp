@@ -53,6 +53,7 @@ public:
         addSearch();
         addCities();
         addAlarms();
+        addMoving();
         addWidget();
         addCompletion();
         addManual();
@@ -355,6 +356,16 @@ private:
             ->add_option("CHOICE", options_.value, "0 to 7: 5, 10, 20, 30 seconds, 1, 2, 3, 5 minutes")
             ->type_name("")
             ->required();
+        alarmCommand(alarms, "skip", "Leave out what an alarm would ring next, once")
+            ->add_flag("--undo", options_.undo, "Ring it all the same");
+        CLI::App* pause = command(*alarms, "pause", "Let no alarm ring until a day");
+        auto* until =
+            day(pause, "--until", options_.until,
+                "The day on which the alarms ring again: 2026-12-01, tomorrow, +3 (days from today)");
+        pause->add_flag("--off", options_.off, "Let them ring again now")->excludes(until);
+        command(*alarms, "check", "Look whether the alarms will ring: one line for each thing they need")
+            ->add_flag("--heal", options_.heal, "Mend what can be mended first");
+        command(*alarms, "clear", "Switch every alarm off and take all of their events out of the calendar");
         alarmCommand(alarms, "test", "Ring an alarm now, as it would");
         command(*alarms, "stop", "Silence what rings");
         command(*alarms, "connect", "Let GNOME ring instead of the ring service, or not any more")
@@ -363,6 +374,18 @@ private:
             ->required()
             ->check(CLI::IsMember({"gnome", "none"}));
         command(*alarms, "refresh", "Move every active alarm to its next time (for a daily timer)");
+    }
+
+    void addMoving() {
+        const auto file = [this](CLI::App* sub, const char* help) {
+            if (asked(sub)) {
+                sub->add_option("FILE", options_.file, help)->type_name("")->required()->check(someText());
+            }
+        };
+        file(command(app_, "export", "Write your cities and alarms into a file, for another device"),
+             "the file to write; -: print it");
+        file(command(app_, "import", "Replace your cities and alarms by those of an exported file"),
+             "the file to read; -: from the standard input");
     }
 
     void addWidget() {

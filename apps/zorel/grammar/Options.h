@@ -73,6 +73,11 @@ struct Options {
     // Alarms.
     std::string prayer;
     std::string value;
+    bool undo = false; ///< of `alarms skip`
+    std::string until; ///< of `alarms pause`
+    bool off = false;  ///< of `alarms pause`
+    bool heal = false; ///< of `alarms check`
+    std::string file;  ///< of `export` and `import`; "-": standard output or input
 
     std::string shell;
     bool markdown = false;

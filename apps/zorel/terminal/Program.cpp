@@ -31,7 +31,7 @@ pid_t start(const std::vector<std::string>& words, int output) {
     posix_spawn_file_actions_adddup2(&files, output, STDOUT_FILENO);
     posix_spawn_file_actions_addopen(&files, STDERR_FILENO, "/dev/null", O_WRONLY, 0);
     pid_t process = -1;
-    const int error = posix_spawn(&process, arguments[0], &files, nullptr, arguments.data(), environ);
+    const int error = posix_spawnp(&process, arguments[0], &files, nullptr, arguments.data(), environ);
     posix_spawn_file_actions_destroy(&files);
     return error == 0 ? process : -1;
 }
@@ -57,8 +57,7 @@ int statusOf(pid_t process) {
 
 } // namespace
 
-ProgramResult runSibling(std::vector<std::string> words) {
-    words.front() = pathOfSibling(words.front());
+ProgramResult runProgram(const std::vector<std::string>& words) {
     std::array<int, 2> pipe{-1, -1};
     if (pipe2(pipe.data(), O_CLOEXEC) != 0) {
         return {};
@@ -74,6 +73,11 @@ ProgramResult runSibling(std::vector<std::string> words) {
     }
     std::string output = readAll(reading.get());
     return {statusOf(process), std::move(output)};
+}
+
+ProgramResult runSibling(std::vector<std::string> words) {
+    words.front() = pathOfSibling(words.front());
+    return runProgram(words);
 }
 
 } // namespace zorel::cli

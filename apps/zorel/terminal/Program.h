@@ -1,6 +1,6 @@
 // SPDX-License-Identifier: Apache-2.0
 /// @file
-/// Another program of ours, run to its end.
+/// Another program, run to its end.
 #pragma once
 
 #include <string>
@@ -13,8 +13,10 @@ struct ProgramResult {
     std::string output; ///< what it wrote to its standard output
 };
 
-/// Runs a program of the folder of this one and waits for it; its error output is dropped.
+/// Runs a program that is found as a shell finds it and waits for it; its error output is dropped.
 /// @param words its name and its arguments.
+[[nodiscard]] ProgramResult runProgram(const std::vector<std::string>& words);
+/// The same for a program of the folder of this one.
 [[nodiscard]] ProgramResult runSibling(std::vector<std::string> words);
 
 } // namespace zorel::cli

@@ -33,6 +33,13 @@ public:
     virtual bool removeEvent(const std::string& identifier, std::string& error) = 0;
     /// Identifiers of the events that begin with the text.
     [[nodiscard]] virtual std::vector<std::string> identifiersWithPrefix(const std::string& prefix) = 0;
+
+    /// Hands what the events now are to those who read them in another way, once after all changes of an
+    /// action: each of them then sees the state before it or after it, nothing in between. Does nothing where
+    /// they know. `error`: out, why it failed.
+    virtual bool publish(std::string& /*error*/) { return true; }
+    /// Whether publish would do nothing.
+    [[nodiscard]] virtual bool isPublished() { return true; }
 };
 
 } // namespace zorel

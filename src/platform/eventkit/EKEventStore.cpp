@@ -137,4 +137,17 @@ std::vector<std::string> EKEventStore::ownIdentifiers(std::string* error) const 
     return identifiers;
 }
 
+bool EKEventStore::publish(std::string* error) const {
+    return guarded([&](std::string& reason) { return calendar_->publish(reason); }, error);
+}
+
+bool EKEventStore::isPublished(std::string* error) const {
+    return guarded(
+        [&](std::string& reason) {
+            reason = "another program that rings was not told of the latest change";
+            return calendar_->isPublished();
+        },
+        error);
+}
+
 } // namespace zorel

@@ -51,6 +51,11 @@ public:
     int removeEventsExcept(std::span<const std::string> identifiersToKeep) const;
     /// Identifiers of the events of this store's owner. `error` as for eventWithIdentifier.
     [[nodiscard]] std::vector<std::string> ownIdentifiers(std::string* error) const;
+    /// Hands what the calendar now says to those who read it in another way (Calendar::publish). `error` as
+    /// for saveEvent.
+    bool publish(std::string* error) const;
+    /// Whether they know. `error`: out, why not, untouched otherwise; may be nullptr.
+    bool isPublished(std::string* error) const;
 
 private:
     [[nodiscard]] std::string newIdentifier() const;

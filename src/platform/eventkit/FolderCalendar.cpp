@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: Apache-2.0
 #include "platform/eventkit/FolderCalendar.h"
 
+#include "platform/eventkit/GnomeSource.h"
 #include "platform/eventkit/IcsEvent.h"
 #include "platform/eventkit/IcsLines.h"
 #include "platform/eventkit/OneFile.h"
@@ -184,7 +185,7 @@ bool FolderCalendar::saveEvent(const EKEvent& event, std::string& error) {
         return false;
     }
     const std::string path = pathOf(present ? present->file.name : fileName(wanted.eventIdentifier));
-    return done(replaceFile(path, *text), "cannot write", path, error) && keepInStep(error);
+    return done(replaceFile(path, *text), "cannot write", path, error);
 }
 
 bool FolderCalendar::removeEvent(const std::string& identifier, std::string& error) {
@@ -203,11 +204,15 @@ bool FolderCalendar::removeEvent(const std::string& identifier, std::string& err
         return false;
     }
     const std::string path = pathOf(present->name);
-    return done(removeFile(path), "cannot remove", path, error) && keepInStep(error);
+    return done(removeFile(path), "cannot remove", path, error);
 }
 
-bool FolderCalendar::keepInStep(std::string& error) const {
-    return done(keepOneFile(folder_), "cannot write", oneFileOf(folder_), error);
+bool FolderCalendar::publish(std::string& error) {
+    return isPublished() || done(writeOneFile(folder_), "cannot write", oneFileOf(folder_), error);
+}
+
+bool FolderCalendar::isPublished() {
+    return !isGnomeConnected(folder_) || isOneFileInStep(folder_);
 }
 
 std::vector<std::string> FolderCalendar::identifiersWithPrefix(const std::string& prefix) {

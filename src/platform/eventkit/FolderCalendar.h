@@ -32,6 +32,9 @@ public:
     bool saveEvent(const EKEvent& event, std::string& error) override;
     bool removeEvent(const std::string& identifier, std::string& error) override;
     [[nodiscard]] std::vector<std::string> identifiersWithPrefix(const std::string& prefix) override;
+    /// Brings GNOME's file in step (GnomeSource.h).
+    bool publish(std::string& error) override;
+    [[nodiscard]] bool isPublished() override;
 
 private:
     struct File {
@@ -52,8 +55,6 @@ private:
     [[nodiscard]] std::optional<File> fileOf(const std::string& identifier) const;
     [[nodiscard]] std::optional<Entry> find(const std::string& identifier) const;
     bool makeFolder(std::string& error) const;
-    /// Brings the one file beside the folder in step, if there is one (OneFile.h).
-    bool keepInStep(std::string& error) const;
 
     std::string folder_;
 };

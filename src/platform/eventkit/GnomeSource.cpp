@@ -5,21 +5,16 @@
 #include "platform/eventkit/OneFile.h"
 #include "platform/foundation/Files.h"
 #include "platform/foundation/Locations.h"
+#include "platform/foundation/ProgramLocations.h"
 
-#include <cstdlib>
+#include <filesystem>
+#include <optional>
 #include <string_view>
 
 namespace zorel {
 namespace {
 
-std::string configFolder() {
-    const char* const config = std::getenv("XDG_CONFIG_HOME");
-    if (config != nullptr && *config == '/') {
-        return config;
-    }
-    const char* const home = std::getenv("HOME");
-    return home != nullptr && *home == '/' ? std::string(home) + "/.config" : "";
-}
+constexpr std::size_t kSourceLimit = 64UL * 1024;
 
 /// The path as a URI (RFC 3986).
 std::string uriOf(const std::string& path) {
@@ -37,12 +32,18 @@ std::string uriOf(const std::string& path) {
     return uri;
 }
 
+/// The line of the source that names our file.
+std::string fileLine(const std::string& folder) {
+    std::error_code error;
+    const auto whole = std::filesystem::weakly_canonical(std::filesystem::absolute(folder, error), error);
+    return "CustomFile=" + uriOf(oneFileOf(error ? folder : whole.string())) + "\n";
+}
+
 std::string sourceText(const std::string& folder) {
     return "[Data Source]\nDisplayName=" + std::string(kCalendarName) +
            "\nEnabled=true\nParent=local-stub\n\n[Calendar]\nBackendName=local\nColor=" +
-           std::string(kCalendarColor) +
-           "\nSelected=true\n\n[Local Backend]\nCustomFile=" + uriOf(oneFileOf(folder)) +
-           "\nWritable=false\n\n[Alarms]\nIncludeMe=true\n";
+           std::string(kCalendarColor) + "\nSelected=true\n\n[Local Backend]\n" + fileLine(folder) +
+           "Writable=false\n\n[Alarms]\nIncludeMe=true\n";
 }
 
 std::error_code removeIfThere(const std::string& path) {
@@ -54,13 +55,14 @@ std::error_code removeIfThere(const std::string& path) {
 } // namespace
 
 std::string gnomeSourcePath() {
-    const std::string config = configFolder();
-    return config.empty() ? "" : config + "/evolution/sources/zorel-alarms.source";
+    const auto config = userConfigDirectory();
+    return config ? *config + "/evolution/sources/zorel-alarms.source" : "";
 }
 
-bool isGnomeConnected() {
+bool isGnomeConnected(const std::string& folder) {
     const std::string path = gnomeSourcePath();
-    return !path.empty() && fileExistsAtPath(path);
+    const auto source = path.empty() ? std::nullopt : readSmallFile(path, kSourceLimit);
+    return source && source->find(fileLine(folder)) != std::string::npos;
 }
 
 std::error_code connectGnome(const std::string& folder) {
@@ -69,14 +71,21 @@ std::error_code connectGnome(const std::string& folder) {
         return std::make_error_code(std::errc::no_such_file_or_directory);
     }
     // The source first: when the file comes into being, everybody who looks finds GNOME connected.
-    const std::error_code error = replaceFile(path, sourceText(folder));
-    return error ? error : writeOneFile(folder);
+    if (const std::error_code error = replaceFile(path, sourceText(folder))) {
+        return error;
+    }
+    const std::error_code error = writeOneFile(folder);
+    if (error) {
+        static_cast<void>(removeIfThere(path)); // else GNOME would be believed to ring
+    }
+    return error;
 }
 
 std::error_code disconnectGnome(const std::string& folder) {
+    const std::error_code error =
+        fileExistsAtPath(oneFileOf(folder)) ? emptyOneFile(folder) : std::error_code();
     const std::string path = gnomeSourcePath();
-    const std::error_code error = path.empty() ? std::error_code() : removeIfThere(path);
-    return error ? error : removeIfThere(oneFileOf(folder));
+    return error || path.empty() ? error : removeIfThere(path);
 }
 
 } // namespace zorel

@@ -13,13 +13,15 @@ namespace zorel {
 /// variable.
 [[nodiscard]] std::string gnomeSourcePath();
 
-/// Whether GNOME was told of a calendar of ours. Whether it runs is not looked at.
-[[nodiscard]] bool isGnomeConnected();
+/// Whether GNOME was told of this calendar folder. Whether it runs is not looked at.
+[[nodiscard]] bool isGnomeConnected(const std::string& folder);
 
-/// Hands the calendar folder to GNOME: the one file beside it, read only, with its reminders. GNOME follows
-/// the files by itself.
+/// Hands the calendar folder to GNOME: the one file beside it (OneFile.h), read only, with its reminders.
+/// GNOME follows both files by itself; Calendar::publish keeps them in step.
 [[nodiscard]] std::error_code connectGnome(const std::string& folder);
-/// Takes both files away again; nothing to do where there are none.
+/// Takes the calendar back. Its one file stays, without an event: evolution-data-server 3.46 goes on to ring
+/// for what it has read of a calendar that is gone, but not for what has gone from a calendar. Nothing to do
+/// where there are no such files.
 [[nodiscard]] std::error_code disconnectGnome(const std::string& folder);
 
 } // namespace zorel

@@ -43,6 +43,14 @@ std::optional<std::string> userDataDirectory() {
     return home.empty() ? std::nullopt : std::optional(home + "/.local/share/zorel");
 }
 
+std::optional<std::string> userConfigDirectory() {
+    if (std::string configHome = absolutePathIn("XDG_CONFIG_HOME"); !configHome.empty()) {
+        return configHome;
+    }
+    const std::string home = absolutePathIn("HOME");
+    return home.empty() ? std::nullopt : std::optional(home + "/.config");
+}
+
 std::string ringtonesBesideBundle(const std::string& bundle) {
     return (std::filesystem::path(bundle).parent_path() / "Ringtones").string();
 }

@@ -16,6 +16,8 @@ namespace zorel {
 /// "$XDG_DATA_HOME/zorel", else "~/.local/share/zorel"; nothing when neither variable says where (XDG base
 /// directories; a relative path does not count).
 [[nodiscard]] std::optional<std::string> userDataDirectory();
+/// "$XDG_CONFIG_HOME", else "~/.config"; nothing when neither variable says where.
+[[nodiscard]] std::optional<std::string> userConfigDirectory();
 /// The folder "Ringtones" beside a bundle.
 [[nodiscard]] std::string ringtonesBesideBundle(const std::string& bundle);
 
