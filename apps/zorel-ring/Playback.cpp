@@ -54,7 +54,7 @@ Element openSink() {
 class Playback {
 public:
     Playback(const std::string& file, GstElement* sink, double duration)
-        : loop_(g_main_loop_new(nullptr, FALSE)), duration_(duration) {
+        : loop_(g_main_loop_new(nullptr, FALSE)), sink_(sink), duration_(duration) {
         pipeline_.reset(gst_parse_launch("uridecodebin name=file caps=audio/x-raw ! audioconvert ! "
                                          "audioresample ! volume name=loud volume=0 "
                                          "! audioconvert name=last",
@@ -93,6 +93,8 @@ public:
         }
         return error_.empty();
     }
+    /// Whether what failed was the sound server and not the file: one without any output takes no sound.
+    [[nodiscard]] bool hasLostSink() const { return hasLostSink_; }
 
 private:
     static gboolean heard(GstBus* /*bus*/, GstMessage* message, gpointer self) {
@@ -114,6 +116,7 @@ private:
             GError* error = nullptr;
             gst_message_parse_error(message, &error, nullptr);
             error_ = error->message;
+            hasLostSink_ = GST_MESSAGE_SRC(message) == GST_OBJECT(sink_);
             g_error_free(error);
             g_main_loop_quit(loop_);
         } else if (type == GST_MESSAGE_ASYNC_DONE && started_ < 0) {
@@ -159,12 +162,14 @@ private:
     [[nodiscard]] static double seconds() { return static_cast<double>(g_get_monotonic_time()) / 1e6; }
 
     GMainLoop* loop_;
+    GstElement* sink_; ///< of the pipeline, too
     Element pipeline_;
     Element loud_;
     double duration_;        ///< [s]
     double started_ = -1.0;  ///< [s]; negative: not yet
     double stopping_ = -1.0; ///< [s] after the beginning; negative: nobody asked
     std::string error_;
+    bool hasLostSink_ = false;
 };
 
 } // namespace
@@ -178,6 +183,9 @@ PlayResult playTone(const std::vector<std::string>& files, std::chrono::seconds 
         Playback playback(file, sink.get(), static_cast<double>(duration.count()));
         if (playback.run(file)) {
             return file == files.front() ? PlayResult::played : PlayResult::playedOther;
+        }
+        if (playback.hasLostSink()) {
+            return PlayResult::noSoundServer;
         }
     }
     return PlayResult::nothingPlayable;

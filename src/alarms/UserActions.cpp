@@ -266,22 +266,30 @@ void UserActions::requireOn(const UserRows& rows, std::int32_t prayerId, Plan& p
 }
 
 /// What lies half a day behind the time that is left out is the time after it, whatever becomes of the alarm.
+/// The next ring is the one that its event stands at: an alarm that was changed within the margin of its time
+/// waits for the time after.
 void UserActions::planSkip(const UserRows& rows, std::int32_t prayerId, Plan& plan) const {
-    const HomePlace home = homePlaceOf(glbFuncs_, rows.cities);
-    const auto prayer = almanac::prayerOfId(prayerId);
-    if (!home.place || !prayer) {
+    const AlarmReport report = PrayerAlarms(glbFuncs_, dbFuncs_).report();
+    const AlarmStatus& alarm = report.of(prayerId);
+    if (!report.home.place) {
         plan.state = ActionState::refused;
-        plan.reason = home.reason;
+        plan.reason = report.home.reason;
         return;
     }
-    const AlarmDays days(*home.place, std::chrono::floor<std::chrono::seconds>(now()));
-    const auto next = days.nextRings(*prayer, rowOf(rows, prayerId).minute, instantOf(rows.pausedUntil)).next;
+    const AlarmRow& row = rowOf(rows, prayerId);
+    const auto next = AlarmDays(*report.home.place, std::chrono::floor<std::chrono::seconds>(now()))
+                          .nextRings(alarm.prayer, row.minute, instantOf(rows.pausedUntil))
+                          .next;
     if (!next) {
         plan.state = ActionState::noNextTime;
         plan.reason = "its prayer has no time within the next two days";
         return;
     }
-    plan.statements = statements::setSilence(prayerId, (*next + kHalfDay).time_since_epoch().count());
+    if (const auto until = instantOf(row.silentUntil); until && *next < *until) {
+        return; // it is left out already
+    }
+    const almanac::Instant left = alarm.state == AlarmState::rings ? std::max(*next, *alarm.ringsAt) : *next;
+    plan.statements = statements::setSilence(prayerId, (left + kHalfDay).time_since_epoch().count());
 }
 
 ActionResult UserActions::skipNext(std::int32_t prayerId) {

@@ -83,6 +83,14 @@ TEST_F(SilenceTest, TheNextRingIsLeftOutAndTheOneAfterItRings) {
     EXPECT_EQ(alarm(kMaghrib).ringsAt, shown(kMaghrib, kTomorrow)) << "the same one is left out";
 }
 
+TEST_F(SilenceTest, WhatIsLeftOutIsTheRingThatIsShown) {
+    at(shown(kMaghrib, kToday) - 2min);
+    expectDone(switchOn(kMaghrib));
+    ASSERT_EQ(alarm(kMaghrib).ringsAt, shown(kMaghrib, kTomorrow)) << "today's is too near for an edit";
+    expectDone(actions.skipNext(kMaghrib));
+    EXPECT_EQ(alarm(kMaghrib).ringsAt, shown(kMaghrib, kAfter));
+}
+
 TEST_F(SilenceTest, OnceIsOnce) {
     expectDone(switchOn(kMaghrib));
     expectDone(actions.skipNext(kMaghrib));

@@ -242,6 +242,8 @@ TEST_F(CliMoving, AFileThatCannotBeReadOrWrittenIsSaid) {
     EXPECT_THAT(fails(3, "import " + run.folder.path("data")).err, HasSubstr("cannot read"));
     ASSERT_EQ(mkfifo(run.folder.path("pipe").c_str(), 0600), 0);
     EXPECT_THAT(fails(3, "import " + run.folder.path("pipe")).err, HasSubstr("cannot read"));
+    EXPECT_THAT(fails(3, "export " + run.folder.path("pipe")).err, HasSubstr("cannot write"));
+    EXPECT_TRUE(fs::is_fifo(run.folder.path("pipe"))) << "it is not replaced";
     EXPECT_THAT(fails(3, "export " + run.folder.path("no/such/folder.json")).err, HasSubstr("cannot write"));
     fails(2, "export");
     fails(2, "import");

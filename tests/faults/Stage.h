@@ -7,6 +7,8 @@
 #include "alarms/PrayerAlarms.h"
 #include "platform/eventkit/EKEventStore.h"
 #include "platform/eventkit/FolderCalendar.h"
+#include "platform/eventkit/GnomeSource.h"
+#include "platform/eventkit/OneFile.h"
 #include "store/DatabaseFunctions.h"
 #include "store/UserRows.h"
 #include "tests/support/HomeWorld.h"
@@ -16,6 +18,8 @@
 #include <sys/wait.h>
 #include <unistd.h>
 
+#include <algorithm>
+#include <cstdlib>
 #include <map>
 #include <memory>
 #include <sstream>
@@ -43,6 +47,8 @@ struct Outcome {
     std::string cities; ///< of the list, in its order, "*" at the home city
     std::string alarms; ///< of each alarm: its choices, what it does, and when
     std::string home;
+    std::string gnome;   ///< whether GNOME has the calendar, and what it has to ring
+    std::string file;    ///< what was exported
     bool isGood = false; ///< every alarm that is on rings, no other does
 
     friend bool operator==(const Outcome&, const Outcome&) = default;
@@ -54,11 +60,22 @@ public:
         for (const char* tone : {"Bell.wav", "Flute.wav"}) {
             writeFile(folder_.path("tones/") + tone, "tone");
         }
+        writeFile(imported(), kImported);
+        std::filesystem::create_directory(folder_.path("exported"));
+        // Of the programs, and of the looking.
+        setenv("XDG_CONFIG_HOME", config().c_str(), 1);
     }
+    Stage(const Stage&) = delete;
+    Stage& operator=(const Stage&) = delete;
+    ~Stage() { unsetenv("XDG_CONFIG_HOME"); }
 
     /// From now on the time is this one.
     void setPresent(const std::string& present) { present_ = present; }
     [[nodiscard]] std::string data() const { return folder_.path("data"); }
+    [[nodiscard]] std::string config() const { return folder_.path("config"); }
+    /// Where a command exports to ("{export}" in its words), and what it imports ("{import}").
+    [[nodiscard]] std::string exported() const { return folder_.path("exported/file.json"); }
+    [[nodiscard]] std::string imported() const { return folder_.path("imported.json"); }
 
     /// Starts the program; its process.
     [[nodiscard]] pid_t start(const std::string& command, const std::vector<std::string>& fault = {}) const {
@@ -68,11 +85,32 @@ public:
                                        "--bundle",    bundle()};
         std::istringstream line(command);
         for (std::string word; line >> word;) {
-            words.push_back(word);
+            words.push_back(word == "{export}" ? exported() : word == "{import}" ? imported() : word);
         }
-        std::vector<std::string> environment{"LC_ALL=C.UTF-8", "TZ=UTC", "HOME=" + folder_.path()};
+        std::vector<std::string> environment{"LC_ALL=C.UTF-8", "TZ=UTC", "HOME=" + folder_.path(),
+                                             "XDG_CONFIG_HOME=" + config()};
         environment.insert(environment.end(), fault.begin(), fault.end());
         return spawn(words, environment);
+    }
+    /// Starts the window on the same folders; its process.
+    [[nodiscard]] pid_t startWindow(const std::string& program) const {
+        std::filesystem::create_directory(folder_.path("run"));
+        std::filesystem::permissions(folder_.path("run"), std::filesystem::perms::owner_all);
+        std::vector<std::string> words{program,    "--data-dir", data(), "--ringtones", folder_.path("tones"),
+                                       "--bundle", bundle(),     "--at", present_};
+        std::vector<std::string> environment{"LC_ALL=C.UTF-8",
+                                             "TZ=UTC",
+                                             "HOME=" + folder_.path(),
+                                             "XDG_CONFIG_HOME=" + config(),
+                                             "XDG_RUNTIME_DIR=" + folder_.path("run"),
+                                             "QT_QPA_PLATFORM=offscreen",
+                                             "QT_QUICK_BACKEND=software"};
+        return spawn(words, environment);
+    }
+    /// Whether it is open: it then listens for a second start.
+    [[nodiscard]] bool isWindowOpen() const {
+        const std::filesystem::directory_iterator entries(folder_.path("run"));
+        return std::any_of(begin(entries), end(entries), [](const auto& entry) { return entry.is_socket(); });
     }
     [[nodiscard]] Ended wait(pid_t process) const {
         int status = 0;
@@ -82,12 +120,14 @@ public:
     }
     Ended run(const std::string& command) const { return wait(start(command)); }
     Ended run(const std::string& command, const Fault& fault, int nth) const {
-        return wait(start(command, {"LD_PRELOAD=" ZOREL_FAULT_PRELOAD,
-                                    "ZOREL_FAULT_UNDER=" + data() + ":" + bundle() + "/database",
-                                    "ZOREL_FAULT_NTH=" + std::to_string(nth),
-                                    "ZOREL_FAULT_ERROR=" + std::to_string(fault.error),
-                                    std::string("ZOREL_FAULT_LASTING=") + (fault.lasting ? "1" : "0"),
-                                    "ZOREL_FAULT_COUNT=" + folder_.path("count")}));
+        return wait(
+            start(command, {"LD_PRELOAD=" ZOREL_FAULT_PRELOAD,
+                            "ZOREL_FAULT_UNDER=" + data() + ":" + config() + ":" + folder_.path("exported") +
+                                ":" + imported() + ":" + bundle() + "/database",
+                            "ZOREL_FAULT_NTH=" + std::to_string(nth),
+                            "ZOREL_FAULT_ERROR=" + std::to_string(fault.error),
+                            std::string("ZOREL_FAULT_LASTING=") + (fault.lasting ? "1" : "0"),
+                            "ZOREL_FAULT_COUNT=" + folder_.path("count")}));
     }
     /// How many calls on files a command makes when nothing goes wrong.
     [[nodiscard]] int callsOf(const std::string& command) const {
@@ -95,19 +135,24 @@ public:
         return std::stoi(readFile(folder_.path("count")));
     }
 
-    /// Remembers the data folder as it is now.
+    /// Remembers the folders that commands write into as they are now.
     void keep() {
         files_.clear();
-        std::error_code missing;
-        for (std::filesystem::recursive_directory_iterator entry(data(), missing), end; entry != end;
-             entry.increment(missing)) {
-            if (entry->is_regular_file()) {
-                files_[entry->path().string()] = readFile(entry->path().string());
+        for (const std::string& folder : written()) {
+            std::error_code missing;
+            for (std::filesystem::recursive_directory_iterator entry(folder, missing), end; entry != end;
+                 entry.increment(missing)) {
+                if (entry->is_regular_file()) {
+                    files_[entry->path().string()] = readFile(entry->path().string());
+                }
             }
         }
     }
     void putBack() const {
-        std::filesystem::remove_all(data());
+        for (const std::string& folder : written()) {
+            std::filesystem::remove_all(folder);
+        }
+        std::filesystem::create_directory(folder_.path("exported"));
         for (const auto& [path, bytes] : files_) {
             writeFile(path, bytes);
         }
@@ -123,13 +168,30 @@ public:
         database.setUserDBPath(data() + "/user.sqlite");
         const TimeZoneOverride zone("UTC");
         const ClockOverride clock(presentInstant());
-        const Outcome outcome =
+        Outcome outcome =
             tell(storedUserCities(database.userDBPath()).rows, PrayerAlarms(functions, database).report());
+        const std::string calendar = data() + "/calendar";
+        outcome.gnome = isGnomeConnected(calendar) ? "connected" : "";
+        std::istringstream lines(std::filesystem::exists(oneFileOf(calendar)) ? readFile(oneFileOf(calendar))
+                                                                              : "");
+        for (std::string line; std::getline(lines, line);) {
+            outcome.gnome += line.starts_with("DTSTART") ? " " + line : "";
+        }
+        outcome.file = std::filesystem::exists(exported()) ? readFile(exported()) : "";
         EKEventStore::setCalendar(nullptr);
         return outcome;
     }
 
 private:
+    /// Another city and another alarm than the tests begin with.
+    static constexpr const char* kImported =
+        R"({"schema": "zorel/export/1", "cities": [{"id": 323786}, {"id": 2643743}], "home": 2643743,
+"alarms": [{"name": "maghrib", "active": true, "offset_minutes": 5, "ringtone": "Bell.wav", "duration": 2}],
+"paused_until": null})";
+
+    [[nodiscard]] std::vector<std::string> written() const {
+        return {data(), config(), folder_.path("exported")};
+    }
     static std::string bundle() { return std::string(ZOREL_BINARY_DIR) + "/share/zorel/Zorel.bundle"; }
 
     [[nodiscard]] Instant presentInstant() const {
@@ -137,6 +199,9 @@ private:
         return std::chrono::sys_days(*moment.date) + moment.timeOfDay;
     }
 
+    static std::int64_t seconds(const std::optional<almanac::Instant>& instant) {
+        return instant ? instant->time_since_epoch().count() : 0;
+    }
     static Outcome tell(const std::vector<UserCity>& cities, const AlarmReport& report) {
         Outcome outcome;
         const auto home = homePosition(cities);
@@ -146,10 +211,11 @@ private:
         outcome.home = home ? cities[*home].cityId : "";
         for (const AlarmStatus& alarm : report.alarms) {
             outcome.alarms +=
-                fmt::format("{} {} {} {} {} {}; ", alarm.info.active, alarm.info.timeOffset,
+                fmt::format("{} {} {} {} {} {} {}; ", alarm.info.active, alarm.info.timeOffset,
                             alarm.info.melodyName, alarm.info.melodyTime, static_cast<int>(alarm.state),
-                            alarm.ringsAt ? alarm.ringsAt->time_since_epoch().count() : 0);
+                            seconds(alarm.ringsAt), seconds(alarm.skipped));
         }
+        outcome.alarms += std::to_string(seconds(report.pausedUntil));
         outcome.isGood = report.isGood() || cities.empty();
         return outcome;
     }
@@ -172,8 +238,8 @@ private:
         posix_spawn_file_actions_addopen(&actions, STDERR_FILENO, folder_.path("err").c_str(),
                                          O_WRONLY | O_CREAT | O_TRUNC, 0600);
         pid_t process = 0;
-        if (posix_spawn(&process, ZOREL_PROGRAM, &actions, nullptr, argv.data(), envp.data()) != 0) {
-            throw std::runtime_error("cannot start " ZOREL_PROGRAM);
+        if (posix_spawn(&process, argv[0], &actions, nullptr, argv.data(), envp.data()) != 0) {
+            throw std::runtime_error("cannot start " + words.front());
         }
         posix_spawn_file_actions_destroy(&actions);
         return process;

@@ -18,10 +18,12 @@ using test::Ended;
 using test::Outcome;
 using test::Stage;
 
-constexpr std::array kCommands{"cities home 2950159", "cities home 745044",       "alarms on dhuhr",
-                               "alarms off dhuhr",    "alarms offset asr 7",      "alarms offset asr -7",
-                               "alarms refresh",      "cities add 323786",        "cities remove 323786",
-                               "alarms on isha",      "alarms ringtone asr Flute"};
+constexpr std::array kCommands{"cities home 2950159",     "cities home 745044",        "alarms on dhuhr",
+                               "alarms off dhuhr",        "alarms offset asr 7",       "alarms offset asr -7",
+                               "alarms refresh",          "cities add 323786",         "cities remove 323786",
+                               "alarms on isha",          "alarms ringtone asr Flute", "alarms skip asr",
+                               "alarms pause --until +2", "alarms pause --off",        "alarms clear",
+                               "import {import}",         "alarms connect gnome",      "alarms connect none"};
 
 int kills() {
     const char* wanted = std::getenv("ZOREL_KILLS");
@@ -47,7 +49,9 @@ TEST(RandomKills, AreHealedByTheNextStartAndTheHomeIsTheOldOrTheNewOne) {
         ::kill(process, SIGKILL);
         died += stage.wait(process).status == -SIGKILL ? 1 : 0;
         const Outcome after = stage.look();
-        const std::string wanted = command.starts_with("cities home ") ? command.substr(12) : before.home;
+        const std::string wanted = command.starts_with("cities home ") ? command.substr(12)
+                                   : command.starts_with("import")     ? "2643743"
+                                                                       : before.home;
         EXPECT_TRUE(after.home == before.home || after.home == wanted) << command << ": " << after.home;
         const Ended healing = stage.run("alarms refresh");
         EXPECT_EQ(healing.status, 0) << command << healing.err;

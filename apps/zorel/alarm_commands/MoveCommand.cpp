@@ -16,6 +16,7 @@
 #include <fmt/format.h>
 
 #include <algorithm>
+#include <filesystem>
 #include <iostream>
 
 namespace zorel::cli {
@@ -89,7 +90,13 @@ Exit runExport(const Context& context) {
         context.streams.out << text;
         return Exit::ok;
     }
-    if (const std::error_code error = replaceFile(context.options.file, text)) {
+    std::error_code unknown;
+    const auto kind = std::filesystem::status(context.options.file, unknown).type();
+    const bool isOther = kind != std::filesystem::file_type::not_found &&
+                         kind != std::filesystem::file_type::regular; // a device must stay one
+    const std::error_code error =
+        isOther ? std::make_error_code(std::errc::not_supported) : replaceFile(context.options.file, text);
+    if (error) {
         throw CliError(Exit::dataTrouble,
                        fmt::format("cannot write {}: {}", quote(context.options.file), error.message()),
                        "name another file, or - to print it");
