@@ -130,7 +130,7 @@ Look lookAtZoneData(const Context& context, const Findings& findings) {
                 fmt::format("{}{}", home.clock().zoneName(), edition.empty() ? "" : ", edition " + edition)};
     }
     const bool isRight = notice == almanac::ClockNotice::ruleIsNewer;
-    return {name, isRight, clockNoticeText(context, home, today), isRight ? "" : remedy};
+    return {name, isRight, clockNoticeText(home, today), isRight ? "" : remedy};
 }
 
 Look lookAtAlarms(const Context& context, const Findings& findings) {
@@ -168,6 +168,9 @@ Look lookAtService(const Findings& findings) {
     const RingStatus& service = findings.service;
     if (findings.isPretended) {
         return {name, true, "not asked, because the moment is pretended"};
+    }
+    if (!service.runs && isGnomeRinging()) {
+        return {name, true, "does not run; GNOME rings"};
     }
     if (!service.runs) {
         return findings.on == 0 ? Look{name, true, "does not run; no alarm is on"}

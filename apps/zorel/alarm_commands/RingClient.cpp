@@ -3,6 +3,8 @@
 
 #include "terminal/Program.h"
 
+#include "platform/eventkit/EKEventStore.h"
+#include "platform/eventkit/GnomeSource.h"
 #include "platform/foundation/Locations.h"
 
 #include <sstream>
@@ -48,7 +50,14 @@ void startRinging(const Context& context) {
     static_cast<void>(runSibling(words));
 }
 
+bool isGnomeRinging() {
+    return isGnomeConnected(EKEventStore().defaultCalendarForNewEvents().calendarIdentifier);
+}
+
 std::string whoRings(const RingStatus& status) {
+    if (isGnomeRinging()) {
+        return "rings through GNOME";
+    }
     if (!status.runs) {
         return "nobody rings yet: start zorel-ring in your session, or see docs/alarms.md";
     }

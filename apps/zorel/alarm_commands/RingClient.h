@@ -21,6 +21,8 @@ struct RingStatus {
 [[nodiscard]] RingStatus ringStatus();
 /// Starts the service for the folders in use unless one runs in this session.
 void startRinging(const Context& context);
+/// Whether the alarms were handed to GNOME's own calendar. Whether that runs is not looked at.
+[[nodiscard]] bool isGnomeRinging();
 /// Who rings, in one line for people: "rings through zorel-ring", "rings through GNOME", "nobody rings yet:
 /// ...".
 [[nodiscard]] std::string whoRings(const RingStatus& status);
