@@ -15,7 +15,7 @@ test_packages=(
     libgmock-dev clang clang-format git python3 python3-polib locales
     dpkg-dev make file desktop-file-utils appstream systemd
     librsvg2-bin weasyprint poppler-utils
-    khal vdirsyncer radicale fish groff-base dbus pulseaudio pulseaudio-utils pipewire-bin wireplumber
+    khal vdirsyncer radicale fish zsh conky-cli tmux groff-base dbus pulseaudio pulseaudio-utils pipewire-bin wireplumber
     gstreamer1.0-libav gstreamer1.0-pipewire gir1.2-gstreamer-1.0 python3-dbus python3-gi libcap2-bin
     evolution-data-server xauth
     pybind11-dev python3-dev python3-numpy python3-pytest mypy doxygen

@@ -2,6 +2,7 @@
 #include "Planner.h"
 
 #include "alarms/NextRings.h"
+#include "alarms/RingDurations.h"
 #include "almanac/PlaceClock.h"
 #include "common/GlobalFuncs.h"
 #include "platform/eventkit/EKEventStore.h"
@@ -11,7 +12,6 @@
 #include "ring/Schedule.h"
 
 #include <algorithm>
-#include <array>
 #include <string_view>
 
 namespace zorel::ring {
@@ -56,9 +56,8 @@ bool areKnown(const AlarmReport& report) {
 } // namespace
 
 std::chrono::seconds durationOf(std::int32_t choice) {
-    constexpr std::array<int, 8> kSeconds{5, 10, 20, 30, 60, 120, 180, 300};
-    const bool isKnown = choice >= 0 && choice < static_cast<std::int32_t>(kSeconds.size());
-    return std::chrono::seconds(kSeconds[isKnown ? static_cast<std::size_t>(choice) : 0]);
+    const bool isKnown = choice >= 0 && choice < static_cast<std::int32_t>(kRingDurations.size());
+    return kRingDurations[isKnown ? static_cast<std::size_t>(choice) : 0];
 }
 
 Planned Planner::plan(const AlarmReport& before, const AlarmReport& after) const {

@@ -3,6 +3,7 @@
 
 #include "ZorelVersion.h"
 #include "commands/Commands.h"
+#include "commands/Complete.h"
 #include "commands/UserData.h"
 #include "grammar/Arguments.h"
 #include "grammar/DateArgument.h"
@@ -125,6 +126,33 @@ Exit runCommand(const Options& options, Streams& streams) {
     return commands().at(options.command)(context);
 }
 
+/// What a shell asks for when somebody presses Tab: "complete SHELL WORDS". The words are a line in the
+/// making, no options of this run.
+Exit completeLine(std::span<const std::string> words, Streams& streams) {
+    if (words.size() < 3) {
+        return Exit::badUse;
+    }
+    const bool quoted = words[1] != "zsh"; // it takes the quotes away itself
+    std::vector<std::string> line;
+    for (const std::string& word : words.subspan(2)) {
+        line.push_back(quoted ? unquoted(word) : word);
+    }
+    const CompletionQuestion question = completionQuestion(line);
+    Options options;
+    const auto folder = [&](const char* name) {
+        const auto given = question.folders.find(name);
+        return given == question.folders.end() ? std::string() : given->second;
+    };
+    options.bundle = folder("--bundle");
+    options.dataDir = folder("--data-dir");
+    options.ringtones = folder("--ringtones");
+    setLocations(options);
+    const Context context(options, streams);
+    printChoices(streams.out, words[1], words.back(), question,
+                 completionChoices(context.services, question));
+    return Exit::ok;
+}
+
 int failed(Streams& streams, Exit code, std::string_view what, std::string_view hint) {
     streams.out.flush();
     streams.err << "zorel: " << cleanText(what) << '\n';
@@ -141,6 +169,9 @@ int runZorel(std::span<const std::string> words, Streams& streams) {
     language.empty() ? useLanguageOfEnvironment() : useLanguages({language});
     Options options;
     try {
+        if (!words.empty() && words.front() == "complete") {
+            return static_cast<int>(completeLine(words, streams));
+        }
         const ParseResult parsed = parseArguments(words, options);
         if (parsed.code != Exit::ok) {
             return failed(streams, parsed.code, parsed.text, parsed.hint);

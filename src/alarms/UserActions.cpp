@@ -22,7 +22,7 @@ const AlarmRow& rowOf(const UserRows& rows, std::int32_t prayerId) {
     return rows.alarms.at(static_cast<std::size_t>(prayerId - kFirstAlarmPrayerId));
 }
 
-void switchAllOff(const UserRows& rows, std::vector<std::string>& statements) {
+void switchEveryRowOff(const UserRows& rows, std::vector<std::string>& statements) {
     for (const AlarmRow& row : rows.alarms) {
         if (row.active) {
             statements.push_back(statements::setActive(row.timeId, false));
@@ -153,7 +153,7 @@ ActionResult UserActions::addCity(std::int32_t cityId) {
         }
         plan.movesAlarms = rows.cities.empty();
         if (plan.movesAlarms) {
-            switchAllOff(rows, plan.statements);
+            switchEveryRowOff(rows, plan.statements);
         }
         plan.statements.push_back(statements::addCity(cityId, rows.cities.empty()));
         return plan;
@@ -187,7 +187,7 @@ ActionResult UserActions::removeCity(std::int32_t cityId) {
         plan.movesAlarms = isHome(rows, cityId);
         const auto rest = others(rows, cityId);
         if (plan.movesAlarms && rest.empty()) {
-            switchAllOff(rows, plan.statements);
+            switchEveryRowOff(rows, plan.statements);
         } else if (plan.movesAlarms) {
             plan.statements.push_back(statements::unmarkHome());
             plan.statements.push_back(statements::markAsHome(integerValue(rest.front().cityId)));
@@ -221,6 +221,40 @@ ActionResult UserActions::switchOff(std::int32_t prayerId) {
         plan.statements = statements::setSilence(prayerId, std::nullopt);
         plan.statements.push_back(statements::setActive(rowOf(rows, prayerId).timeId, false));
         plan.concern(prayerId, Soonest::afterMargin);
+        return plan;
+    });
+}
+
+ActionResult UserActions::switchAllOn(const std::function<void(AlarmInfo&)>& choose) {
+    return perform([&](const UserRows& rows) {
+        Plan plan;
+        plan.movesAlarms = true;
+        if (rows.cities.empty()) {
+            plan.state = ActionState::noHome;
+            plan.reason = "there is no home city whose times an alarm could follow";
+        }
+        for (const AlarmRow& row : rows.alarms) {
+            if (row.active) {
+                continue;
+            }
+            AlarmInfo chosen = row.info();
+            choose(chosen);
+            if (plan.state == ActionState::done && !isStorableRingtone(chosen.melodyName)) {
+                plan.state = ActionState::badName;
+                plan.reason = "a ringtone's name must not hold an apostrophe";
+            }
+            plan.statements.push_back(
+                statements::defineAlarm(row.timeId, chosen, row.prayerTime.value_or(0.0)));
+        }
+        return plan;
+    });
+}
+
+ActionResult UserActions::switchAllOff() {
+    return perform([](const UserRows& rows) {
+        Plan plan;
+        plan.movesAlarms = true;
+        switchEveryRowOff(rows, plan.statements);
         return plan;
     });
 }

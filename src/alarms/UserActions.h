@@ -72,6 +72,9 @@ public:
     /// minutes.
     ActionResult switchOn(std::int32_t prayerId, const std::function<void(AlarmInfo&)>& choose);
     ActionResult switchOff(std::int32_t prayerId);
+    /// All six. Those that are on already stay as they are; `choose` completes what is stored of the others.
+    ActionResult switchAllOn(const std::function<void(AlarmInfo&)>& choose);
+    ActionResult switchAllOff();
     /// @param minutes from the prayer.
     ActionResult setOffset(std::int32_t prayerId, std::int32_t minutes);
     /// @param name path below the ringtone folder.

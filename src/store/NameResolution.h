@@ -47,6 +47,18 @@ struct NameResolution {
 /// @return nothing when the catalogue cannot be read
 [[nodiscard]] std::optional<NameResolution> resolveName(const Bundle& bundle, std::string_view text);
 
+/// A place, and its spelling (folded, foldedName()) that begins as the text does.
+struct BeginningPlace {
+    NamedPlace place;
+    std::string spelling;
+};
+
+/// Places with a spelling that begins with a text, the largest first; those that are called otherwise on maps
+/// come after much smaller ones. An empty text begins no name.
+/// @return at most `most`; nothing when the catalogue cannot be read
+[[nodiscard]] std::optional<std::vector<BeginningPlace>>
+placesBeginningWith(const GlobalFuncs& glbFuncs, std::string_view text, std::size_t most);
+
 /// Places that may have been meant by a name that no place has: names that begin with it or contain it as
 /// words, and names one or two slips of the hand away (a letter too much, missing, wrong or exchanged with
 /// its neighbour; two from five letters on), the larger and the nearer first. When there are none, what is

@@ -50,9 +50,9 @@ protected:
         expectDone(switchOn(kAsr));
     }
     /// The rows are as they were, to the last column, and the calendar fits them as soon as it can.
-    void expectTakenBack(const ActionResult& result, const UserRows& before) {
+    void expectTakenBack(const ActionResult& result, const UserRows& before, const char* reason = "refused") {
         EXPECT_EQ(result.state, ActionState::refused);
-        EXPECT_THAT(result.reason, HasSubstr("refused"));
+        EXPECT_THAT(result.reason, HasSubstr(reason));
         EXPECT_EQ(rows().alarms, before.alarms);
         EXPECT_EQ(statementsToRestore(before, rows()), std::vector<std::string>());
         calendar->refusesSaving = false;
@@ -96,6 +96,35 @@ TEST_F(UserActionsTest, SwitchingOnAndOffAndChanging) {
     EXPECT_EQ(calendar->events.size(), 1U);
     EXPECT_EQ(actions.setOffset(kFajr, 9).state, ActionState::alarmIsOff);
     EXPECT_EQ(rows().alarms[0].info().timeOffset, 7);
+}
+
+TEST_F(UserActionsTest, AllAreSwitchedAtOnce) {
+    const auto choose = [](AlarmInfo& alarm) { alarm.melodyName = "Gong.wav"; };
+    EXPECT_EQ(actions.switchAllOn(choose).state, ActionState::noHome);
+    settle();
+    expectDone(actions.switchAllOn(choose));
+    for (const AlarmRow& row : rows().alarms) {
+        EXPECT_TRUE(row.active);
+        const std::int32_t id = row.timeId + kTimeIdOffset;
+        EXPECT_EQ(row.info().melodyName, id == kFajr || id == kAsr ? "Bell.wav" : "Gong.wav");
+        EXPECT_EQ(row.info().timeOffset, id == kFajr ? -20 : 0);
+    }
+    expectDone(actions.switchAllOff());
+    for (const AlarmRow& row : rows().alarms) {
+        EXPECT_FALSE(row.active);
+    }
+    EXPECT_EQ(actions.switchAllOn([](AlarmInfo& alarm) { alarm.melodyName = "It's late.wav"; }).state,
+              ActionState::badName);
+    EXPECT_FALSE(rows().alarms.front().active);
+}
+
+TEST_F(UserActionsTest, AllOrNothing) {
+    settle();
+    const UserRows before = rows();
+    calendar->refusesSaving = true;
+    expectTakenBack(actions.switchAllOn([](AlarmInfo& alarm) { alarm.melodyName = "Gong.wav"; }), before);
+    calendar->refusesRemoving = true;
+    expectTakenBack(actions.switchAllOff(), before, "an event that belongs to no alarm");
 }
 
 TEST_F(UserActionsTest, WhatMakesNoSenseChangesNothing) {

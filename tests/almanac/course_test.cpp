@@ -2,6 +2,7 @@
 // The way of Sun and Moon over a place, and the side of the Moon that is lit.
 #include "almanac/Almanac.h"
 #include "almanac/Degrees.h"
+#include "tests/almanac/Days.h"
 
 #include <cmath>
 #include <gtest/gtest.h>
@@ -11,11 +12,7 @@ namespace {
 
 using namespace std::chrono_literals;
 using std::chrono::sys_days;
-
-Place placeIn(double latitude, double longitude, const char* zone) {
-    return {
-        .name = "", .latitude = latitude, .longitude = longitude, .clock = PlaceClock::ofZone(zone).value()};
-}
+using tests::placeIn;
 
 double apart(double one, double two) {
     return std::abs(std::remainder(one - two, 360.0));

@@ -4,6 +4,7 @@
 #include "draw/DayBar.h"
 #include "draw/LabelRows.h"
 #include "terminal/Wrap.h"
+#include "tests/almanac/Days.h"
 
 #include <gtest/gtest.h>
 
@@ -15,21 +16,13 @@ namespace {
 using namespace std::chrono_literals;
 using almanac::Prayer;
 
-almanac::Place placeAt(double latitude, double longitude, const char* zone) {
-    almanac::Place place;
-    place.latitude = latitude;
-    place.longitude = longitude;
-    place.clock = *almanac::PlaceClock::ofZone(zone);
-    return place;
-}
-
 DayLight lightOf(const almanac::Place& place, almanac::Date date) {
     almanac::Memory memory;
     return dayLight(almanac::Almanac(place), memory, date);
 }
 
 TEST(CliLight, TheToldTimesPartTheDay) {
-    const almanac::Place place = placeAt(41.01, 28.97, "Europe/Istanbul");
+    const almanac::Place place = almanac::tests::placeIn(41.01, 28.97, "Europe/Istanbul");
     const almanac::Day day = almanac::Almanac(place).day(2026y / 11 / 21);
     const DayLight light = lightOf(place, 2026y / 11 / 21);
     ASSERT_EQ(light.times.size(), 6U);
@@ -47,7 +40,7 @@ TEST(CliLight, TheToldTimesPartTheDay) {
 
 TEST(CliLight, ATimeOfTheEveStandsInTheDateThatItFallsOn) {
     // Oslo in June: nightfall comes after midnight, so the date holds that of the day before.
-    const almanac::Place place = placeAt(59.91, 10.75, "Europe/Oslo");
+    const almanac::Place place = almanac::tests::placeIn(59.91, 10.75, "Europe/Oslo");
     const DayLight light = lightOf(place, 2026y / 6 / 21);
     ASSERT_FALSE(light.times.empty());
     EXPECT_EQ(light.times.front().prayer, Prayer::isha);
@@ -56,8 +49,8 @@ TEST(CliLight, ATimeOfTheEveStandsInTheDateThatItFallsOn) {
 }
 
 TEST(CliLight, WithoutASunsetThereIsNoBar) {
-    EXPECT_TRUE(lightOf(placeAt(41.01, 28.97, "Europe/Istanbul"), 2026y / 11 / 21).known);
-    EXPECT_FALSE(lightOf(placeAt(-90.0, 0.0, "UTC"), 2026y / 12 / 21).known);
+    EXPECT_TRUE(lightOf(almanac::tests::placeIn(41.01, 28.97, "Europe/Istanbul"), 2026y / 11 / 21).known);
+    EXPECT_FALSE(lightOf(almanac::tests::placeIn(-90.0, 0.0, "UTC"), 2026y / 12 / 21).known);
     test::CliRunner run;
     EXPECT_EQ(run("today -90,0,UTC --date 2026-12-21 --ascii").out.find("..."), std::string::npos);
 }

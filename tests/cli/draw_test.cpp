@@ -7,6 +7,7 @@
 #include "draw/Sheet.h"
 #include "draw/Svg.h"
 #include "draw/YearOfPlace.h"
+#include "tests/almanac/Days.h"
 
 #include <gtest/gtest.h>
 
@@ -16,16 +17,8 @@ namespace {
 using namespace std::chrono_literals;
 using almanac::Prayer;
 
-almanac::Place placeAt(double latitude, double longitude, const char* zone) {
-    almanac::Place place;
-    place.latitude = latitude;
-    place.longitude = longitude;
-    place.clock = *almanac::PlaceClock::ofZone(zone);
-    return place;
-}
-
 TEST(CliYear, HasEveryDayAndItsMarks) {
-    const YearOfPlace year = yearOfPlace(placeAt(59.91, 10.75, "Europe/Oslo"), 2026);
+    const YearOfPlace year = yearOfPlace(almanac::tests::placeIn(59.91, 10.75, "Europe/Oslo"), 2026);
     ASSERT_EQ(year.size(), 365U);
     EXPECT_EQ(year[0].date, 2026y / 1 / 1);
     EXPECT_EQ(year[364].date, 2026y / 12 / 31);
@@ -38,13 +31,13 @@ TEST(CliYear, HasEveryDayAndItsMarks) {
     ASSERT_EQ(year.ramadans.size(), 1U);
     EXPECT_EQ(year.ramadans[0].hijriYear, 1447);
     EXPECT_EQ(almanac::daysBetween(year.ramadans[0].first, year.ramadans[0].last), 29);
-    EXPECT_EQ(yearOfPlace(placeAt(0.0, 0.0, "UTC"), 2028).size(), 366U);
+    EXPECT_EQ(yearOfPlace(almanac::tests::placeIn(0.0, 0.0, "UTC"), 2028).size(), 366U);
     // Thirty-three years later there are two in one year.
-    EXPECT_EQ(yearOfPlace(placeAt(0.0, 0.0, "UTC"), 2030).ramadans.size(), 2U);
+    EXPECT_EQ(yearOfPlace(almanac::tests::placeIn(0.0, 0.0, "UTC"), 2030).ramadans.size(), 2U);
 }
 
 TEST(CliYear, HijriMonthsBeginWhereTheCalendarSays) {
-    const almanac::Almanac almanac(placeAt(41.01, 28.97, "Europe/Istanbul"));
+    const almanac::Almanac almanac(almanac::tests::placeIn(41.01, 28.97, "Europe/Istanbul"));
     EXPECT_EQ(firstOfHijriMonth(almanac, 1448, 9), 2027y / 2 / 8);
     for (int year = 1000; year <= 9600; year += 430) {
         for (int month = 1; month <= 12; ++month) {
@@ -60,7 +53,7 @@ TEST(CliYear, HijriMonthsBeginWhereTheCalendarSays) {
 }
 
 TEST(CliCurve, HasEveryToldMinuteOnItsDate) {
-    const YearOfPlace year = yearOfPlace(placeAt(41.01, 28.97, "Europe/Istanbul"), 2026);
+    const YearOfPlace year = yearOfPlace(almanac::tests::placeIn(41.01, 28.97, "Europe/Istanbul"), 2026);
     const auto pieces = curveOf(year, Prayer::asr);
     ASSERT_EQ(pieces.size(), 1U);
     ASSERT_EQ(pieces[0].size(), 365U);
@@ -72,7 +65,7 @@ TEST(CliCurve, HasEveryToldMinuteOnItsDate) {
 }
 
 TEST(CliCurve, BreaksAtMidnight) {
-    const YearOfPlace year = yearOfPlace(placeAt(59.91, 10.75, "Europe/Oslo"), 2026);
+    const YearOfPlace year = yearOfPlace(almanac::tests::placeIn(59.91, 10.75, "Europe/Oslo"), 2026);
     std::size_t points = 0;
     const auto pieces = curveOf(year, Prayer::isha);
     EXPECT_GE(pieces.size(), 3U);
@@ -87,7 +80,7 @@ TEST(CliCurve, BreaksAtMidnight) {
 }
 
 TEST(CliCurve, WhatDoesNotExistIsNotDrawn) {
-    const YearOfPlace year = yearOfPlace(placeAt(-90.0, 0.0, "UTC"), 2026);
+    const YearOfPlace year = yearOfPlace(almanac::tests::placeIn(-90.0, 0.0, "UTC"), 2026);
     for (const CurvePiece& piece : curveOf(year, Prayer::maghrib)) {
         EXPECT_FALSE(piece.empty());
     }
@@ -144,7 +137,9 @@ TEST(CliChart, MarksOnlyItsOwnYear) {
     test::CliRunner run;
     EXPECT_NE(run("chart Istanbul").out.find("today, 21 November"), std::string::npos);
     EXPECT_EQ(run("chart Istanbul --year 2027").out.find("today, 21 November"), std::string::npos);
-    EXPECT_NE(run("chart Istanbul --with Oslo").out.find("dashed: Oslo"), std::string::npos);
+    const std::string two = run("chart Istanbul --with Oslo --svg").out;
+    EXPECT_NE(two.find("dashed: Oslo / Norway; each by its own clock"), std::string::npos);
+    EXPECT_EQ(two.find("by the clock of Europe/Istanbul"), std::string::npos);
     EXPECT_EQ(run("chart Istanbul --year 1500").code, 2);
     EXPECT_EQ(run("chart Istanbul --with Nosuchtown").code, 1);
 }
@@ -201,7 +196,25 @@ TEST(CliTable, RemindersGoWithEveryEvent) {
     EXPECT_EQ(occurrences(run("table Istanbul --to today --ics --others").out, "BEGIN:VEVENT"), 14U);
     EXPECT_EQ(run("table Istanbul --reminder 15").code, 2);
     EXPECT_EQ(run("table Istanbul --ics --reminder 721").code, 2);
-    EXPECT_EQ(run("table Istanbul --csv --others").code, 2);
+}
+
+TEST(CliTable, HasTheOtherTimesInEveryForm) {
+    test::CliRunner run;
+    const auto ended = [](const std::string& text, const std::string& end) { return text.ends_with(end); };
+    const std::string plain = run("table Istanbul --to today --csv").out;
+    const std::string csv = run("table Istanbul --to today --csv --others").out;
+    const std::string head = csv.substr(0, csv.find('\n'));
+    EXPECT_TRUE(head.starts_with(plain.substr(0, plain.find('\n')) + ",last_sixth_of_night,")) << head;
+    EXPECT_TRUE(ended(head, ",middle_of_night")) << head;
+    EXPECT_EQ(occurrences(head, ","), occurrences(csv, ",") - occurrences(head, ","));
+    EXPECT_EQ(run("table Istanbul --to today --json").out.find("other_times"), std::string::npos);
+    const std::string json = run("table Istanbul --to today --json --others").out;
+    EXPECT_NE(json.find("\"asr_second\": \"2026-11-21T16:"), std::string::npos) << json;
+    const std::string all = run("table --all --on 2026-11-21 --from-id 745044 --count 1 --csv --others").out;
+    EXPECT_NE(all.find(",middle_of_night\n745044,"), std::string::npos) << all;
+    EXPECT_TRUE(ended(all, csv.substr(csv.find("+03:00")))) << all << csv;
+    EXPECT_NE(run("table --all --from-id 745044 --count 1 --json --others").out.find("\"other_times\""),
+              std::string::npos);
 }
 
 TEST(CliTable, SaysTheWeekdayAndTheHijriDay) {

@@ -126,43 +126,6 @@ TEST(CliPages, HelpTextsFitIntoATerminal) {
     }
 }
 
-/// What bash offers behind some words.
-std::string bashOffers(const std::string& words, int current) {
-    const TemporaryFolder folder;
-    writeFile(folder.path("zorel.bash"), cli::completionScript("bash"));
-    return outputOf("bash -c '. " + folder.path("zorel.bash") + "; COMP_WORDS=(" + words +
-                    "); COMP_CWORD=" + std::to_string(current) + "; _zorel; echo \"${COMPREPLY[*]}\"' 2>&1");
-}
-
-TEST(CliPages, BashCompletes) {
-    EXPECT_EQ(bashOffers("zorel wid", 1), "widget\n");
-    EXPECT_EQ(bashOffers("zorel alarms r", 2), "ringtone refresh\n");
-    EXPECT_EQ(bashOffers("zorel --lang tr cities a", 4), "add\n");
-    EXPECT_EQ(bashOffers("zorel --color a", 2), "auto always\n");
-    EXPECT_EQ(bashOffers("zorel alarms on m", 3), "maghrib\n");
-    EXPECT_EQ(bashOffers("zorel table --i", 2), "--ics\n");
-    EXPECT_EQ(bashOffers("zorel alarms duration fajr \"\"", 4), "\n");
-}
-
-/// What fish offers at the end of a line.
-std::string fishOffers(const std::string& line) {
-    const TemporaryFolder folder;
-    writeFile(folder.path("zorel.fish"), cli::completionScript("fish"));
-    return outputOf("LC_ALL=C HOME=" + folder.path() + " fish -c 'source " + folder.path("zorel.fish") +
-                    "; complete -C \"" + line + "\"' 2>&1 | cut -f1 | tr '\\n' ' '");
-}
-
-TEST(CliPages, FishCompletes) {
-    if (!hasProgram("fish")) {
-        GTEST_SKIP() << "fish is not installed";
-    }
-    EXPECT_EQ(fishOffers("zorel to"), "today tomorrow ");
-    EXPECT_EQ(fishOffers("zorel --lang tr cities "), "add home remove ");
-    EXPECT_EQ(fishOffers("zorel alarms on "), "asr dhuhr fajr isha maghrib sunrise ");
-    EXPECT_EQ(fishOffers("zorel alarms duration fajr "), "");
-    EXPECT_EQ(fishOffers("zorel --color a"), "always auto ");
-}
-
 TEST(CliPages, TheManualPageIsGoodRoff) {
     if (!hasProgram("groff")) {
         GTEST_SKIP() << "groff is not installed";
@@ -174,21 +137,6 @@ TEST(CliPages, TheManualPageIsGoodRoff) {
     EXPECT_EQ(warnings, "");
     EXPECT_NE(outputOf("groff -K utf8 -man -Tutf8 " + folder.path("zorel.1") + " 2>/dev/null").find("widget"),
               std::string::npos);
-}
-
-TEST(CliPages, CompletionsNameEveryCommandAndOption) {
-    const std::string zsh = cli::completionScript("zsh");
-    const std::string fish = cli::completionScript("fish");
-    for (const CommandHelp& command : describeCommands()) {
-        const std::string last = command.name.substr(command.name.rfind(' ') + 1);
-        EXPECT_NE(zsh.find(last), std::string::npos) << last;
-        EXPECT_NE(fish.find(last), std::string::npos) << last;
-        for (const OptionHelp& option : command.options) {
-            EXPECT_NE(zsh.find(option.names.back()), std::string::npos) << option.names.back();
-            EXPECT_NE(fish.find(" -l " + option.names.back().substr(2)), std::string::npos)
-                << option.names.back();
-        }
-    }
 }
 
 } // namespace

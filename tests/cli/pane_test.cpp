@@ -101,12 +101,45 @@ TEST_F(CliPane, OffsetMovesTheEvent) {
 
 TEST_F(CliPane, AnAlarmThatIsOffKeepsNoChanges) {
     ok("cities add Istanbul");
-    for (const char* line : {"alarms offset asr 5", "alarms duration asr 3"}) {
+    for (const char* line : {"alarms offset asr 5", "alarms duration asr 30"}) {
         const CliResult result = run(line);
         EXPECT_EQ(result.code, 1) << line;
         EXPECT_NE(result.err.find("zorel alarms on asr"), std::string::npos) << result.err;
     }
     EXPECT_EQ(alarm(3)["offset_minutes"], 0);
+}
+
+TEST_F(CliPane, AllAlarmsAtOnce) {
+    EXPECT_EQ(run("alarms on all").code, 1); // no home city
+    ok("cities add Istanbul");
+    ok("alarms on fajr");
+    ok("alarms offset fajr -15m");
+    ok("alarms on all");
+    EXPECT_EQ(calendarFiles().size(), 6U);
+    EXPECT_EQ(alarm(0)["offset_minutes"], -15);
+    for (std::size_t i = 0; i < 6; ++i) {
+        EXPECT_TRUE(alarm(i)["active"].get<bool>());
+    }
+    ok("alarms on all");
+    EXPECT_EQ(calendarFiles().size(), 6U);
+    ok("alarms off all");
+    EXPECT_EQ(calendarFiles().size(), 0U);
+    EXPECT_FALSE(alarm(3)["active"].get<bool>());
+}
+
+TEST_F(CliPane, DurationsAreTyped) {
+    ok("cities add Istanbul");
+    ok("alarms on isha");
+    const auto index = [&](const std::string& text) {
+        ok("alarms duration isha " + text);
+        return alarm(5)["duration"].get<int>();
+    };
+    EXPECT_EQ(index("5"), 0);
+    EXPECT_EQ(index("20s"), 2);
+    EXPECT_EQ(index("60"), 4);
+    EXPECT_EQ(index("1m"), 4);
+    EXPECT_EQ(index("0m30"), 3);
+    EXPECT_EQ(index("5min"), 7);
 }
 
 TEST_F(CliPane, RingtoneAndDuration) {
@@ -125,7 +158,7 @@ TEST_F(CliPane, RingtoneAndDuration) {
     EXPECT_EQ(refused.code, 3);
     EXPECT_NE(refused.err.find("could not be stored"), std::string::npos) << refused.err;
     EXPECT_EQ(alarm(5)["ringtone"], "Chimes.wav");
-    ok("alarms duration isha 3");
+    ok("alarms duration isha 30");
     EXPECT_EQ(alarm(5)["duration"], 3);
     EXPECT_FALSE(alarm(5)["duration_label"].get<std::string>().empty());
     const CliResult unknown = run("alarms ringtone isha Gong");

@@ -6,6 +6,7 @@
 #include "draw/MoonFace.h"
 #include "draw/Panorama.h"
 #include "draw/SkyChart.h"
+#include "tests/almanac/Days.h"
 
 #include <cmath>
 #include <gtest/gtest.h>
@@ -119,10 +120,7 @@ TEST(CliPanorama, CutsAtTheBottomAndTheEdges) {
 
 TEST(CliPanorama, StaysInThePictureEverywhere) {
     for (const double latitude : {-90.0, -66.0, -1.0, 0.0, 21.4, 45.0, 66.0, 89.9}) {
-        almanac::Place place;
-        place.latitude = latitude;
-        place.longitude = 33.0;
-        place.clock = *almanac::PlaceClock::ofZone("UTC");
+        const almanac::Place place = almanac::tests::placeIn(latitude, 33.0, "UTC");
         for (const int month : {3, 6, 12}) {
             const auto course = almanac::Almanac(place).course(2026y / month / 21, 5min);
             for (const Body body : {Body::sun, Body::moon}) {

@@ -112,6 +112,20 @@ TEST(CliStyle, ColumnsAlignAndLinesHaveNoTrailingBlanks) {
     EXPECT_EQ(table.text(Style(false), "> "), "> Öğle     9:05\n> Ikindi  12:05\n> x\n");
 }
 
+TEST(CliStyle, TheLocaleSaysWhetherThereIsMoreThanAscii) {
+    const char* all = getenv("LC_ALL");
+    const std::string before = all == nullptr ? "" : all;
+    for (const char* locale : {"C.UTF-8", "tr_TR.UTF-8", "en_GB.utf8"}) {
+        setenv("LC_ALL", locale, 1);
+        EXPECT_TRUE(localeIsUtf8()) << locale;
+    }
+    for (const char* locale : {"C", "POSIX", "tr_TR.ISO-8859-9"}) {
+        setenv("LC_ALL", locale, 1);
+        EXPECT_FALSE(localeIsUtf8()) << locale;
+    }
+    setenv("LC_ALL", before.c_str(), 1);
+}
+
 TEST(CliStyle, ColoursOnlyWhereTheyAreWanted) {
     EXPECT_EQ(Style(true).bold("x"), "\x1b[1mx\x1b[0m");
     EXPECT_EQ(Style(false).bold("x"), "x");

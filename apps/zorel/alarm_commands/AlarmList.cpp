@@ -132,8 +132,7 @@ void printText(const Context& context, const HeadlessPane& pane, const List& lis
         table.add({context.nameOf(alarm.prayer),
                    alarm.info.active ? trIn("alarm", "on") : trIn("alarm", "off"),
                    prayerText(context, list, alarm), fmt::format("{:+}", alarm.info.timeOffset),
-                   stateText(list, alarm), alarm.info.melodyName,
-                   fmt::format("{} ({})", alarm.info.melodyTime, durationLabel(pane, alarm.info.melodyTime))},
+                   stateText(list, alarm), alarm.info.melodyName, durationLabel(pane, alarm.info.melodyTime)},
                   alarm.info.active ? TextTable::Emphasis::bold : TextTable::Emphasis::none);
     }
     context.streams.out << (pane.home() == nullptr ? noCitiesText()

@@ -5,7 +5,9 @@
 #include "commands/HeadlessPane.h"
 #include "commands/UserData.h"
 #include "grammar/DateArgument.h"
+#include "grammar/Duration.h"
 
+#include "alarms/RingDurations.h"
 #include "almanac/PlaceClock.h"
 #include "almanac/Scanner.h"
 #include "platform/foundation/Locale.h"
@@ -17,8 +19,9 @@
 namespace zorel::cli {
 
 namespace {
-constexpr int kLargestOffset = 59; // [min]
+constexpr std::chrono::minutes kLargestOffset{59};
 constexpr int kMostDaysOfPause = 366;
+constexpr std::string_view kAll = "all";
 
 std::int32_t wantedPrayer(const Context& context) {
     const auto prayer = almanac::prayerOfKey(lowerCase(context.options.prayer));
@@ -29,20 +32,33 @@ std::int32_t wantedPrayer(const Context& context) {
                    "fajr, sunrise, dhuhr, asr, maghrib or isha");
 }
 
-/// A whole number of a range, with an optional sign.
-int wantedNumber(const Context& context, int smallest, int largest, std::string_view what) {
-    almanac::Scanner scan(context.options.value);
-    const bool negative = scan.take('-');
-    if (!negative) {
-        scan.take('+');
+/// Minutes with an optional sign.
+int wantedOffset(const Context& context) {
+    std::string_view text = context.options.value;
+    const bool negative = text.starts_with('-');
+    if (negative || text.starts_with('+')) {
+        text.remove_prefix(1);
     }
-    const auto size = scan.number(1000);
-    const int number = size ? (negative ? -*size : *size) : 0;
-    if (!size || !scan.atEnd() || number < smallest || number > largest) {
-        throw CliError(Exit::badUse, fmt::format("{} is no {}", quote(context.options.value), what),
-                       fmt::format("a whole number from {} to {}", smallest, largest));
+    const auto offset = parseDuration(text, std::chrono::minutes(1));
+    if (!offset || *offset % std::chrono::minutes(1) != std::chrono::seconds(0) || *offset > kLargestOffset) {
+        throw CliError(
+            Exit::badUse, fmt::format("{} is no offset", quote(context.options.value)),
+            fmt::format("whole minutes from {} to {}", -kLargestOffset.count(), kLargestOffset.count()));
     }
-    return number;
+    const auto minutes = static_cast<int>(*offset / std::chrono::minutes(1));
+    return negative ? -minutes : minutes;
+}
+
+/// The index of a duration that an alarm can have.
+int wantedDuration(const Context& context) {
+    const auto wanted = parseDuration(context.options.value, std::chrono::seconds(1));
+    const auto* found = wanted ? std::ranges::find(kRingDurations, *wanted) : kRingDurations.end();
+    if (found == kRingDurations.end()) {
+        throw CliError(Exit::badUse,
+                       fmt::format("{} is no duration of an alarm", quote(context.options.value)),
+                       "it can ring for 5, 10, 20, 30 seconds or 1m, 2m, 3m, 5m");
+    }
+    return static_cast<int>(found - kRingDurations.begin());
 }
 
 std::string wantedRingtone(const Context& context, const HeadlessPane& pane) {
@@ -77,6 +93,9 @@ void requireChanged(const Context& context, const ActionResult& result) {
     if (result.state == ActionState::noHome) {
         throw CliError(Exit::noResult, "there is no home city whose times an alarm could follow",
                        "zorel cities add NAME");
+    }
+    if (context.options.prayer == kAll) {
+        requireDone(result, "the change of the alarms");
     }
     if (result.state == ActionState::alarmIsOff) {
         throw CliError(Exit::noResult,
@@ -120,6 +139,14 @@ Exit change(const Context& context, HeadlessPane& pane, const Action& action) {
     }
     return listAfterwards(context, pane, report);
 }
+
+/// All six as one action.
+Exit changeAll(const Context& context, HeadlessPane& pane,
+               const std::function<ActionResult(UserActions&)>& action) {
+    const ActionResult result = pane.act(action);
+    requireChanged(context, result);
+    return listAfterwards(context, pane, result.alarms ? *result.alarms : pane.alarms());
+}
 } // namespace
 
 /// The list tells what is, and the status whether all of it will ring.
@@ -138,19 +165,26 @@ Exit runAlarms(const Context& context) {
 
 Exit runAlarmsOn(const Context& context) {
     HeadlessPane pane;
+    const auto complete = [&](AlarmInfo& alarm) { completeRingtone(pane, alarm); };
+    if (context.options.prayer == kAll) {
+        return changeAll(context, pane, [&](UserActions& actions) { return actions.switchAllOn(complete); });
+    }
     return change(context, pane, [&](UserActions& actions, std::int32_t prayerId) {
-        return actions.switchOn(prayerId, [&](AlarmInfo& alarm) { completeRingtone(pane, alarm); });
+        return actions.switchOn(prayerId, complete);
     });
 }
 
 Exit runAlarmsOff(const Context& context) {
     HeadlessPane pane;
+    if (context.options.prayer == kAll) {
+        return changeAll(context, pane, [](UserActions& actions) { return actions.switchAllOff(); });
+    }
     return change(context, pane,
                   [](UserActions& actions, std::int32_t prayerId) { return actions.switchOff(prayerId); });
 }
 
 Exit runAlarmsOffset(const Context& context) {
-    const int minutes = wantedNumber(context, -kLargestOffset, kLargestOffset, "offset");
+    const int minutes = wantedOffset(context);
     HeadlessPane pane;
     return change(context, pane, [&](UserActions& actions, std::int32_t prayerId) {
         return actions.setOffset(prayerId, minutes);
@@ -166,7 +200,7 @@ Exit runAlarmsRingtone(const Context& context) {
 }
 
 Exit runAlarmsDuration(const Context& context) {
-    const int choice = wantedNumber(context, 0, 7, "duration");
+    const int choice = wantedDuration(context);
     HeadlessPane pane;
     return change(context, pane, [&](UserActions& actions, std::int32_t prayerId) {
         return actions.setDuration(prayerId, choice);

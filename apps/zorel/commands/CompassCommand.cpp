@@ -52,7 +52,7 @@ std::string fieldText(const Context& context, const almanac::Magnetic& magnetic)
 }
 
 std::string rosePicture(const Context& context, const Compass& compass) {
-    const bool ascii = context.options.ascii;
+    const bool ascii = context.ascii();
     return fmt::format("\n{}\n  {}\n\n", roseText(context, compass),
                        ascii ? tr("Q qibla, m magnetic north, N true north")
                              : tr("◆ qibla, m magnetic north, N true north"));

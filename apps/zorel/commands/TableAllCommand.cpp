@@ -18,6 +18,7 @@
 #include <future>
 #include <limits>
 #include <memory>
+#include <span>
 #include <thread>
 
 namespace zorel::cli {
@@ -63,13 +64,19 @@ private:
 
     [[nodiscard]] std::string jsonLine(const ShownPlace& place, const almanac::Day& day) const {
         const Clockface clock(place.clock(), context_.precision());
-        const Json document{{"schema", "zorel/place-day/1"},
-                            {"place", placeJson(place)},
-                            {"date", almanac::isoDate(day.date)},
-                            {"utc_offset", almanac::isoOffset(day.offset)},
-                            {"clock", clockJson(place, day.date)},
-                            {"times", timesJson(day, almanac::kSixPrayers, clock)},
-                            {"corrections", correctionsJson(day, almanac::kSixPrayers)}};
+        const std::span<const almanac::Prayer> all(almanac::kListedPrayers);
+        const bool others = context_.options.others;
+        Json document{
+            {"schema", "zorel/place-day/1"},
+            {"place", placeJson(place)},
+            {"date", almanac::isoDate(day.date)},
+            {"utc_offset", almanac::isoOffset(day.offset)},
+            {"clock", clockJson(place, day.date)},
+            {"times", timesJson(day, almanac::kSixPrayers, clock)},
+            {"corrections", correctionsJson(day, others ? all : all.first(almanac::kSixPrayers.size()))}};
+        if (others) {
+            document["other_times"] = timesJson(day, almanac::kOtherPrayers, clock);
+        }
         return jsonText(document, -1);
     }
 
@@ -83,7 +90,7 @@ private:
         appendCsvNumber(text, place.place.latitude, kCoordinateDecimals);
         appendCsvNumber(text, place.place.longitude, kCoordinateDecimals);
         text.append(",").append(almanac::isoDate(day.date));
-        appendCsvTimes(text, day, Clockface(place.clock(), context_.precision()));
+        appendCsvTimes(text, day, Clockface(place.clock(), context_.precision()), context_.options.others);
     }
 
     [[nodiscard]] Lines compute(const std::vector<ShownPlace>& places) const {
@@ -175,7 +182,8 @@ Exit runTableAll(const Context& context) {
     const almanac::Date today = almanac::PlaceClock::ofMachine().dateAt(context.now());
     const almanac::Date date = options.on.empty() ? today : requireDate(options.on, today, "--on");
     if (!options.json) {
-        context.streams.out << "id,name,region,country,latitude,longitude,date" << csvTimesHeader() << '\n';
+        context.streams.out << "id,name,region,country,latitude,longitude,date"
+                            << csvTimesHeader(options.others) << '\n';
     }
     Progress progress(context.streams.err, context.streams.errIsTerminal, totalOf(context), "places");
     Batch batch(context, date);

@@ -69,12 +69,18 @@ ClockNotices eachDay(const Context& context, const ShownPlace& place, const Rang
     return notices;
 }
 
+/// The times that are asked for, in the order of the columns.
+std::span<const Prayer> prayersOf(const Context& context) {
+    const std::span<const Prayer> all(almanac::kListedPrayers);
+    return context.options.others ? all : all.first(almanac::kSixPrayers.size());
+}
+
 void printCsv(const Context& context, const ShownPlace& place, const Range& range) {
     const Clockface clock(place.clock(), context.precision());
-    context.streams.out << "date" << csvTimesHeader() << '\n';
+    context.streams.out << "date" << csvTimesHeader(context.options.others) << '\n';
     const ClockNotices notices = eachDay(context, place, range, [&](const Day& day) {
         std::string line = almanac::isoDate(day.date);
-        appendCsvTimes(line, day, clock);
+        appendCsvTimes(line, day, clock, context.options.others);
         context.streams.out << line << '\n';
     });
     notices.note();
@@ -84,12 +90,16 @@ void printJson(const Context& context, const ShownPlace& place, const Range& ran
     const Clockface clock(place.clock(), context.precision());
     Json days = Json::array();
     eachDay(context, place, range, [&](const Day& day) {
-        days.push_back(Json{{"date", almanac::isoDate(day.date)},
-                            {"utc_offset", almanac::isoOffset(day.offset)},
-                            {"clock", clockJson(place, day.date)},
-                            {"times", timesJson(day, almanac::kSixPrayers, clock)},
-                            {"flags", flagsJson(day)},
-                            {"corrections", correctionsJson(day, almanac::kSixPrayers)}});
+        Json one = Json{{"date", almanac::isoDate(day.date)},
+                        {"utc_offset", almanac::isoOffset(day.offset)},
+                        {"clock", clockJson(place, day.date)},
+                        {"times", timesJson(day, almanac::kSixPrayers, clock)},
+                        {"flags", flagsJson(day)},
+                        {"corrections", correctionsJson(day, prayersOf(context))}};
+        if (context.options.others) {
+            one["other_times"] = timesJson(day, almanac::kOtherPrayers, clock);
+        }
+        days.push_back(std::move(one));
     });
     writeJson(context,
               Json{{"schema", "zorel/table/1"}, {"place", placeJson(place)}, {"days", std::move(days)}});
@@ -98,12 +108,6 @@ void printJson(const Context& context, const ShownPlace& place, const Range& ran
 std::string uidPlace(const ShownPlace& place) {
     return place.id != 0 ? fmt::format("{}", place.id)
                          : fmt::format("{:.4f}_{:.4f}", place.place.latitude, place.place.longitude);
-}
-
-/// The times that are asked for, in the order of the columns.
-std::span<const Prayer> prayersOf(const Context& context) {
-    const std::span<const Prayer> all(almanac::kListedPrayers);
-    return context.options.others ? all : all.first(almanac::kSixPrayers.size());
 }
 
 void printIcs(const Context& context, const ShownPlace& place, const Range& range) {

@@ -18,6 +18,14 @@ std::string databasePath() {
     return Locations::current().data + "/user.sqlite";
 }
 
+/// None where there is no database yet.
+UserCities readCities() {
+    UserCities cities = storedUserCities(databasePath());
+    if (cities.result.state != StoreState::missing) {
+        requireRead(cities.result);
+    }
+    return cities;
+}
 } // namespace
 
 void makeDataDir() {
@@ -44,16 +52,21 @@ void requireRead(const StoreResult& result) {
 }
 
 std::int32_t homeCityId() {
-    const UserCities cities = storedUserCities(databasePath());
-    if (cities.result.state != StoreState::missing) {
-        requireRead(cities.result);
-    }
+    const UserCities cities = readCities();
     const auto home = homePosition(cities.rows);
     return home ? integerValue(cities.rows[*home].cityId) : 0;
 }
 
 std::string noCitiesText() {
     return tr("No cities yet. Add one with: zorel cities add NAME");
+}
+
+std::vector<std::int32_t> listedCityIds() {
+    std::vector<std::int32_t> ids;
+    for (const UserCity& city : readCities().rows) {
+        ids.push_back(integerValue(city.cityId));
+    }
+    return ids;
 }
 
 std::string storingHint() {

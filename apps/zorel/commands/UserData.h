@@ -12,6 +12,7 @@
 #include <cstdint>
 #include <functional>
 #include <string>
+#include <vector>
 
 namespace zorel::cli {
 
@@ -32,6 +33,9 @@ void requireRead(const StoreResult& result);
 
 /// What stands for a list without cities.
 [[nodiscard]] std::string noCitiesText();
+
+/// The catalogue ids of the user's cities, in the order of the list. @throws as homeCityId().
+[[nodiscard]] std::vector<std::int32_t> listedCityIds();
 
 /// What to do when something could not be stored.
 [[nodiscard]] std::string storingHint();

@@ -106,7 +106,7 @@ private:
         for (const RamadanDays& days : year_.ramadans) {
             std::string mark;
             for (std::size_t column = columnOf(days.first); column <= columnOf(days.last); ++column) {
-                mark += context_.options.ascii ? "=" : "━";
+                mark += context_.ascii() ? "=" : "━";
             }
             months.add(columnOf(days.first), fmt::format("{} {}", mark, hijriMonthName(9)));
         }
@@ -141,7 +141,7 @@ private:
     [[nodiscard]] std::string named(Prayer prayer) const {
         const Ink ink = inkOf(prayer);
         return context_.style.paint(ink.colour, context_.nameOf(prayer)) +
-               (context_.options.ascii ? fmt::format(" {}", ink.letter) : std::string());
+               (context_.ascii() ? fmt::format(" {}", ink.letter) : std::string());
     }
 
     [[nodiscard]] std::string plot() const {
@@ -150,8 +150,7 @@ private:
         for (std::size_t row = 0; row < kRows; ++row) {
             const std::size_t hour = 24 - row;
             const std::string axis = hour % 3 == 0 ? fmt::format("{:2} ", hour) : std::string(kAxis, ' ');
-            std::string line =
-                context_.style.dim(axis) + ground_.row(row, context_.style, context_.options.ascii);
+            std::string line = context_.style.dim(axis) + ground_.row(row, context_.style, context_.ascii());
             line += labels[row].empty() ? labels[row] : ' ' + labels[row];
             line.erase(line.find_last_not_of(' ') + 1);
             text += line + '\n';

@@ -47,7 +47,7 @@ public:
     }
     [[nodiscard]] std::string present(Instant now) const {
         const std::string word = tr("now");
-        const std::string mark = context_.options.ascii ? "v" : "▼";
+        const std::string mark = context_.ascii() ? "v" : "▼";
         const std::size_t column = columnOf(now);
         const bool right = column + 2 + displayWidth(word) <= width_;
         const std::string text = right ? mark + ' ' + word : word + ' ' + mark;
@@ -95,10 +95,10 @@ private:
         const bool marked = std::ranges::any_of(
             day_.times, [&](const almanac::DayTime& time) { return columnOf(time.shown) == column; });
         if (marked) {
-            return context_.options.ascii ? "|" : "│";
+            return context_.ascii() ? "|" : "│";
         }
         const Shade& shade = kShades[static_cast<std::size_t>(light)];
-        return context_.style.colours() ? " " : context_.options.ascii ? shade.ascii : shade.block;
+        return context_.style.colours() ? " " : context_.ascii() ? shade.ascii : shade.block;
     }
 
     const Context& context_;

@@ -39,7 +39,7 @@ public:
         std::string text;
         for (std::size_t row = 0; row < kRows; ++row) {
             std::string line(kIndent);
-            line += ground_.row(row, context_.style, context_.options.ascii);
+            line += ground_.row(row, context_.style, context_.ascii());
             line.erase(line.find_last_not_of(' ') + 1);
             text += line + '\n';
         }
@@ -79,7 +79,7 @@ private:
             name(compass_.magnetic->declination, kRadius - 13.0, "m", kMagnetic);
         }
         if (compass_.qibla.bearing) {
-            name(*compass_.qibla.bearing, kRadius, context_.options.ascii ? "Q" : "◆", kQibla);
+            name(*compass_.qibla.bearing, kRadius, context_.ascii() ? "Q" : "◆", kQibla);
         }
     }
 

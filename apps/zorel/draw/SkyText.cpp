@@ -44,7 +44,7 @@ public:
     }
 
 private:
-    [[nodiscard]] bool ascii() const { return context_.options.ascii; }
+    [[nodiscard]] bool ascii() const { return context_.ascii(); }
     [[nodiscard]] long dotX(double right) const {
         return std::lround(right * (static_cast<double>(ground_.width()) - 1.0));
     }

@@ -61,10 +61,13 @@ std::vector<std::string> notesOf(const Context& context, const ChartPlace& place
 } // namespace
 
 std::string chartSubtitle(const YearChart& chart) {
+    const int year = chart.first.year.year;
+    if (chart.second) {
+        return tr("Prayer times of {}", year);
+    }
     const ShownPlace& place = chart.first.place;
     const std::string& zone = place.clock().zoneName();
     const int height = place.place.temkin == almanac::Temkin::upTo500m ? 500 : 250;
-    const int year = chart.first.year.year;
     if (zone.empty()) {
         // translators: {0} a year, {1} like "+03:00", {2} a height [m]; temkin is the margin of safety of the
         // times
@@ -80,7 +83,8 @@ std::string chartLegend(const YearChart& chart) {
         return {};
     }
     // translators: which of two places the solid lines of a chart show, and which the dashed ones
-    return tr("solid: {0}; dashed: {1}", placeText(chart.first.place), placeText(chart.second->place));
+    return tr("solid: {0}; dashed: {1}; each by its own clock", placeText(chart.first.place),
+              placeText(chart.second->place));
 }
 
 std::vector<std::string> chartNotes(const Context& context, const YearChart& chart) {

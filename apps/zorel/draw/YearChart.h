@@ -25,7 +25,8 @@ struct YearChart {
     std::vector<almanac::Prayer> curves; ///< the six first
 };
 
-/// "Prayer times of 2026, by the clock of Europe/Istanbul, temkin for up to 250 m".
+/// "Prayer times of 2026, by the clock of Europe/Istanbul, temkin for up to 250 m"; of two places only the
+/// year.
 [[nodiscard]] std::string chartSubtitle(const YearChart& chart);
 /// "solid: ..., dashed: ..."; empty for one place.
 [[nodiscard]] std::string chartLegend(const YearChart& chart);

@@ -3,6 +3,7 @@
 
 #include "ZorelVersion.h"
 #include "grammar/Checks.h"
+#include "grammar/Duration.h"
 #include "grammar/Examples.h"
 #include "grammar/HelpText.h"
 #include "grammar/ParseProblem.h"
@@ -25,7 +26,8 @@ constexpr std::string_view kDescription =
 constexpr const char* kPlaceHelp = "name (\"Paris, Texas\"), catalogue id, or LAT,LON[,ZONE]; default: the "
                                    "home city, else the largest place of the "
                                    "system's time zone";
-constexpr const char* kDateForms = "2026-11-21, today, tomorrow, +3, -3 (days from today)";
+constexpr const char* kDateForms =
+    "2026-11-21 (years 1583 to 9998), today, tomorrow, yesterday, +3 or -3 (days from today)";
 
 const std::vector<std::string> kPrayers{"fajr", "sunrise", "dhuhr", "asr", "maghrib", "isha"};
 
@@ -116,7 +118,8 @@ private:
         sub->add_option("--width", options_.width, "Columns, 40 to 500; default: the terminal's, else 80")
             ->type_name("N")
             ->check(wholeNumber(kLeastColumns, kMostColumns));
-        sub->add_flag("--ascii", options_.ascii, "Draw with plain ASCII characters");
+        sub->add_flag("--ascii", options_.ascii,
+                      "Draw with plain ASCII characters, as on a terminal without UTF-8");
     }
     void temkin(CLI::App* sub) {
         sub->add_option("--temkin", options_.temkin,
@@ -179,16 +182,16 @@ private:
         auto* ics = table->add_flag("--ics", options_.ics, "Print a calendar to import or subscribe to");
         table
             ->add_option("--reminder", options_.reminders,
-                         "With --ics: remind so many minutes before each time")
+                         "With --ics: remind so many minutes (or 1h, 1h30) before each time")
             ->type_name("MIN")
             ->expected(1)
             ->multi_option_policy(CLI::MultiOptionPolicy::TakeAll)
-            ->check(wholeNumber(0, 720))
+            ->transform(wholeMinutes(0, 720))
             ->needs(ics);
         value(*table, "--name", options_.calendarName, "TEXT",
               "With --ics: the calendar's name; default: the place's")
             ->needs(ics);
-        others(table)->excludes(csv)->excludes(jsonFlag);
+        others(table);
         csv->excludes(jsonFlag)->excludes(ics);
         jsonFlag->excludes(ics);
         seconds(table);
@@ -205,7 +208,7 @@ private:
             ->type_name("N")
             ->check(wholeNumber(1))
             ->needs(all);
-        all->excludes(ics)->excludes("--others");
+        all->excludes(ics);
     }
 
     CLI::Option* svg(CLI::App* sub) {
@@ -326,12 +329,19 @@ private:
         city(command(*cities, "remove", "Remove a city from the list"), listed);
     }
 
-    CLI::App* alarmCommand(CLI::App* alarms, const char* name, const char* help) {
+    /// @param all whether the word "all" stands for every alarm.
+    CLI::App* alarmCommand(CLI::App* alarms, const char* name, const char* help, bool all = false) {
         CLI::App* sub = command(*alarms, name, help);
-        sub->add_option("PRAYER", options_.prayer, "fajr, sunrise, dhuhr, asr, maghrib or isha")
+        std::vector<std::string> choices = kPrayers;
+        if (all) {
+            choices.emplace_back("all");
+        }
+        sub->add_option("PRAYER", options_.prayer,
+                        all ? "fajr, sunrise, dhuhr, asr, maghrib, isha; or all six at once: all"
+                            : "fajr, sunrise, dhuhr, asr, maghrib or isha")
             ->type_name("")
             ->required()
-            ->transform(oneOf(kPrayers));
+            ->transform(oneOf(choices));
         return sub;
     }
 
@@ -341,10 +351,11 @@ private:
             return;
         }
         json(alarms);
-        alarmCommand(alarms, "on", "Switch an alarm on");
-        alarmCommand(alarms, "off", "Switch an alarm off and remove its event");
+        alarmCommand(alarms, "on", "Switch an alarm on, or all of them", true);
+        alarmCommand(alarms, "off", "Switch an alarm off, or all of them, and remove what was to ring", true);
         alarmCommand(alarms, "offset", "Minutes from the prayer time, -59 to 59")
-            ->add_option("MINUTES", options_.value, "minutes; negative: before the prayer time")
+            ->add_option("MINUTES", options_.value,
+                         "minutes, such as 10 or -15m; negative: before the prayer time")
             ->type_name("")
             ->required();
         alarmCommand(alarms, "ringtone", "Choose a ringtone of the ringtone folder")
@@ -353,7 +364,8 @@ private:
             ->type_name("")
             ->required();
         alarmCommand(alarms, "duration", "How long the ringtone plays")
-            ->add_option("CHOICE", options_.value, "0 to 7: 5, 10, 20, 30 seconds, 1, 2, 3, 5 minutes")
+            ->add_option("TIME", options_.value,
+                         "seconds, or minutes with m: 5, 10, 20, 30, 1m, 2m, 3m or 5m")
             ->type_name("")
             ->required();
         alarmCommand(alarms, "skip", "Leave out what an alarm would ring next, once")
@@ -400,7 +412,7 @@ private:
             ->add_option("--soon", options_.soon,
                          "Minutes before a prayer time from which the class is \"soon\"; default: 15")
             ->type_name("MIN")
-            ->check(wholeNumber(0, 720));
+            ->transform(wholeMinutes(0, 720));
     }
 
     void addCompletion() {

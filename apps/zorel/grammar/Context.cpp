@@ -77,6 +77,10 @@ std::optional<std::size_t> Context::knownColumns() const {
                     : std::nullopt;
 }
 
+bool Context::ascii() const {
+    return options.ascii || (streams.outIsTerminal && !localeIsUtf8());
+}
+
 std::string Context::argument() const {
     return fmt::format("{}", fmt::join(options.words, " "));
 }

@@ -51,6 +51,9 @@ public:
     [[nodiscard]] std::optional<std::size_t> knownColumns() const;
     /// The same; 80 where nothing is known.
     [[nodiscard]] std::size_t columns() const { return knownColumns().value_or(80); }
+    /// Whether pictures are drawn with plain ASCII characters: --ascii, or a terminal whose locale has no
+    /// others.
+    [[nodiscard]] bool ascii() const;
     /// The words of the positional argument as one text.
     [[nodiscard]] std::string argument() const;
     /// A line on the error stream that is no error ("note: ...").

@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: Apache-2.0
 #include "grammar/ParseProblem.h"
 
+#include "grammar/Arguments.h"
 #include "grammar/Examples.h"
 #include "terminal/CliError.h"
 
@@ -85,17 +86,53 @@ ParseProblem unknownCommand(const CLI::App& app, const std::string& before, cons
     return {"no command " + quote(prefix + word), helpHint(before) + times};
 }
 
+/// The commands that have an option of exactly this name.
+std::vector<std::string> commandsWith(const std::string& option) {
+    std::vector<std::string> names;
+    for (const CommandHelp& command : describeCommands()) {
+        const bool has = std::ranges::any_of(command.options, [&](const OptionHelp& one) {
+            return std::ranges::find(one.names, option) != one.names.end();
+        });
+        if (has && !command.name.empty()) {
+            names.push_back(command.name);
+        }
+    }
+    return names;
+}
+
+ParseProblem unknownOption(const CLI::App& app, const std::string& command, const std::string& word) {
+    const std::string what = "no option " + quote(word);
+    const std::string name = word.substr(0, word.find('='));
+    const std::vector<std::string> having = commandsWith(name);
+    if (std::ranges::find(having, command) != having.end()) {
+        return {what + " before the command", fmt::format("it stands behind {}", quote(command))};
+    }
+    if (!having.empty()) {
+        return {command.empty() ? what : fmt::format("{} has {}", command, what),
+                fmt::format("{} belongs to: {}", name, fmt::join(having, ", "))};
+    }
+    if (const std::string meant = optionMeant(app, word); !meant.empty()) {
+        return {what, fmt::format("did you mean: {}", meant)};
+    }
+    return {what, helpHint(command)};
+}
+
+/// Whether a command waits for words and has none.
+bool takesWords(const CLI::App& app) {
+    return std::ranges::any_of(app.get_options(), [](const CLI::Option* option) {
+        return option->get_positional() && option->count() == 0;
+    });
+}
+
 ParseProblem unknownWord(const CLI::App& app, const std::string& command, const std::string& word) {
     if (word.size() > 1 && word.front() == '-') {
-        if (const std::string meant = optionMeant(app, word); !meant.empty() && meant != word) {
-            return {"no option " + quote(word), fmt::format("did you mean: {}", meant)};
-        }
-        const std::string where =
-            command.empty() ? "" : fmt::format("; they stand behind {}", quote(command));
-        return {"no option " + quote(word), helpHint(command) + where};
+        return unknownOption(app, command, word);
     }
     if (!app.get_subcommands([](const CLI::App*) { return true; }).empty()) {
         return unknownCommand(app, command, word);
+    }
+    if (takesWords(app)) {
+        return {quote(word) + " stands before the command", fmt::format("write: zorel {} {}", command, word)};
     }
     return {quote(word) + " is one word too many", helpHint(command)};
 }

@@ -32,22 +32,34 @@ void appendCsvNumber(std::string& line, double number, int decimals) {
     line.append(digits.data(), end.ptr);
 }
 
-std::string csvTimesHeader() {
+namespace {
+void appendCsvTime(std::string& line, const almanac::Day& day, Prayer prayer, const Clockface& clock) {
+    line += ',';
+    if (const ShownTime time = clock.of(day[prayer])) {
+        line += clockAndDayText(*time, day.date, clock.precision(), "");
+    }
+}
+} // namespace
+
+std::string csvTimesHeader(bool others) {
     std::string header = ",utc_offset";
     for (const Prayer prayer : almanac::kSixPrayers) {
         header.append(",").append(almanac::keyOf(prayer));
     }
-    return header + ",latitude_lowered_to,fajr_from_other_day,isha_from_other_day";
+    header += ",latitude_lowered_to,fajr_from_other_day,isha_from_other_day";
+    for (const Prayer prayer : almanac::kOtherPrayers) {
+        if (others) {
+            header.append(",").append(almanac::keyOf(prayer));
+        }
+    }
+    return header;
 }
 
-void appendCsvTimes(std::string& line, const almanac::Day& day, const Clockface& clock) {
+void appendCsvTimes(std::string& line, const almanac::Day& day, const Clockface& clock, bool others) {
     line += ',';
     line += almanac::isoOffset(day.offset);
     for (const Prayer prayer : almanac::kSixPrayers) {
-        line += ',';
-        if (const ShownTime time = clock.of(day[prayer])) {
-            line += clockAndDayText(*time, day.date, clock.precision(), "");
-        }
+        appendCsvTime(line, day, prayer, clock);
     }
     if (const auto latitude = day.loweredLatitude()) {
         appendCsvNumber(line, *latitude, 4);
@@ -56,6 +68,11 @@ void appendCsvTimes(std::string& line, const almanac::Day& day, const Clockface&
     }
     line += day[Prayer::fajr].takenFrom() ? ",1" : ",0";
     line += day[Prayer::isha].takenFrom() ? ",1" : ",0";
+    for (const Prayer prayer : almanac::kOtherPrayers) {
+        if (others) {
+            appendCsvTime(line, day, prayer, clock);
+        }
+    }
 }
 
 } // namespace zorel::cli

@@ -45,6 +45,19 @@ bool coloursWanted(std::string_view choice, bool terminal) {
            !(kind != nullptr && std::string_view(kind) == "dumb");
 }
 
+bool localeIsUtf8() {
+    for (const char* variable : {"LC_ALL", "LC_CTYPE", "LANG"}) {
+        if (isSetAndNotEmpty(variable)) {
+            std::string name(std::getenv(variable));
+            std::ranges::transform(name, name.begin(), [](char letter) {
+                return letter >= 'A' && letter <= 'Z' ? static_cast<char>(letter - 'A' + 'a') : letter;
+            });
+            return name.find("utf-8") != std::string::npos || name.find("utf8") != std::string::npos;
+        }
+    }
+    return false;
+}
+
 std::size_t displayWidth(std::string_view text) {
     std::size_t width = 0;
     while (!text.empty()) {

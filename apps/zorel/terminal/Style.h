@@ -34,6 +34,9 @@ private:
 /// "dumb").
 [[nodiscard]] bool coloursWanted(std::string_view choice, bool terminal);
 
+/// Whether the locale of the environment (LC_ALL, LC_CTYPE, LANG) writes UTF-8.
+[[nodiscard]] bool localeIsUtf8();
+
 /// Columns that a terminal's fixed-width font takes for UTF-8 text: one for each character, none for
 /// combining marks, two for East Asian wide characters.
 [[nodiscard]] std::size_t displayWidth(std::string_view text);
