@@ -368,7 +368,7 @@ ActionResult UserActions::clear() {
         Plan plan;
         plan.movesAlarms = true;
         plan.aim = Aim::silence;
-        switchAllOff(rows, plan.statements);
+        switchEveryRowOff(rows, plan.statements);
         return plan;
     });
 }

@@ -50,9 +50,9 @@ private:
 
 } // namespace
 
-std::optional<std::vector<BeginningPlace>> placesBeginningWith(const GlobalFuncs& glbFuncs,
-                                                               std::string_view text, std::size_t most) {
-    auto index = NameIndex::open(glbFuncs);
+std::optional<std::vector<BeginningPlace>> placesBeginningWith(const Bundle& bundle, std::string_view text,
+                                                               std::size_t most) {
+    auto index = NameIndex::open(bundle);
     if (!index) {
         return std::nullopt;
     }

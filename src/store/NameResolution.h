@@ -57,7 +57,7 @@ struct BeginningPlace {
 /// come after much smaller ones. An empty text begins no name.
 /// @return at most `most`; nothing when the catalogue cannot be read
 [[nodiscard]] std::optional<std::vector<BeginningPlace>>
-placesBeginningWith(const GlobalFuncs& glbFuncs, std::string_view text, std::size_t most);
+placesBeginningWith(const Bundle& bundle, std::string_view text, std::size_t most);
 
 /// Places that may have been meant by a name that no place has: names that begin with it or contain it as
 /// words, and names one or two slips of the hand away (a letter too much, missing, wrong or exchanged with
