@@ -16,7 +16,7 @@ import sys
 import polib  # python3-polib
 
 POT = pathlib.Path(__file__).resolve().parent.parent / "po" / "zorel.pot"
-PLACEHOLDER = re.compile(r"\{\{|\}\}|\{[^{}]*\}|%[d@]")
+PLACEHOLDER = re.compile(r"\{\{|\}\}|\{[\w:.+]*\}|%[d@]")
 TYPED = re.compile(r"(?<![\w-])--[a-z][a-z-]*")
 
 

@@ -2,6 +2,7 @@
 #include "Commands.h"
 
 #include "ring/SessionBus.h"
+#include "words/Tr.h"
 
 #include <chrono>
 #include <cstdio>
@@ -16,8 +17,8 @@ namespace {
 constexpr std::uint64_t kAnswer = 5'000'000; // [us]
 constexpr int kTries = 50;                   // of 0.1 s, until a service that was started has its name
 
-int complain(const char* what) {
-    std::fprintf(stderr, "zorel-ring: %s\n", what);
+int complain(const std::string& what) {
+    std::fprintf(stderr, "zorel-ring: %s\n", what.c_str());
     return 1;
 }
 
@@ -81,17 +82,17 @@ bool comesUp(sd_bus* bus) {
 int startService(const std::vector<std::string>& words) {
     const Bus bus = sessionBus();
     if (!bus) {
-        return complain("there is no session bus to start it on");
+        return complain(tr("there is no session bus to start it on"));
     }
     const bool isUp = isRunning(bus.get()) || (words.size() == 1 && activate(bus.get())) ||
                       (startAlone(words) && comesUp(bus.get()));
-    return isUp ? 0 : complain("it could not be started");
+    return isUp ? 0 : complain(tr("it could not be started"));
 }
 
 int callService(const char* member) {
     const Bus bus = sessionBus();
     if (!bus || !answerTo(bus.get(), callOf(bus.get(), member))) {
-        return complain("it does not run in this session");
+        return complain(tr("it does not run in this session"));
     }
     return 0;
 }
@@ -99,11 +100,11 @@ int callService(const char* member) {
 int testService(const std::string& prayer) {
     const Bus bus = sessionBus();
     if (!bus) {
-        return complain("it does not run in this session");
+        return complain(tr("it does not run in this session"));
     }
     const BusMessage call = callOf(bus.get(), "Test");
     sd_bus_message_append(call.get(), "s", prayer.c_str());
-    return answerTo(bus.get(), call) ? 0 : complain("it does not run in this session");
+    return answerTo(bus.get(), call) ? 0 : complain(tr("it does not run in this session"));
 }
 
 int printStatus() {
@@ -111,7 +112,7 @@ int printStatus() {
     const BusMessage reply = bus ? answerTo(bus.get(), callOf(bus.get(), "Status")) : nullptr;
     const char* text = nullptr;
     if (!reply || sd_bus_message_read(reply.get(), "s", &text) < 0) {
-        return complain("it does not run in this session");
+        return complain(tr("it does not run in this session"));
     }
     std::fputs(text, stdout);
     return 0;

@@ -1,6 +1,11 @@
 // SPDX-License-Identifier: Apache-2.0
 #include "RingOptions.h"
 
+#include "words/Tr.h"
+
+#include <array>
+#include <string_view>
+
 #include <getopt.h>
 
 #include <array>
@@ -97,20 +102,32 @@ RingOptions ringOptions(int argc, char** argv) {
     return options;
 }
 
-const char* ringHelp() {
-    return "zorel-ring [OPTIONS]\n"
-           "  Waits for the prayer alarms and rings: a notification, and the chosen ringtone.\n\n"
-           "  --start            start it in the background, unless it runs\n"
-           "  --stop             silence what rings\n"
-           "  --snooze           silence it, and ring once more in five minutes\n"
-           "  --test PRAYER      ring an alarm now, as it would\n"
-           "  --status           what it waits for\n"
-           "  --data-dir DIR     folder of the user's cities and alarms\n"
-           "  --calendar DIR     folder of .ics files that carries the alarms\n"
-           "  --bundle DIR       folder of language files and catalogue\n"
-           "  --ringtones DIR    folder of ringtones\n"
-           "  --helpers DIR      folder of zorel-ring-plan and zorel-ring-play\n"
-           "  -h, --help; -V, --version\n";
+std::string ringHelp() {
+    struct Option {
+        std::string_view names;
+        const char* meaning;
+    };
+    constexpr std::array kOptions{
+        Option{"--start", trLater("start it in the background, unless it runs")},
+        Option{"--stop", trLater("silence what rings")},
+        Option{"--snooze", trLater("silence it, and ring once more in five minutes")},
+        Option{"--test PRAYER", trLater("ring an alarm now, as it would")},
+        Option{"--status", trLater("what it waits for")},
+        Option{"--data-dir DIR", trLater("folder of the user's cities and alarms")},
+        Option{"--calendar DIR", trLater("folder of .ics files that carries the alarms")},
+        Option{"--bundle DIR", trLater("folder of language files and catalogue")},
+        Option{"--ringtones DIR", trLater("folder of ringtones")},
+        Option{"--helpers DIR", trLater("folder of zorel-ring-plan and zorel-ring-play")},
+    };
+    constexpr std::size_t kColumn = 19;
+    std::string text = "zorel-ring [OPTIONS]\n  " +
+                       tr("Waits for the prayer alarms and rings: a notification, and the chosen ringtone.") +
+                       "\n\n";
+    for (const Option& option : kOptions) {
+        text += "  " + std::string(option.names) + std::string(kColumn - option.names.size(), ' ') +
+                tr(option.meaning) + '\n';
+    }
+    return text + "  -h, --help; -V, --version\n";
 }
 
 } // namespace zorel::ring

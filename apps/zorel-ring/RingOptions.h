@@ -20,6 +20,7 @@ struct RingOptions {
 };
 
 [[nodiscard]] RingOptions ringOptions(int argc, char** argv);
-[[nodiscard]] const char* ringHelp();
+/// In the language in use.
+[[nodiscard]] std::string ringHelp();
 
 } // namespace zorel::ring

@@ -9,6 +9,7 @@
 #include "ring/RingObject.h"
 #include "ring/RingService.h"
 #include "ring/SessionBus.h"
+#include "words/Language.h"
 
 #include <csignal>
 #include <cstdio>
@@ -109,6 +110,9 @@ int waitForAlarms(const RingOptions& options) {
 }
 
 int run(const RingOptions& options, const char* program) {
+    if (options.command != RingCommand::wait) { // what waits speaks to the journal, and to people by its plan
+        useLanguageOfEnvironment();
+    }
     std::vector<std::string> words{program};
     words.insert(words.end(), options.forPlanner.begin(), options.forPlanner.end());
     switch (options.command) {
@@ -125,7 +129,7 @@ int run(const RingOptions& options, const char* program) {
     case RingCommand::status:
         return printStatus();
     case RingCommand::help:
-        std::fputs(ringHelp(), stdout);
+        std::fputs(ringHelp().c_str(), stdout);
         return kDone;
     case RingCommand::version:
         std::puts("zorel-ring " ZOREL_VERSION);
@@ -133,7 +137,7 @@ int run(const RingOptions& options, const char* program) {
     case RingCommand::badUse:
         break;
     }
-    std::fputs(ringHelp(), stderr);
+    std::fputs(ringHelp().c_str(), stderr);
     return kBadUse;
 }
 

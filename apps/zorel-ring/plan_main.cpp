@@ -5,12 +5,14 @@
 
 #include "alarms/PrayerAlarms.h"
 #include "common/GlobalFuncs.h"
+#include "common/SpokenLanguage.h"
 #include "platform/eventkit/EKEventStore.h"
 #include "platform/eventkit/FolderCalendar.h"
 #include "platform/foundation/Clock.h"
 #include "platform/foundation/Locations.h"
 #include "platform/foundation/ProgramLocations.h"
 #include "store/DatabaseFunctions.h"
+#include "words/Language.h"
 
 #include <clocale>
 #include <cstdio>
@@ -80,6 +82,8 @@ int run(int argc, char** argv) {
         return kBadUse;
     }
     setLocations(*options);
+    useLanguageOfEnvironment();
+    speakInPane(languageInUse());
     const Planned result = planned(options->at("--test"));
     std::fputs(textOf(result.plan).c_str(), stdout);
     return result.isKnown && std::fflush(stdout) == 0 ? kDone : kUnknown;

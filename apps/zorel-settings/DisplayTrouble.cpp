@@ -1,6 +1,8 @@
 // SPDX-License-Identifier: Apache-2.0
 #include "DisplayTrouble.h"
 
+#include "words/Tr.h"
+
 #include <QString>
 #include <QStringList>
 #include <QtGlobal>
@@ -39,23 +41,27 @@ void hold(QtMsgType type, const QMessageLogContext& context, const QString& mess
 
 std::string displayTrouble(const std::string& platform, const std::string& waylandDisplay,
                            const std::string& display) {
-    const std::string remedy = " Without a display: zorel --help, or zorel-settings --screenshot FILE.";
+    const std::string remedy =
+        ' ' + tr("Without a display: zorel --help, or zorel-settings --screenshot FILE.");
     const bool wayland = platform.empty() ? !waylandDisplay.empty() : platform.starts_with("wayland");
     if (wayland) {
-        return "No window can be opened in this Wayland session. Install Qt's Wayland plugin (Debian: "
-               "qt6-wayland)." +
+        return tr("No window can be opened in this Wayland session. Install Qt's Wayland plugin (Debian: "
+                  "qt6-wayland).") +
                remedy;
     }
     if (!platform.empty() && !platform.starts_with("xcb")) {
-        return "No window can be opened: QT_QPA_PLATFORM is " + platform + ". Unset it." + remedy;
+        return tr("No window can be opened: QT_QPA_PLATFORM is {}. Unset it.", platform) + remedy;
     }
     if (display.empty()) {
-        return "No window can be opened: there is no display here (DISPLAY is not set). "
-               "Start it in a desktop session." +
+        return tr("No window can be opened: there is no display here (DISPLAY is not set). "
+                  "Start it in a desktop session.") +
                remedy;
     }
-    return "No window can be opened: the display " + display +
-           " does not answer, or refuses you. Start it in a desktop session of your own." + remedy;
+    return tr("No window can be opened: the display {} does not answer, or refuses you. Start it in a "
+              "desktop session of "
+              "your own.",
+              display) +
+           remedy;
 }
 
 DisplayGuard::DisplayGuard() {

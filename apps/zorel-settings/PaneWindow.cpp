@@ -3,7 +3,6 @@
 
 #include "platform/foundation/Clock.h"
 #include "platform/foundation/FileLock.h"
-#include "platform/foundation/Locale.h"
 #include "platform/foundation/Locations.h"
 #include "platform/uikit/UISearchBar.h"
 #include "store/DatabaseFunctions.h"
@@ -42,8 +41,7 @@ QSize windowSize(const WindowOptions& options, double scale) {
 
 } // namespace
 
-PaneWindow::PaneWindow(const WindowOptions& options, const QString& problem)
-    : host_(currentLocale().starts_with("tr")) {
+PaneWindow::PaneWindow(const WindowOptions& options, const QString& problem) {
     host_.setProblem(problem);
     host_.setTextScale(textScale(options));
     if (!options.appearance.empty()) {

@@ -7,6 +7,7 @@
 
 #include "almanac/PlaceClock.h"
 #include "common/GlobalFuncs.h"
+#include "common/SpokenLanguage.h"
 #include "platform/eventkit/EKEventStore.h"
 #include "platform/eventkit/FolderCalendar.h"
 #include "platform/foundation/Clock.h"
@@ -16,6 +17,8 @@
 #include "platform/foundation/Utf8.h"
 #include "store/Database.h"
 #include "store/DatabaseFunctions.h"
+#include "words/Language.h"
+#include "words/Tr.h"
 
 #include <QGuiApplication>
 #include <QIcon>
@@ -54,23 +57,28 @@ std::string troubleAtStart() {
     const Locations& places = Locations::current();
     const std::string catalogue = places.bundle + "/database/cities.sqlite";
     if (!fileExistsAtPath(catalogue)) {
-        return "The city catalogue is missing: " + catalogue +
-               ". Install Zorel again, or name the folder that holds it with --bundle.";
+        return tr("The city catalogue is missing: {}. Install Zorel again, or name the folder that holds it "
+                  "with --bundle.",
+                  catalogue);
     }
     if (places.data.empty()) {
-        return "There is no home folder to keep your cities in. Name one with --data-dir.";
+        return tr("There is no home folder to keep your cities in. Name one with --data-dir.");
     }
     if (!createDirectoryAtPath(places.data) || access(places.data.c_str(), W_OK | X_OK) != 0) {
-        return "The folder of your cities and alarms cannot be written: " + places.data +
-               ". Make it writable for yourself, or name another with --data-dir.";
+        return tr("The folder of your cities and alarms cannot be written: {}. Make it writable for "
+                  "yourself, or name another "
+                  "with --data-dir.",
+                  places.data);
     }
     const GlobalFuncs functions;
     DatabaseFunctions store(functions);
     store.generateUserDatabaseFile();
     const auto database = Database::openUser(store.userDBPath());
     if (!database || !database->prepare("SELECT ID FROM USER_CITY").isPrepared()) {
-        return "The file of your cities and alarms cannot be used: " + store.userDBPath() +
-               ". Make room if the disk is full; move the file away if it is damaged.";
+        return tr("The file of your cities and alarms cannot be used: {}. Make room if the disk is full; "
+                  "move the file away if "
+                  "it is damaged.",
+                  store.userDBPath());
     }
     return {};
 }
@@ -109,9 +117,12 @@ int drawPicture(PaneWindow& pane, const WindowOptions& options) {
         if (pane.picture().save(QString::fromStdString(options.screenshot))) {
             code = 0;
         } else {
-            std::cerr << "zorel-settings: the picture could not be written to "
-                      << cleanText(options.screenshot)
-                      << ". Does the folder exist, may you write there, does the name end in .png?\n";
+            std::cerr << "zorel-settings: "
+                      << tr("the picture could not be written to {}. Does the folder exist, may you write "
+                            "there, does the "
+                            "name end in .png?",
+                            cleanText(options.screenshot))
+                      << '\n';
         }
         QGuiApplication::quit();
     });
@@ -176,6 +187,8 @@ int runProgram(int argc, char** argv, const WindowOptions& options) {
     const QGuiApplication application(argc, argv);
     guard.reset();
     std::setlocale(LC_NUMERIC, "C");
+    useLanguageOfEnvironment(); // once more: Qt has set the locale
+    speakInPane(languageInUse());
     QGuiApplication::setDesktopFileName(QStringLiteral("org.zorel.Settings"));
     QGuiApplication::setWindowIcon(QIcon::fromTheme(QStringLiteral("org.zorel.Settings")));
     std::optional<ClockOverride> clock;
@@ -190,14 +203,17 @@ int runProgram(int argc, char** argv, const WindowOptions& options) {
     SingleInstance instance(QString::fromStdString(Locations::current().data));
     const bool forUse = options.screenshot.empty() && !options.timeStart;
     if (forUse && instance.askOther()) {
-        std::cout << "zorel-settings: the window is open already; it has been asked to come forward.\n";
+        std::cout << "zorel-settings: "
+                  << tr("the window is open already; it has been asked to come forward.") << '\n';
         return 0;
     }
     PaneWindow pane(options, QString::fromStdString(trouble));
     if (pane.window().status() == QQuickView::Error) {
-        std::cerr
-            << "zorel-settings: a part of Qt that draws the window is missing (its own message is above). On "
-               "Debian: sudo apt install qml6-module-qtqml-workerscript\n";
+        std::cerr << "zorel-settings: "
+                  << tr("a part of Qt that draws the window is missing (its own message is above). On "
+                        "Debian: sudo apt install "
+                        "qml6-module-qtqml-workerscript")
+                  << '\n';
         return kDataTrouble;
     }
     if (options.timeStart) {
@@ -209,6 +225,7 @@ int runProgram(int argc, char** argv, const WindowOptions& options) {
 } // namespace
 
 int main(int argc, char** argv) {
+    useLanguageOfEnvironment();
     WindowOptions options;
     int exitCode = 0;
     if (!readWindowOptions(argc, argv, options, exitCode)) {

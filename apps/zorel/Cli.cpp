@@ -7,8 +7,10 @@
 #include "commands/UserData.h"
 #include "grammar/Arguments.h"
 #include "grammar/DateArgument.h"
+#include "terminal/PersonsText.h"
 
 #include "almanac/PlaceClock.h"
+#include "common/SpokenLanguage.h"
 #include "platform/eventkit/EKEventStore.h"
 #include "platform/eventkit/FolderCalendar.h"
 #include "platform/foundation/Clock.h"
@@ -68,8 +70,8 @@ std::string defaultDataDir() {
     if (auto folder = userDataDirectory()) {
         return *std::move(folder);
     }
-    throw CliError(Exit::dataTrouble, "neither HOME nor XDG_DATA_HOME is set",
-                   "name the folder of your cities and alarms with --data-dir DIR");
+    throw CliError(Exit::dataTrouble, tr("neither HOME nor XDG_DATA_HOME is set"),
+                   tr("name the folder of your cities and alarms with --data-dir DIR"));
 }
 
 void setLocations(const Options& options) {
@@ -86,8 +88,8 @@ void setLocations(const Options& options) {
 Instant pretendedNow(const std::string& text) {
     const auto moment = almanac::parseMoment(text);
     if (!moment || !moment->date) {
-        throw CliError(Exit::badUse, fmt::format("--now: {} is not a moment", quote(text)),
-                       "write it as 2026-11-21T15:04 or 2026-11-21T15:04:00+03:00");
+        throw CliError(Exit::badUse, tr("--now: {} is not a moment", quote(text)),
+                       tr("write it as 2026-11-21T15:04 or 2026-11-21T15:04:00+03:00"));
     }
     const almanac::Instant instant = instantOf(*moment, almanac::PlaceClock::ofMachine(), *moment->date);
     return Instant(std::chrono::duration_cast<Instant::duration>(instant.time_since_epoch()));
@@ -113,6 +115,7 @@ Exit runCommand(const Options& options, Streams& streams) {
         return printDescription(options, streams);
     }
     setLocations(options);
+    speakInPane(options.language.empty() ? languageInUse() : options.language);
     std::optional<ClockOverride> clock;
     if (!options.now.empty()) {
         clock.emplace(pretendedNow(options.now));
@@ -161,18 +164,19 @@ int failed(Streams& streams, Exit code, std::string_view what, std::string_view 
     }
     return static_cast<int>(code);
 }
-} // namespace
 
-int runZorel(std::span<const std::string> words, Streams& streams) {
-    // Before anything else: help and errors are said in the language too.
-    const std::string language = languageOnLine(words);
-    language.empty() ? useLanguageOfEnvironment() : useLanguages({language});
-    Options options;
+/// Whether the output is for people, not for programs.
+bool isForPeople(const Options& options) {
+    const std::string& command = options.command;
+    return !options.json && !options.csv && !options.ics && !options.all && !options.svg &&
+           command != "sheet" && command != "widget" && command != "completion" && command != "manual";
+}
+
+int answer(const ParseResult& parsed, const Options& options, Streams& streams) {
     try {
         if (!words.empty() && words.front() == "complete") {
             return static_cast<int>(completeLine(words, streams));
         }
-        const ParseResult parsed = parseArguments(words, options);
         if (parsed.code != Exit::ok) {
             return failed(streams, parsed.code, parsed.text, parsed.hint);
         }
@@ -180,7 +184,8 @@ int runZorel(std::span<const std::string> words, Streams& streams) {
         const Exit code = parsed.run ? runCommand(options, streams) : Exit::ok;
         streams.out.flush();
         if (!streams.out.good()) {
-            return failed(streams, Exit::dataTrouble, "the output could not be written", "is the disk full?");
+            return failed(streams, Exit::dataTrouble, tr("the output could not be written"),
+                          tr("is the disk full?"));
         }
         return static_cast<int>(code);
     } catch (const CliError& error) {
@@ -188,6 +193,26 @@ int runZorel(std::span<const std::string> words, Streams& streams) {
     } catch (const std::exception& error) {
         return failed(streams, Exit::dataTrouble, error.what(), {});
     }
+}
+} // namespace
+
+int runZorel(std::span<const std::string> words, Streams& streams) {
+    // Before anything else: help and errors are said in the language too.
+    const std::string language = languageOnLine(words);
+    language.empty() ? useLanguageOfEnvironment() : useLanguages({language});
+    Options options;
+    const ParseResult parsed = parseArguments(words, options);
+    const Writing writing{isRightToLeft(languageInUse()), U'0'};
+    if (!writing.rightToLeft) {
+        return answer(parsed, options, streams);
+    }
+    PersonsStream out(streams.out, isForPeople(options) ? writing : Writing{});
+    PersonsStream err(streams.err, writing);
+    Streams shown{out, err, streams.outIsTerminal, streams.errIsTerminal, streams.outDescriptor};
+    const int code = answer(parsed, options, shown);
+    out.flush();
+    err.flush();
+    return code;
 }
 
 } // namespace zorel::cli

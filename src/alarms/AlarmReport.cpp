@@ -1,6 +1,8 @@
 // SPDX-License-Identifier: Apache-2.0
 #include "alarms/AlarmReport.h"
 
+#include "words/Tr.h"
+
 #include <algorithm>
 #include <fmt/format.h>
 
@@ -33,9 +35,11 @@ std::string AlarmReport::complaint() const {
     if (bad == alarms.end()) {
         return {};
     }
-    return fmt::format("the alarm {} {}", almanac::keyOf(bad->prayer),
-                       bad->state == AlarmState::passed ? "has passed and was not moved to its next time"
-                                                        : "will not ring: " + bad->reason);
+    const std::string_view prayer = almanac::keyOf(bad->prayer);
+    // translators: {0} is "fajr", "asr" ..., as it is typed; {1} says why
+    return bad->state == AlarmState::passed
+               ? tr("the alarm {} has passed and was not moved to its next time", prayer)
+               : tr("the alarm {0} will not ring: {1}", prayer, bad->reason);
 }
 
 } // namespace zorel

@@ -3,6 +3,7 @@
 
 #include "common/GlobalFuncs.h"
 #include "store/AlmanacPlace.h"
+#include "words/Tr.h"
 
 #include <fmt/format.h>
 
@@ -22,11 +23,10 @@ HomePlace homePlaceOf(const GlobalFuncs& glbFuncs, const std::vector<UserCity>& 
         home.place = almanacPlace(*home.row);
     } else if (readable) {
         home.state = HomeState::notInCatalogue;
-        home.reason = fmt::format("the catalogue has no city {}", home.cityId);
+        home.reason = tr("the catalogue has no city {}", home.cityId);
     } else {
         home.state = HomeState::unreadableCatalogue;
-        home.reason =
-            fmt::format("the catalogue {}/database/cities.sqlite cannot be read", glbFuncs.appBundlePath);
+        home.reason = tr("the catalogue {}/database/cities.sqlite cannot be read", glbFuncs.appBundlePath);
     }
     return home;
 }

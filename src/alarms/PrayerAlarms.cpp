@@ -9,6 +9,7 @@
 #include "store/DatabaseFunctions.h"
 #include "store/UserRows.h"
 #include "store/UserStatements.h"
+#include "words/Tr.h"
 
 #include <algorithm>
 #include <utility>
@@ -123,7 +124,7 @@ std::string placeEvent(const Scene& scene, const GlobalFuncs& glbFuncs, Database
         return error;
     }
     if (!event) {
-        return dbFuncs.trouble().empty() ? "the calendar did not keep its event" : dbFuncs.trouble();
+        return dbFuncs.trouble().empty() ? tr("the calendar did not keep its event") : dbFuncs.trouble();
     }
     return finishEvent(scene, *event, rings, alarmText(scene, glbFuncs, row, rings));
 }
@@ -176,9 +177,9 @@ void sweep(const Scene& scene, const DatabaseFunctions& dbFuncs) {
 
 std::string whyNotAhead(const HomePlace& home, const NextRings& rings) {
     if (home.state == HomeState::none) {
-        return "there is no home city whose times it could follow";
+        return tr("there is no home city whose times it could follow");
     }
-    return rings.next ? "there is no event of it in the calendar" : home.reason;
+    return rings.next ? tr("there is no event of it in the calendar") : home.reason;
 }
 
 void tellEvent(const Scene& scene, const EKEvent& event, const NextRings& rings, AlarmStatus& status) {
@@ -186,9 +187,9 @@ void tellEvent(const Scene& scene, const EKEvent& event, const NextRings& rings,
     if (*status.ringsAt <= scene.now) {
         status.state = AlarmState::passed;
     } else if (!hasItsAlarm(event)) {
-        status.reason = "its event in the calendar has lost its alarm";
+        status.reason = tr("its event in the calendar has lost its alarm");
     } else if (scene.days && !isRight(event, rings)) {
-        status.reason = "its event in the calendar does not stand at the home city's next time";
+        status.reason = tr("its event in the calendar does not stand at the home city's next time");
     } else {
         status.state = AlarmState::rings;
     }
@@ -251,7 +252,7 @@ void tellCalendar(const Scene& scene, AlarmReport& report) {
         report.reason = error;
     } else if (isLeft) {
         report.trouble = AlarmTrouble::leftovers;
-        report.reason = "the calendar holds an event that belongs to no alarm that is on";
+        report.reason = tr("the calendar holds an event that belongs to no alarm that is on");
     } else if (!scene.store.isPublished(&error)) {
         report.trouble = AlarmTrouble::unpublished;
         report.reason = error;

@@ -6,6 +6,7 @@
 #include "platform/foundation/NumberText.h"
 #include "store/DatabaseFunctions.h"
 #include "store/UserStatements.h"
+#include "words/Tr.h"
 
 #include <algorithm>
 #include <utility>
@@ -148,7 +149,7 @@ ActionResult UserActions::addCity(std::int32_t cityId) {
         Plan plan;
         if (isListed(rows, cityId)) {
             plan.state = ActionState::alreadyListed;
-            plan.reason = "the city is in the list already";
+            plan.reason = tr("the city is in the list already");
             return plan;
         }
         plan.movesAlarms = rows.cities.empty();
@@ -165,7 +166,7 @@ ActionResult UserActions::makeHome(std::int32_t cityId) {
         Plan plan;
         if (!isListed(rows, cityId)) {
             plan.state = ActionState::notListed;
-            plan.reason = "the city is not in the list";
+            plan.reason = tr("the city is not in the list");
             return plan;
         }
         plan.movesAlarms = true;
@@ -204,10 +205,10 @@ ActionResult UserActions::switchOn(std::int32_t prayerId, const std::function<vo
         choose(chosen);
         if (rows.cities.empty()) {
             plan.state = ActionState::noHome;
-            plan.reason = "there is no home city whose times an alarm could follow";
+            plan.reason = tr("there is no home city whose times an alarm could follow");
         } else if (!isStorableRingtone(chosen.melodyName)) {
             plan.state = ActionState::badName;
-            plan.reason = "a ringtone's name must not hold an apostrophe";
+            plan.reason = tr("a ringtone's name must not hold an apostrophe");
         }
         plan.statements = {statements::defineAlarm(row.timeId, chosen, row.prayerTime.value_or(0.0))};
         plan.concern(prayerId, Soonest::afterMargin);
@@ -268,7 +269,7 @@ ActionResult UserActions::setOffset(std::int32_t prayerId, std::int32_t minutes)
 
 ActionResult UserActions::setRingtone(std::int32_t prayerId, const std::string& name) {
     if (!isStorableRingtone(name)) {
-        return {ActionState::badName, "a ringtone's name must not hold an apostrophe", std::nullopt};
+        return {ActionState::badName, tr("a ringtone's name must not hold an apostrophe"), std::nullopt};
     }
     return changeStored(prayerId, statements::setMelodyName(prayerId - kTimeIdOffset, name));
 }

@@ -1,8 +1,12 @@
 // SPDX-License-Identifier: Apache-2.0
 #include "common/GlobalFuncs.h"
 
+#include "common/SpokenLanguage.h"
 #include "platform/foundation/Locale.h"
 #include "platform/foundation/Locations.h"
+
+#include <algorithm>
+#include <array>
 
 namespace zorel {
 namespace {
@@ -10,6 +14,8 @@ namespace {
 /// The day-period symbols by which a Turkish locale is known.
 constexpr std::string_view kTurkishAm = "öö";
 constexpr std::string_view kTurkishPm = "ös";
+/// The languages that have a number.
+constexpr std::array<std::string_view, kLanguageWithoutNumber> kLanguageCodes = {"tr", "en", "fr", "de"};
 
 } // namespace
 
@@ -19,6 +25,10 @@ GlobalFuncs::GlobalFuncs() : Bundle{Locations::current().bundle} {
     pmSym = lowerCase(periods.pm);
     if (amSym == kTurkishAm && pmSym == kTurkishPm) {
         languageId = 0;
+    }
+    if (!languageOfPane().empty()) {
+        const auto* const known = std::ranges::find(kLanguageCodes, languageOfPane());
+        languageId = static_cast<std::int32_t>(known - kLanguageCodes.begin());
     }
     loadLanguageFile();
 }

@@ -2,6 +2,7 @@
 #include "common/GlobalFuncs.h"
 
 #include "almanac/Prayer.h"
+#include "common/SpokenLanguage.h"
 
 #include <algorithm>
 #include <array>
@@ -30,6 +31,9 @@ constexpr std::string_view kNoPath = "(null)";
 
 std::string languageFilePath(const std::string& bundle, std::int32_t languageId) {
     const auto index = static_cast<std::size_t>(languageId);
+    if (languageId == kLanguageWithoutNumber && !languageOfPane().empty()) {
+        return fmt::format("{}/Languages/{}.plist", bundle, languageOfPane());
+    }
     return languageId >= 0 && index < kLanguageFiles.size()
                ? fmt::format("{}/{}", bundle, kLanguageFiles[index])
                : std::string();

@@ -49,7 +49,7 @@ void PageHandle::refresh() {
     emit changed();
 }
 
-Host::Host(bool turkish) : clockStart_(RunLoop::main().time()), words_(turkish) {
+Host::Host() : clockStart_(RunLoop::main().time()) {
     clock_.start();
     timer_.setTimerType(Qt::PreciseTimer);
     timer_.setSingleShot(true);

@@ -63,8 +63,7 @@ class Host : public QObject, public UIObserver {
     Q_PROPERTY(QStringList sheetButtons READ sheetButtons NOTIFY sheetChanged)
 
 public:
-    /// @param turkish whether the host's own words ("Delete", "Back") are Turkish
-    explicit Host(bool turkish);
+    Host();
     ~Host() override;
 
     /// Types that the QML files use, for an engine.
@@ -88,6 +87,7 @@ public:
     [[nodiscard]] QString problem() const { return problem_; }
     [[nodiscard]] const Words& words() const { return words_; }
     [[nodiscard]] QVariantMap wordMap() const { return words_.map(); }
+    Q_INVOKABLE [[nodiscard]] QString placesFound(int count) const { return words_.placesFound(count); }
     /// What stands above the pane on the first screen; nullptr for nothing. Outlives the window.
     [[nodiscard]] QObject* firstPage() const { return firstPage_; }
     void setFirstPage(QObject* page);

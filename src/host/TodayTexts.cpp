@@ -1,6 +1,8 @@
 // SPDX-License-Identifier: Apache-2.0
 #include "host/TodayTexts.h"
 
+#include "words/Language.h"
+
 #include <QCalendar>
 #include <QTime>
 
@@ -23,17 +25,16 @@ QTime timeOf(const almanac::LocalTime& time) {
 }
 
 /// Dates are written in the language of the words, in the locale's own order where that is its language.
-QLocale localeOfWords(const Words& words, const QLocale& locale) {
-    const QLocale::Language language = words.turkish() ? QLocale::Turkish : QLocale::English;
-    return locale.language() == language
-               ? locale
-               : QLocale(language, words.turkish() ? QLocale::Turkey : QLocale::UnitedKingdom);
+QLocale localeOfWords(const QLocale& locale) {
+    const std::string& language = languageInUse();
+    const QLocale spoken(QString::fromStdString(language == "en" ? "en_GB" : language));
+    return locale.language() == spoken.language() ? locale : spoken;
 }
 
 } // namespace
 
 TodayTexts::TodayTexts(Words words, PrayerNames names, const QLocale& locale)
-    : words_(words), names_(std::move(names)), locale_(localeOfWords(words, locale)) {
+    : words_(words), names_(std::move(names)), locale_(localeOfWords(locale)) {
     const bool halves =
         locale.timeFormat(QLocale::ShortFormat).contains(QLatin1Char('A'), Qt::CaseInsensitive);
     clockFormat_ = halves ? QStringLiteral("h:mm AP") : QStringLiteral("HH:mm");
@@ -108,7 +109,7 @@ QString TodayTexts::phase(const almanac::MoonPhase& phase, almanac::Date today) 
     if (days <= 0) {
         return words_("phaseToday").arg(name);
     }
-    return words_("phaseIn").arg(name, days == 1 ? words_("day") : words_("days").arg(days));
+    return words_("phaseIn").arg(name, words_.days(days));
 }
 
 QString TodayTexts::rule(const Explanation& why) const {

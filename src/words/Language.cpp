@@ -79,6 +79,7 @@ bool useCatalogue(const std::string& name, const std::string& folder) {
         bind_textdomain_codeset(words::kDomain, "UTF-8") == nullptr) {
         return false;
     }
+    bind_textdomain_codeset("libc", "UTF-8"); // what the C library says of errors stands within our texts
     ++_nl_msg_cat_cntr;
     return true;
 }

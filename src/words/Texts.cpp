@@ -2,8 +2,6 @@
 #include "words/Catalogue.h"
 #include "words/Tr.h"
 
-#include <fmt/format.h>
-
 #include <libintl.h>
 
 namespace zorel::words {
@@ -31,14 +29,6 @@ const char* translationOf(const char* one, const char* many, unsigned long long 
         return count == 1 ? one : many;
     }
     return dngettext(kDomain, one, many, count);
-}
-
-std::string filled(fmt::string_view translated, fmt::string_view english, fmt::format_args arguments) {
-    try {
-        return fmt::vformat(translated, arguments);
-    } catch (const fmt::format_error&) {
-        return fmt::vformat(english, arguments);
-    }
 }
 
 } // namespace zorel::words

@@ -31,7 +31,7 @@ protected:
     ~PaneScreen() override { Locations::current() = Locations(); }
 
     void open(QSize size = {390, 780}) {
-        host = std::make_unique<Host>(false);
+        host = std::make_unique<Host>();
         host->setScreenSize(size.width(), size.height());
         pane = std::make_unique<ZorelSettingsController>();
         navigation = std::make_unique<UINavigationController>(*pane);

@@ -112,7 +112,7 @@ TEST_F(DesktopSettingsTest, TheEnvironmentDecides) {
 }
 
 TEST_F(DesktopSettingsTest, TheWindowFollows) {
-    Host host{false};
+    Host host;
     test::TestPane pane;
     UINavigationController navigation(pane);
     host.show(navigation);

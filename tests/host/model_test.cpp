@@ -13,7 +13,7 @@ namespace {
 
 class TableModelTest : public testing::Test {
 protected:
-    Host host{false};
+    Host host;
     test::TestPane pane;
     TableHandle& handle = *static_cast<TableHandle*>(host.handle(&pane.table()));
     TableModel& model = *static_cast<TableModel*>(handle.model());

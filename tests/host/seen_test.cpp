@@ -166,7 +166,7 @@ TEST_F(Seen, DoubledTextKeepsEverythingInTheWindow) {
     open();
     first->useSuggestion();
     close();
-    host = std::make_unique<Host>(false);
+    host = std::make_unique<Host>();
     host->setTextScale(2.0);
     host->setScreenSize(195, 390);
     pane = std::make_unique<ZorelSettingsController>();

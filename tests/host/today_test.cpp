@@ -2,6 +2,7 @@
 #include "host/TodayModel.h"
 
 #include "platform/foundation/Clock.h"
+#include "words/Language.h"
 
 #include <QClipboard>
 #include <QGuiApplication>
@@ -23,7 +24,8 @@ protected:
                 .clock = almanac::PlaceClock::ofZone("Europe/Istanbul").value()};
     }
     static TodayTexts texts(bool turkish, const QLocale& locale) {
-        return {Words(turkish),
+        useLanguages({turkish ? "tr" : "en"});
+        return {Words(),
                 [](almanac::Prayer prayer) {
                     return QString::fromStdString(std::string(almanac::keyOf(prayer)));
                 },

@@ -5,6 +5,7 @@
 
 #include "platform/uikit/RunLoop.h"
 #include "platform/uikit/UIScreen.h"
+#include "words/Language.h"
 
 #include <gtest/gtest.h>
 
@@ -30,7 +31,7 @@ protected:
         ASSERT_TRUE(eventually([&] { return screen->text(text) != nullptr; })) << text.toStdString();
     }
 
-    Host host{false};
+    Host host;
     test::TestPane pane;
     UINavigationController navigation{pane};
     std::unique_ptr<Window> window;
@@ -349,7 +350,7 @@ TEST_F(WindowTest, DarkSurroundingsChangeTheGround) {
 }
 
 TEST(Window, LargeTextMakesEverythingLarger) {
-    Host host{false};
+    Host host;
     host.setTextScale(1.5);
     test::TestPane pane;
     UINavigationController navigation(pane);
@@ -369,7 +370,8 @@ TEST(Window, LargeTextMakesEverythingLarger) {
 }
 
 TEST(Window, SaysATroubleAtItsTop) {
-    Host host{true};
+    useLanguages({"tr"});
+    Host host;
     host.setProblem("The catalogue is missing.");
     test::TestPane pane;
     UINavigationController navigation(pane);
@@ -379,6 +381,7 @@ TEST(Window, SaysATroubleAtItsTop) {
     window.show();
     EXPECT_TRUE(eventually([&] { return screen.text("The catalogue is missing.") != nullptr; }));
     EXPECT_EQ(host.words()("delete"), "Sil");
+    useLanguages({});
 }
 
 } // namespace

@@ -2,6 +2,7 @@
 #include "host/Words.h"
 
 #include "almanac/Corrections.h"
+#include "words/Language.h"
 
 #include <QDir>
 #include <QFile>
@@ -12,7 +13,7 @@ namespace zorel {
 namespace {
 
 TEST(Words, EveryWordOfTheScreensIsInTheTable) {
-    const QVariantMap words = Words(false).map();
+    const QVariantMap words = Words().map();
     const QRegularExpression use("\\bwords\\.(\\w+)");
     int uses = 0;
     const QDir folder(ZOREL_SOURCE_DIR "/src/host/qml");
@@ -29,8 +30,11 @@ TEST(Words, EveryWordOfTheScreensIsInTheTable) {
 }
 
 TEST(Words, BothLanguagesFillInTheSamePlaces) {
-    const QVariantMap english = Words(false).map();
-    const QVariantMap turkish = Words(true).map();
+    const QVariantMap english = Words().map();
+    useLanguages({"tr"});
+    const QVariantMap turkish = Words().map();
+    useLanguages({});
+    EXPECT_NE(english, turkish);
     for (auto word = english.begin(); word != english.end(); ++word) {
         const QString other = turkish.value(word.key()).toString();
         EXPECT_FALSE(other.isEmpty()) << word.key().toStdString();
@@ -41,7 +45,7 @@ TEST(Words, BothLanguagesFillInTheSamePlaces) {
 }
 
 TEST(Words, EveryCorrectionOfTheAlmanacHasASentence) {
-    const Words words(true);
+    const Words words;
     for (std::size_t i = 0; i < almanac::kCorrections; ++i) {
         const std::string key(almanac::keyOf(static_cast<almanac::Correction>(i)));
         EXPECT_NE(words(QString::fromStdString(key)).toStdString(), key);

@@ -48,6 +48,9 @@ class CheckPo(unittest.TestCase):
     def test_what_is_typed_stays(self):
         self.assertEqual(len(self.one("see --explain", "bkz. --açıkla")), 1)
 
+    def test_braces_that_are_no_placeholder(self):
+        self.assertEqual(self.one("a { has no } behind it", "} yok: {"), [])
+
     def test_blanks_at_the_ends(self):
         self.assertEqual(len(self.one("in ", "kalan")), 1)
 

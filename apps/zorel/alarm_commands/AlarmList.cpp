@@ -188,8 +188,8 @@ void compareClocks(const Context& context, const std::optional<ShownPlace>& home
     const auto here = almanac::PlaceClock::ofMachine().offsetAt(context.now());
     const auto there = home->clock().offsetAt(context.now());
     if (here != there) {
-        context.note(fmt::format("alarms ring at the times of {} (UTC{}); this machine's clock is UTC{}",
-                                 home->place.name, almanac::isoOffset(there), almanac::isoOffset(here)));
+        context.note(tr("alarms ring at the times of {0} (UTC{1}); this machine's clock is UTC{2}",
+                        home->place.name, almanac::isoOffset(there), almanac::isoOffset(here)));
     }
 }
 } // namespace

@@ -28,8 +28,8 @@ std::int32_t wantedPrayer(const Context& context) {
     if (prayer && almanac::identityOf(*prayer).row >= 0) {
         return almanac::identityOf(*prayer).id;
     }
-    throw CliError(Exit::badUse, fmt::format("{} is no prayer", quote(context.options.prayer)),
-                   "fajr, sunrise, dhuhr, asr, maghrib or isha");
+    throw CliError(Exit::badUse, tr("{} is no prayer", quote(context.options.prayer)),
+                   "fajr, sunrise, dhuhr, asr, maghrib, isha");
 }
 
 /// Minutes with an optional sign.
@@ -41,9 +41,8 @@ int wantedOffset(const Context& context) {
     }
     const auto offset = parseDuration(text, std::chrono::minutes(1));
     if (!offset || *offset % std::chrono::minutes(1) != std::chrono::seconds(0) || *offset > kLargestOffset) {
-        throw CliError(
-            Exit::badUse, fmt::format("{} is no offset", quote(context.options.value)),
-            fmt::format("whole minutes from {} to {}", -kLargestOffset.count(), kLargestOffset.count()));
+        throw CliError(Exit::badUse, tr("{} is no offset", quote(context.options.value)),
+                       tr("whole minutes from {0} to {1}", -kLargestOffset.count(), kLargestOffset.count()));
     }
     const auto minutes = static_cast<int>(*offset / std::chrono::minutes(1));
     return negative ? -minutes : minutes;
@@ -70,9 +69,9 @@ std::string wantedRingtone(const Context& context, const HeadlessPane& pane) {
         }
         known.push_back(item.displayText);
     }
-    throw CliError(Exit::badUse, fmt::format("no ringtone {} in the ringtone folder", quote(name)),
-                   known.empty() ? "name another folder with --ringtones DIR"
-                                 : fmt::format("there are: {}", fmt::join(known, ", ")));
+    throw CliError(Exit::badUse, tr("no ringtone {} in the ringtone folder", quote(name)),
+                   known.empty() ? tr("name another folder with --ringtones DIR")
+                                 : tr("there are: {}", fmt::format("{}", fmt::join(known, ", "))));
 }
 
 /// As the editor: an alarm without a ringtone, or with one that is no longer there, takes the first that can
@@ -91,7 +90,7 @@ void completeRingtone(const HeadlessPane& pane, AlarmInfo& alarm) {
 /// Says why not with the remedy of that alarm.
 void requireChanged(const Context& context, const ActionResult& result) {
     if (result.state == ActionState::noHome) {
-        throw CliError(Exit::noResult, "there is no home city whose times an alarm could follow",
+        throw CliError(Exit::noResult, tr("there is no home city whose times an alarm could follow"),
                        "zorel cities add NAME");
     }
     if (context.options.prayer == kAll) {
@@ -99,13 +98,15 @@ void requireChanged(const Context& context, const ActionResult& result) {
     }
     if (result.state == ActionState::alarmIsOff) {
         throw CliError(Exit::noResult,
-                       fmt::format("the alarm {} is off, and an alarm that is off {}", context.options.prayer,
-                                   context.options.command == "alarms skip" ? "has nothing to leave out"
-                                                                            : "keeps no changes"),
-                       fmt::format("zorel alarms on {}", context.options.prayer));
+                       context.options.command == "alarms skip"
+                           ? tr("the alarm {} is off, and an alarm that is off has nothing to leave out",
+                                context.options.prayer)
+                           : tr("the alarm {} is off, and an alarm that is off keeps no changes",
+                                context.options.prayer),
+                       "zorel alarms on " + context.options.prayer);
     }
-    requireDone(result, context.options.prayer.empty() ? "the pause"
-                                                       : fmt::format("the alarm {}", context.options.prayer));
+    requireDone(result, context.options.prayer.empty() ? tr("the pause")
+                                                       : tr("the alarm {}", context.options.prayer));
 }
 
 Exit listAfterwards(const Context& context, const HeadlessPane& pane, const AlarmReport& report) {
@@ -120,9 +121,9 @@ almanac::Instant pauseEnd(const Context& context, const HomePlace& home) {
     const std::int64_t days = almanac::daysBetween(today, date);
     if (days < 1 || days > kMostDaysOfPause) {
         throw CliError(Exit::badUse,
-                       fmt::format("--until: {} is not within the next year", almanac::isoDate(date)),
-                       fmt::format("a day from tomorrow to {}; the alarms ring again on it",
-                                   almanac::isoDate(almanac::addDays(today, kMostDaysOfPause))));
+                       tr("{0}: {1} is not within the next year", "--until", almanac::isoDate(date)),
+                       tr("a day from tomorrow to {}; the alarms ring again on it",
+                          almanac::isoDate(almanac::addDays(today, kMostDaysOfPause))));
     }
     return clock.instantOf(date, std::chrono::seconds(0));
 }
@@ -135,7 +136,7 @@ Exit change(const Context& context, HeadlessPane& pane, const Action& action) {
     requireChanged(context, result);
     const AlarmReport& report = result.alarms ? *result.alarms : pane.alarms();
     if (report.of(prayerId).skipsNext()) {
-        context.note("less than five minutes are left, so this alarm rings the time after");
+        context.note(tr("less than five minutes are left, so this alarm rings the time after"));
     }
     return listAfterwards(context, pane, report);
 }
@@ -154,7 +155,8 @@ Exit runAlarms(const Context& context) {
     const HeadlessPane pane;
     const AlarmReport& report = pane.alarms();
     if (report.trouble == AlarmTrouble::busy || report.trouble == AlarmTrouble::unreadableRows) {
-        throw CliError(Exit::dataTrouble, "cannot read your alarms: " + report.reason, remedyFor(report));
+        throw CliError(Exit::dataTrouble, tr("cannot read your alarms: {}", report.reason),
+                       remedyFor(report));
     }
     printAlarms(context, pane, report);
     if (!report.isGood()) {
@@ -241,7 +243,7 @@ Exit runAlarmsRefresh(const Context& context) {
     if (result.state == ActionState::refused) {
         throw CliError(Exit::dataTrouble, result.reason, remedyFor(*result.alarms));
     }
-    requireDone(result, "the refresh of the alarms");
+    requireDone(result, tr("the refresh of the alarms"));
     return listAfterwards(context, pane, *result.alarms);
 }
 

@@ -21,9 +21,9 @@ std::string calendarFolder(const Context& context) {
 void requireWritten(const Context& context, std::error_code error) {
     if (error) {
         throw CliError(Exit::dataTrouble,
-                       fmt::format("{} or {} could not be written: {}", gnomeSourcePath(),
-                                   oneFileOf(calendarFolder(context)), error.message()),
-                       "look at the folders' rights and the space that is left");
+                       tr("{0} or {1} could not be written: {2}", gnomeSourcePath(),
+                          oneFileOf(calendarFolder(context)), error.message()),
+                       tr("look at the folders' rights and the space that is left"));
     }
 }
 
@@ -38,10 +38,10 @@ Exit runAlarmsConnect(const Context& context) {
     }
     if (context.options.value == "gnome") {
         requireWritten(context, connectGnome(folder));
-        context.streams.out << "GNOME rings from now on; the ring service keeps still.\n";
+        context.streams.out << tr("GNOME rings from now on; the ring service keeps still.") << '\n';
     } else {
         requireWritten(context, disconnectGnome(folder));
-        context.streams.out << "No calendar program is connected.\n";
+        context.streams.out << tr("No calendar program is connected.") << '\n';
     }
     return Exit::ok;
 }

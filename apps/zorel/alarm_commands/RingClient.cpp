@@ -59,10 +59,11 @@ std::string whoRings(const RingStatus& status) {
         return "rings through GNOME";
     }
     if (!status.runs) {
-        return "nobody rings yet: start zorel-ring in your session, or see docs/alarms.md";
+        return tr("nobody rings yet: start zorel-ring in your session, or see docs/alarms.md");
     }
     const auto keeper = status.words.find("keeper");
-    return keeper == status.words.end() ? "rings through zorel-ring" : "rings through " + keeper->second;
+    return keeper == status.words.end() ? tr("rings through zorel-ring")
+                                        : tr("rings through {}", keeper->second);
 }
 
 void tellWhoRings(const Context& context) {

@@ -11,8 +11,8 @@ namespace {
 Exit ask(std::vector<std::string> words) {
     words.insert(words.begin(), "zorel-ring");
     if (runSibling(std::move(words)).status != 0) {
-        throw CliError(Exit::dataTrouble, "the ring service does not run in this session",
-                       "start it with zorel-ring --start");
+        throw CliError(Exit::dataTrouble, tr("the ring service does not run in this session"),
+                       tr("start it with zorel-ring --start"));
     }
     return Exit::ok;
 }

@@ -23,15 +23,16 @@ ShownPlace shownPlace(const CataloguePlace& row) {
 
 CliError unreadableCatalogue(const Bundle& services) {
     return {Exit::dataTrouble,
-            fmt::format("cannot read the city catalogue {}/database/cities.sqlite", services.appBundlePath),
-            "install it again, or name the folder of another one with --bundle DIR"};
+            tr("cannot read the city catalogue {}/database/cities.sqlite", services.appBundlePath),
+            tr("install it again, or name the folder of another one with --bundle DIR")};
 }
 
 void requireCatalogue(const Bundle& services) {
     const std::string path = services.appBundlePath + "/database/cities.sqlite";
     if (!fileExistsAtPath(path)) {
-        throw CliError(Exit::dataTrouble, fmt::format("no city catalogue at {}", path),
-                       "name the folder that holds the catalogue and the language files with --bundle DIR");
+        throw CliError(
+            Exit::dataTrouble, tr("no city catalogue at {}", path),
+            tr("name the folder that holds the catalogue and the language files with --bundle DIR"));
     }
 }
 

@@ -62,8 +62,8 @@ City wantedCity(const Context& context) {
     const auto row =
         isPoint ? std::nullopt : placeById(context.services, resolvePlace(context, Telling::always).id);
     if (!row) {
-        throw CliError(Exit::badUse, "only places of the catalogue can be in the list",
-                       "find the nearest one with: zorel search NAME");
+        throw CliError(Exit::badUse, tr("only places of the catalogue can be in the list"),
+                       tr("find the nearest one with: zorel search NAME"));
     }
     return row->city;
 }
@@ -93,17 +93,16 @@ std::size_t wantedRow(const Context& context, const HeadlessPane& pane) {
         }
     }
     if (rows.empty()) {
-        throw CliError(Exit::noResult,
-                       fmt::format("{} is not in your list of cities", quote(context.argument())),
-                       "zorel cities shows your cities; zorel cities add NAME adds one");
+        throw CliError(Exit::noResult, tr("{} is not in your list of cities", quote(context.argument())),
+                       tr("zorel cities shows your cities; zorel cities add NAME adds one"));
     }
     const auto isAnother = [&](std::size_t row) {
         return cities[row]->cityId != cities[rows.front()]->cityId;
     };
     if (std::ranges::any_of(rows, isAnother)) {
-        throw CliError(Exit::badUse,
-                       fmt::format("several of your cities are called {}", printable(context.argument())),
-                       "give the id that zorel cities shows, or add the region or the country to the name");
+        throw CliError(
+            Exit::badUse, tr("several of your cities are called {}", printable(context.argument())),
+            tr("give the id that zorel cities shows, or add the region or the country to the name"));
     }
     return rows.front();
 }
@@ -113,7 +112,7 @@ Exit listAfterwards(const Context& context, const HeadlessPane& pane) {
 }
 
 std::string changeOf(const City& city) {
-    return fmt::format("the change of {}", city.name.empty() ? city.cityId : city.name);
+    return tr("the change of {}", city.name.empty() ? city.cityId : city.name);
 }
 } // namespace
 
@@ -130,7 +129,7 @@ Exit runCitiesAdd(const Context& context) {
         pane.act([&](UserActions& actions) { return actions.addCity(integerValue(city.cityId)); });
     requireDone(result, changeOf(city));
     if (result.state == ActionState::alreadyListed) {
-        context.note(fmt::format("{} is in your list already", city.name));
+        context.note(tr("{} is in your list already", city.name));
     }
     return listAfterwards(context, pane);
 }

@@ -25,7 +25,8 @@ Exit follow(const Context& context, const std::function<StatusLine(almanac::Inst
 
 Exit printOrFollow(const Context& context, const std::function<StatusLine(almanac::Instant)>& lineAt) {
     if (context.options.follow && !context.options.now.empty()) {
-        throw CliError(Exit::badUse, "--follow and --now do not go together", "leave one of them out");
+        throw CliError(Exit::badUse, tr("--follow and --now do not go together"),
+                       tr("leave one of them out"));
     }
     if (context.options.follow) {
         return follow(context, lineAt);

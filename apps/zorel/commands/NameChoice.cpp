@@ -30,18 +30,18 @@ std::string thereAre(const std::vector<NamedPlace>& places) {
     for (std::size_t at = 0; at < std::min(places.size(), kMostSuggested); ++at) {
         texts.push_back(fmt::format("{} ({})", textOf(places[at]), places[at].id));
     }
-    return fmt::format("there are: {}", fmt::join(texts, "; "));
+    return tr("there are: {}", fmt::format("{}", fmt::join(texts, "; ")));
 }
 
 [[noreturn]] void failToResolve(const Context& context, const NameResolution& found) {
     if (!found.elsewhere.empty()) {
         throw CliError(
             Exit::noResult,
-            fmt::format("no place called {} lies in {}", printable(found.name), printable(found.unmatched)),
+            tr("no place called {0} lies in {1}", printable(found.name), printable(found.unmatched)),
             thereAre(found.elsewhere));
     }
     throw CliError(Exit::noResult, nothingCalled(context, found.name),
-                   "a part of the name is enough for: zorel search TEXT; or give LAT,LON,ZONE");
+                   tr("a part of the name is enough for: zorel search TEXT; or give LAT,LON,ZONE"));
 }
 
 /// One short line for a name that several places have, and for one that a much larger place has too.
@@ -50,11 +50,13 @@ std::string choiceText(const NameResolution& found) {
     const std::string chosen = textOf(found.places.front());
     const auto called = std::ranges::count(found.places, false, &NamedPlace::otherSpelling);
     if (found.passedOver != 0) {
-        return fmt::format("{} is taken for {}, not for {}; zorel search {} lists them", name, chosen,
-                           textOf(found.places[found.passedOver]), name);
+        // translators: {0} is what was typed, {1} and {2} are places, {3} the name to search for
+        return tr("{0} is taken for {1}, not for {2}; zorel search {3} lists them", name, chosen,
+                  textOf(found.places[found.passedOver]), name);
     }
     if (called > 1 && !found.places.front().otherSpelling) {
-        return fmt::format("this is {}, the largest of {}; zorel search {} lists them", chosen, called, name);
+        // translators: {0} is a place, {1} a number of places, {2} the name to search for
+        return tr("this is {0}, the largest of {1}; zorel search {2} lists them", chosen, called, name);
     }
     return "";
 }
@@ -94,8 +96,10 @@ std::string nothingCalled(const Context& context, const std::string& name) {
     for (const NamedPlace& place : similarPlaces(context.services, name, kMostSuggested)) {
         names.push_back(place.name);
     }
-    const std::string nothing = fmt::format("no place is called {}", printable(name));
-    return names.empty() ? nothing : fmt::format("{}; did you mean {}?", nothing, fmt::join(names, ", "));
+    return names.empty() ? tr("no place is called {}", printable(name))
+                         // translators: {1} is a list of names
+                         : tr("no place is called {0}; did you mean {1}?", printable(name),
+                              fmt::format("{}", fmt::join(names, ", ")));
 }
 
 } // namespace zorel::cli

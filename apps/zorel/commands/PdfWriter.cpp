@@ -30,7 +30,7 @@ public:
         std::string pattern = (std::filesystem::temp_directory_path() / "zorel-XXXXXX").string();
         if (mkdtemp(pattern.data()) == nullptr) {
             throw CliError(Exit::dataTrouble,
-                           "cannot make a folder in " + std::filesystem::temp_directory_path().string());
+                           tr("cannot make a folder in {}", std::filesystem::temp_directory_path().string()));
         }
         path_ = pattern;
     }
@@ -59,8 +59,8 @@ int run(std::vector<std::string> words) {
     const int error = posix_spawnp(&child, arguments.front(), nullptr, nullptr, arguments.data(), environ);
     if (error != 0) {
         throw CliError(
-            Exit::dataTrouble, fmt::format("{} cannot be started", words.front()),
-            "it makes the PDF; install it: apt install weasyprint, or print the HTML from a browser");
+            Exit::dataTrouble, tr("{} cannot be started", words.front()),
+            tr("it makes the PDF; install it: apt install weasyprint, or print the HTML from a browser"));
     }
     int status = 0;
     while (waitpid(child, &status, 0) < 0 && errno == EINTR) {
@@ -83,12 +83,11 @@ void writePdf(const std::string& html, const std::string& path) {
         run({"weasyprint", "--quiet", "--encoding", "utf-8", folder / "sheet.html", folder / "sheet.pdf"});
     const std::string pdf = status == 0 ? contentOf(folder / "sheet.pdf") : std::string();
     if (!pdf.starts_with("%PDF-")) {
-        throw CliError(Exit::dataTrouble, "weasyprint made no PDF", "what it says stands above");
+        throw CliError(Exit::dataTrouble, tr("weasyprint made no PDF"), tr("what it says stands above"));
     }
     if (const std::error_code error = replaceFile(path, pdf)) {
-        throw CliError(Exit::dataTrouble,
-                       fmt::format("cannot write {}: {}", printable(path), error.message()),
-                       "check the folder's permissions and the room on its disk");
+        throw CliError(Exit::dataTrouble, tr("cannot write {0}: {1}", printable(path), error.message()),
+                       tr("check the folder's permissions and the room on its disk"));
     }
 }
 

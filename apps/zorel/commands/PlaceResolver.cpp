@@ -19,8 +19,8 @@ ShownPlace placeOfId(const Context& context, std::int32_t id) {
     requireCatalogue(context.services);
     const auto row = placeById(context.services, id);
     if (!row) {
-        throw CliError(Exit::noResult, fmt::format("no place has the catalogue id {}", id),
-                       "find the id with: zorel search NAME");
+        throw CliError(Exit::noResult, tr("no place has the catalogue id {}", id),
+                       tr("find the id with: zorel search NAME"));
     }
     return shownPlace(*row);
 }
@@ -29,14 +29,14 @@ almanac::PlaceClock clockOfZone(const std::string& zone) {
     if (auto clock = almanac::PlaceClock::ofZone(zone)) {
         return *std::move(clock);
     }
-    throw CliError(Exit::badUse, fmt::format("no time zone {} on this system", quote(zone)),
-                   "give an IANA name such as Europe/Istanbul, or an offset such as +3 or -03:30");
+    throw CliError(Exit::badUse, tr("no time zone {} on this system", quote(zone)),
+                   tr("give an IANA name such as Europe/Istanbul, or an offset such as +3 or -03:30"));
 }
 
 /// A document says it itself.
 void noteClock(const Context& context, const std::string& whose) {
     if (!context.options.json) {
-        context.note(fmt::format("{}; for another give LAT,LON,ZONE", whose));
+        context.note(whose);
     }
 }
 
@@ -46,8 +46,9 @@ void takeClock(const Context& context, ShownPlace& point, const CataloguePlace& 
     point.place.clock = owner.clock();
     point.zoneEdition = owner.zoneEdition;
     point.clockOwner = ClockOwner{owner.id, owner.place.name, distance};
-    noteClock(context, fmt::format("the clock is that of {}, {} away ({})", printable(owner.place.name),
-                                   distanceText(distance), owner.clock().zoneName()));
+    noteClock(context, // translators: {0} a place, {1} a distance such as "3 km", {2} a time zone
+              tr("the clock is that of {0}, {1} away ({2}); for another give LAT,LON,ZONE",
+                 printable(owner.place.name), distanceText(distance), owner.clock().zoneName()));
 }
 
 /// Far from every place the clock is that of the zone of the sea: whole hours by the meridian.
@@ -55,9 +56,10 @@ void takeMeridian(const Context& context, ShownPlace& point) {
     const std::chrono::hours offset(std::lround(point.place.longitude / 15.0));
     point.place.clock = almanac::PlaceClock::fixed(offset);
     point.meridianClock = true;
-    noteClock(context, fmt::format("no place of the catalogue is within {:.0f} km, so the clock is that of "
-                                   "the meridian (UTC{})",
-                                   kFarthestClock, almanac::isoOffset(offset)));
+    noteClock(context, tr("no place of the catalogue is within {0:.0f} km, so the clock is that of the "
+                          "meridian (UTC{1}); for "
+                          "another give LAT,LON,ZONE",
+                          kFarthestClock, almanac::isoOffset(offset)));
 }
 
 void takeClockNearby(const Context& context, ShownPlace& point) {
@@ -88,8 +90,11 @@ ShownPlace placeOfPoint(const Context& context, const PlaceByCoordinates& point)
     return place;
 }
 
-std::string noPlaceIn(const std::string& zone) {
-    return zone.empty() ? zone : fmt::format(", nor a place in the system's time zone {}", quote(zone));
+std::string nothingGiven(const std::string& zone) {
+    return zone.empty()
+               ? tr("no place was given and there is no home city")
+               : tr("no place was given and there is no home city, nor a place in the system's time zone {}",
+                    quote(zone));
 }
 
 ShownPlace defaultPlace(const Context& context) {
@@ -100,11 +105,11 @@ ShownPlace defaultPlace(const Context& context) {
     const std::string zone = almanac::machineZoneName();
     const auto largest = largestPlaceOfTimeZone(context.services, zone);
     if (!largest) {
-        throw CliError(Exit::badUse, "no place was given and there is no home city" + noPlaceIn(zone),
-                       "give a place (zorel today Ankara) or choose one for good: zorel cities add Ankara");
+        throw CliError(
+            Exit::badUse, nothingGiven(zone),
+            tr("give a place (zorel today Ankara) or choose one for good: zorel cities add Ankara"));
     }
-    context.note(
-        fmt::format("no home city yet, so the largest place of {} is taken; choose yours with: zorel cities "
+    context.note(tr("no home city yet, so the largest place of {} is taken; choose yours with: zorel cities "
                     "add NAME",
                     zone));
     return shownPlace(*largest);

@@ -60,8 +60,9 @@ void printText(const Context& context, const Found& found) {
     }
     context.streams.out << table.text(context.style);
     if (found.details.size() < found.cities.size()) {
-        context.note(
-            fmt::format("{} of {} places; --limit 0 prints all", found.details.size(), found.cities.size()));
+        context.note(trPlural("{1} of {0} place; --limit 0 prints all",
+                              "{1} of {0} places; --limit 0 prints all", found.cities.size(),
+                              found.details.size()));
     }
 }
 
@@ -81,10 +82,9 @@ Found find(const Context& context, const std::string& text) {
         throw unreadableCatalogue(context.services);
     }
     if (cities->empty() && charactersOf(text).size() < kShortestPart) {
-        throw CliError(
-            Exit::badUse,
-            fmt::format("no place is called {}, and it is too short for a part of a name", printable(text)),
-            "type three characters or more");
+        throw CliError(Exit::badUse,
+                       tr("no place is called {}, and it is too short for a part of a name", printable(text)),
+                       tr("type three characters or more"));
     }
     const auto limit = static_cast<std::size_t>(context.options.limit);
     const std::size_t shown = limit == 0 ? cities->size() : std::min(limit, cities->size());
@@ -97,8 +97,8 @@ Exit runSearch(const Context& context) {
     const PlaceQuery query = parsePlaceQuery(context.argument());
     const auto* wanted = std::get_if<PlaceByName>(&query);
     if (wanted == nullptr) {
-        throw CliError(Exit::badUse, fmt::format("{} is not a name", quote(context.argument())),
-                       "search for a part of a place's name");
+        throw CliError(Exit::badUse, tr("{} is not a name", quote(context.argument())),
+                       tr("search for a part of a place's name"));
     }
     const Found found = find(context, wanted->text);
     if (context.options.json) {

@@ -23,8 +23,7 @@ std::chrono::year_month monthOf(const Context& context, Date today) {
     if (const auto first = almanac::parseDate(text + "-01", today)) {
         return first->year() / first->month();
     }
-    throw CliError(Exit::badUse, fmt::format("--month: {} is not a month", quote(text)),
-                   "write it as 2026-12");
+    throw CliError(Exit::badUse, tr("--month: {} is not a month", quote(text)), tr("write it as 2026-12"));
 }
 
 SheetPage civilMonth(const Almanac& almanac, Memory& memory, std::chrono::year_month month) {
@@ -38,7 +37,7 @@ SheetPage ramadan(const Context& context, const Almanac& almanac, Memory& memory
     const auto first = firstOfHijriMonth(almanac, year, kRamadan);
     const auto end = firstOfHijriMonth(almanac, year, kRamadan + 1);
     if (!first || !end) {
-        throw CliError(Exit::noResult, fmt::format("no Ramadan {} in the years 1583 to 9998", year));
+        throw CliError(Exit::noResult, tr("no Ramadan {} in the years 1583 to 9998", year));
     }
     SheetPage page =
         sheetPage(almanac, memory, hijriMonthAndYear(kRamadan, year), *first, almanac::addDays(*end, -1));

@@ -165,8 +165,8 @@ Instant momentOf(const Context& context, const almanac::PlaceClock& clock) {
     }
     const auto moment = almanac::parseMoment(text);
     if (!moment) {
-        throw CliError(Exit::badUse, fmt::format("--at: {} is not a moment", quote(text)),
-                       "write it as 2026-11-21T15:04, 2026-11-21T15:04+03:00, or 15:04 for today");
+        throw CliError(Exit::badUse, tr("--at: {} is not a moment", quote(text)),
+                       tr("write it as 2026-11-21T15:04, 2026-11-21T15:04+03:00, or 15:04 for today"));
     }
     return instantOf(*moment, clock, clock.dateAt(context.now()));
 }

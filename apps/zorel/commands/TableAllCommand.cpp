@@ -152,25 +152,39 @@ std::int64_t totalOf(const Context& context) {
 
 /// How many places are told by a clock of which something is to be known; each says it itself in JSON.
 void noteClocks(const Context& context, const ByNotice& byNotice) {
-    const auto note = [&](almanac::ClockNotice notice, std::string_view what) {
-        if (const auto places = byNotice[static_cast<std::size_t>(notice)]; places > 0) {
-            context.note(fmt::format("{} places by {}", places, what));
-        }
+    const auto count = [&](almanac::ClockNotice notice) {
+        return static_cast<unsigned long long>(byNotice[static_cast<std::size_t>(notice)]);
     };
-    note(almanac::ClockNotice::ruleOnly,
-         "the catalogue's clock rule, because this system has no time zone data of theirs");
-    note(almanac::ClockNotice::ruleIsNewer,
-         "the catalogue's clock rule, because this system's time zone data is older and says otherwise");
-    note(almanac::ClockNotice::systemIsOlder,
-         "this system's time zone data, although it is older than the catalogue, which says otherwise");
+    if (const auto places = count(almanac::ClockNotice::ruleOnly); places > 0) {
+        context.note(trPlural(
+            "{} place by the catalogue's clock rule, because this system has no time zone data of it",
+            "{} places by the catalogue's clock rule, because this system has no time zone data of theirs",
+            places));
+    }
+    if (const auto places = count(almanac::ClockNotice::ruleIsNewer); places > 0) {
+        context.note(trPlural(
+            "{} place by the catalogue's clock rule, because this system's time zone data is older and "
+            "says otherwise",
+            "{} places by the catalogue's clock rule, because this system's time zone data is older and "
+            "says otherwise",
+            places));
+    }
+    if (const auto places = count(almanac::ClockNotice::systemIsOlder); places > 0) {
+        context.note(trPlural(
+            "{} place by this system's time zone data, although it is older than the catalogue, which "
+            "says otherwise",
+            "{} places by this system's time zone data, although it is older than the catalogue, which "
+            "says otherwise",
+            places));
+    }
 }
 
 void refuse(const Options& options) {
     if (!options.words.empty()) {
-        throw CliError(Exit::badUse, "a PLACE and --all do not go together", "leave one of them out");
+        throw CliError(Exit::badUse, tr("a PLACE and --all do not go together"), tr("leave one of them out"));
     }
     if (!options.from.empty() || !options.to.empty()) {
-        throw CliError(Exit::badUse, "--all is for one day", "give the day with --on DATE");
+        throw CliError(Exit::badUse, tr("--all is for one day"), tr("give the day with --on DATE"));
     }
 }
 } // namespace
@@ -185,19 +199,20 @@ Exit runTableAll(const Context& context) {
         context.streams.out << "id,name,region,country,latitude,longitude,date"
                             << csvTimesHeader(options.others) << '\n';
     }
-    Progress progress(context.streams.err, context.streams.errIsTerminal, totalOf(context), "places");
+    Progress progress(context.streams.err, context.streams.errIsTerminal, totalOf(context),
+                      Progress::Unit::places);
     Batch batch(context, date);
     std::int64_t left = options.count > 0 ? options.count : std::numeric_limits<std::int64_t>::max();
     forEachPlace(context.services, options.fromId, [&](const CataloguePlace& row) {
         batch.add(shownPlace(row));
-        progress.update(batch.written(), fmt::format("last id {}", batch.lastId()));
+        progress.update(batch.written(), tr("last id {}", batch.lastId()));
         return --left > 0 && !batch.broken();
     });
     batch.finish();
     progress.finish();
     noteClocks(context, batch.byNotice());
     if (batch.written() == 0) {
-        throw CliError(Exit::noResult, fmt::format("no place has an id of {} or more", options.fromId));
+        throw CliError(Exit::noResult, tr("no place has an id of {} or more", options.fromId));
     }
     return Exit::ok;
 }

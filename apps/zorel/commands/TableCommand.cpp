@@ -42,11 +42,13 @@ Range rangeOf(const Context& context, const almanac::PlaceClock& clock) {
         range.days = almanac::daysBetween(range.first, requireDate(options.to, today, "--to")) + 1;
     }
     if (range.days < 1) {
-        throw CliError(Exit::badUse, "--to is before --from", "give the earlier day as --from");
+        throw CliError(Exit::badUse, tr("--to is before --from"), tr("give the earlier day as --from"));
     }
     if (range.days > kMostDays) {
-        throw CliError(Exit::badUse, fmt::format("{} days are too many for one table", range.days),
-                       "at most a hundred years; ask for several tables");
+        throw CliError(Exit::badUse,
+                       trPlural("{} day is too many for one table", "{} days are too many for one table",
+                                static_cast<unsigned long long>(range.days)),
+                       tr("at most a hundred years; ask for several tables"));
     }
     return range;
 }
@@ -58,7 +60,7 @@ ClockNotices eachDay(const Context& context, const ShownPlace& place, const Rang
     const almanac::Almanac almanac(place.place);
     almanac::Memory memory;
     ClockNotices notices(context, place);
-    Progress progress(context.streams.err, context.streams.errIsTerminal, range.days, "days");
+    Progress progress(context.streams.err, context.streams.errIsTerminal, range.days, Progress::Unit::days);
     for (std::int64_t i = 0; i < range.days; ++i) {
         const Day day = almanac.day(almanac::addDays(range.first, static_cast<int>(i)), memory);
         use(day);

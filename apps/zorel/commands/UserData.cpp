@@ -31,8 +31,8 @@ UserCities readCities() {
 void makeDataDir() {
     const std::string& folder = Locations::current().data;
     if (!createDirectoryAtPath(folder)) {
-        throw CliError(Exit::dataTrouble, fmt::format("cannot make the folder {}", folder),
-                       "check its permissions, or name another one with --data-dir DIR");
+        throw CliError(Exit::dataTrouble, tr("cannot make the folder {}", folder),
+                       tr("check its permissions, or name another one with --data-dir DIR"));
     }
 }
 
@@ -42,12 +42,12 @@ void requireReadableUserData() {
 
 void requireRead(const StoreResult& result) {
     if (result.state == StoreState::busy) {
-        throw CliError(Exit::dataTrouble, "your cities are busy: " + result.reason, "try again");
+        throw CliError(Exit::dataTrouble, tr("your cities are busy: {}", result.reason), tr("try again"));
     }
     if (!result.isDone()) {
         throw CliError(Exit::dataTrouble,
-                       fmt::format("cannot read your cities in {}: {}", databasePath(), result.reason),
-                       "check its permissions; a broken file can be moved away to begin anew");
+                       tr("cannot read your cities in {0}: {1}", databasePath(), result.reason),
+                       tr("check its permissions; a broken file can be moved away to begin anew"));
     }
 }
 
@@ -70,7 +70,7 @@ std::vector<std::int32_t> listedCityIds() {
 }
 
 std::string storingHint() {
-    return fmt::format("check that {} can be written and its disk has room", Locations::current().data);
+    return tr("check that {} can be written and its disk has room", Locations::current().data);
 }
 
 std::string remedyFor(const AlarmReport& report) {
@@ -78,26 +78,24 @@ std::string remedyFor(const AlarmReport& report) {
         report.alarms, [](const AlarmStatus& alarm) { return alarm.state == AlarmState::passed; });
     switch (report.trouble) {
     case AlarmTrouble::busy:
-        return "try again";
+        return tr("try again");
     case AlarmTrouble::unreadableRows:
-        return "check its permissions; a broken file can be moved away to begin anew";
+        return tr("check its permissions; a broken file can be moved away to begin anew");
     case AlarmTrouble::unreadableCatalogue:
-        return "install it again, or name the folder of another one with --bundle DIR";
+        return tr("install it again, or name the folder of another one with --bundle DIR");
     case AlarmTrouble::unknownHome:
-        return "choose another home city: zorel cities home NAME";
+        return tr("choose another home city: zorel cities home NAME");
     default:
         break;
     }
     return hasPassed
-               ? "zorel alarms refresh moves it; zorel-refresh.timer does that every night"
-               : "check that the calendar's folder can be read and written and its disk has room, then: "
-                 "zorel alarms refresh";
+               ? tr("zorel alarms refresh moves it; zorel-refresh.timer does that every night")
+               : tr("check that the calendar's folder can be read and written and its disk has room, then: "
+                    "zorel alarms refresh");
 }
 
+// translators: {0} is "the change of Bursa", "the alarm fajr" or "the refresh of the alarms"; {1} says why
 void requireDone(const ActionResult& result, const std::string& what) {
-    const auto fail = [&](Exit code, const std::string& says, const std::string& hint) {
-        throw CliError(code, fmt::format("{} {}: {}", what, says, result.reason), hint);
-    };
     switch (result.state) {
     case ActionState::done:
     case ActionState::alreadyListed:
@@ -106,19 +104,25 @@ void requireDone(const ActionResult& result, const std::string& what) {
     case ActionState::noHome:
     case ActionState::alarmIsOff:
     case ActionState::noNextTime:
-        return fail(Exit::noResult, "was not done", "");
+        throw CliError(Exit::noResult, tr("{0} was not done: {1}", what, result.reason));
     case ActionState::badName:
-        return fail(Exit::dataTrouble, "could not be stored", "give the file another name");
+        throw CliError(Exit::dataTrouble, tr("{0} could not be stored: {1}", what, result.reason),
+                       tr("give the file another name"));
     case ActionState::busy:
-        return fail(Exit::dataTrouble, "could not be stored", "try again");
+        throw CliError(Exit::dataTrouble, tr("{0} could not be stored: {1}", what, result.reason),
+                       tr("try again"));
     case ActionState::unstorable:
-        return fail(Exit::dataTrouble, "could not be stored", storingHint());
+        throw CliError(Exit::dataTrouble, tr("{0} could not be stored: {1}", what, result.reason),
+                       storingHint());
     case ActionState::unfinished:
-        return fail(Exit::dataTrouble, "may be done in part",
-                    storingHint() + ", then complete it: zorel alarms refresh");
+        throw CliError(
+            Exit::dataTrouble, tr("{0} may be done in part: {1}", what, result.reason),
+            tr("check that {} can be written and its disk has room, then complete it: zorel alarms refresh",
+               Locations::current().data));
     case ActionState::refused:
-        return fail(Exit::dataTrouble, "could not be done and was taken back",
-                    result.alarms ? remedyFor(*result.alarms) : storingHint());
+        throw CliError(Exit::dataTrouble,
+                       tr("{0} could not be done and was taken back: {1}", what, result.reason),
+                       result.alarms ? remedyFor(*result.alarms) : storingHint());
     }
 }
 

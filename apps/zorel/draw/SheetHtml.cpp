@@ -245,10 +245,10 @@ std::string sheetHtml(const Context& context, const Sheet& sheet) {
         pages += pageHtml(context, sheet, page, prayers);
     }
     return fmt::format(
-        "<!DOCTYPE html>\n<html lang=\"{}\">\n<head>\n<meta charset=\"utf-8\"/>\n<title>{}: {}</title>\n"
+        "<!DOCTYPE html>\n<html lang=\"{}\"{}>\n<head>\n<meta charset=\"utf-8\"/>\n<title>{}: {}</title>\n"
         "<style>\n{}</style>\n</head>\n<body>\n{}</body>\n</html>\n",
-        languageInUse(), xmlText(placeText(sheet.place)), xmlText(sheet.pages.front().title), styleOf(sheet),
-        pages);
+        languageInUse(), isRightToLeft(languageInUse()) ? " dir=\"rtl\"" : "",
+        xmlText(placeText(sheet.place)), xmlText(sheet.pages.front().title), styleOf(sheet), pages);
 }
 
 } // namespace zorel::cli

@@ -20,14 +20,18 @@
 namespace zorel::cli {
 
 namespace {
-constexpr std::string_view kDescription =
-    "Prayer times, alarms, Sun and Moon, qibla, Hijri dates for any place, offline.";
+constexpr const char* kDescription =
+    trLater("Prayer times, alarms, Sun and Moon, qibla, Hijri dates for any place, offline.");
 
-constexpr const char* kPlaceHelp = "name (\"Paris, Texas\"), catalogue id, or LAT,LON[,ZONE]; default: the "
-                                   "home city, else the largest place of the "
-                                   "system's time zone";
-constexpr const char* kDateForms =
-    "2026-11-21 (years 1583 to 9998), today, tomorrow, yesterday, +3 or -3 (days from today)";
+constexpr const char* kPlaceHelp =
+    trLater("name (\"Paris, Texas\"), catalogue id, or LAT,LON[,ZONE]; default: the "
+            "home city, else the largest place of the "
+            "system's time zone");
+
+/// What a date may be.
+std::string dateForms() {
+    return tr("2026-11-21 (years 1583 to 9998), today, tomorrow, yesterday, +3 or -3 (days from today)");
+}
 
 const std::vector<std::string> kPrayers{"fajr", "sunrise", "dhuhr", "asr", "maghrib", "isha"};
 
@@ -37,10 +41,10 @@ class Grammar {
 public:
     /// @param words of the command line; none: the grammar is built whole
     Grammar(Options& options, std::span<const std::string> words)
-        : options_(options), words_(words), app_(std::string(kDescription), "zorel") {
+        : options_(options), words_(words), app_(tr(kDescription), "zorel") {
         app_.set_version_flag("-V,--version", std::string("zorel ") + kZorelVersion,
-                              "Print the version and exit");
-        app_.set_help_flag("-h,--help", "Print help and exit");
+                              tr("Print the version and exit"));
+        app_.set_help_flag("-h,--help", tr("Print help and exit"));
         app_.require_subcommand(1);
         app_.fallthrough();
         addCommon();
@@ -82,53 +86,55 @@ private:
     }
 
     CLI::Option* value(CLI::App& sub, const char* name, std::string& target, const char* type,
-                       const char* help) {
+                       const std::string& help) {
         return sub.add_option(name, target, help)->type_name(type)->check(someText());
     }
 
     void addCommon() {
-        value(app_, "--data-dir", options_.dataDir, "DIR", "Folder of the user's cities, alarms and log");
-        value(app_, "--bundle", options_.bundle, "DIR", "Folder of the catalogue and the language files");
-        value(app_, "--ringtones", options_.ringtones, "DIR", "Folder of the ringtones");
-        value(app_, "--calendar", options_.calendar, "DIR", "Folder of .ics files that carries the alarms");
+        value(app_, "--data-dir", options_.dataDir, "DIR", tr("Folder of the user's cities, alarms and log"));
+        value(app_, "--bundle", options_.bundle, "DIR", tr("Folder of the catalogue and the language files"));
+        value(app_, "--ringtones", options_.ringtones, "DIR", tr("Folder of the ringtones"));
+        value(app_, "--calendar", options_.calendar, "DIR",
+              tr("Folder of .ics files that carries the alarms"));
         value(app_, "--lang", options_.language, "LANG",
-              fmt::format("Language of texts: {}; default: from the locale", fmt::join(kLanguages, ", "))
-                  .c_str())
+              tr("Language of texts: {}; default: from the locale",
+                 fmt::format("{}", fmt::join(kLanguages, ", "))))
             ->transform(oneOf({kLanguages.begin(), kLanguages.end()}));
         value(app_, "--color", options_.colour, "WHEN",
-              "Colours: auto (only on a terminal), always, never; default: auto")
+              tr("Colours: auto (only on a terminal), always, never; default: auto"))
             ->transform(oneOf({"auto", "always", "never"}));
         value(app_, "--now", options_.now, "TIME",
-              "Pretend that this is the present moment (2026-11-21T15:04[+03:00])");
+              tr("Pretend that this is the present moment (2026-11-21T15:04[+03:00])"));
     }
 
-    void place(CLI::App* sub) { sub->add_option("PLACE", options_.words, kPlaceHelp)->type_name(""); }
-    void city(CLI::App* sub, const char* help) {
+    void place(CLI::App* sub) { sub->add_option("PLACE", options_.words, tr(kPlaceHelp))->type_name(""); }
+    void city(CLI::App* sub, const std::string& help) {
         sub->add_option("PLACE", options_.words, help)->type_name("")->required();
     }
-    void json(CLI::App* sub) { sub->add_flag("--json", options_.json, "Print JSON (docs/json.md)"); }
+    void json(CLI::App* sub) { sub->add_flag("--json", options_.json, tr("Print JSON (docs/json.md)")); }
     void seconds(CLI::App* sub) {
-        sub->add_flag("--seconds", options_.seconds, "Show seconds instead of whole minutes");
+        sub->add_flag("--seconds", options_.seconds, tr("Show seconds instead of whole minutes"));
     }
     void follow(CLI::App* sub) {
-        sub->add_flag("--follow", options_.follow, "Print again at each change, until the reader goes away");
+        sub->add_flag("--follow", options_.follow,
+                      tr("Print again at each change, until the reader goes away"));
     }
     /// How a picture of characters is drawn.
     void drawing(CLI::App* sub) {
-        sub->add_option("--width", options_.width, "Columns, 40 to 500; default: the terminal's, else 80")
+        sub->add_option("--width", options_.width, tr("Columns, 40 to 500; default: the terminal's, else 80"))
             ->type_name("N")
             ->check(wholeNumber(kLeastColumns, kMostColumns));
         sub->add_flag("--ascii", options_.ascii,
-                      "Draw with plain ASCII characters, as on a terminal without UTF-8");
+                      tr("Draw with plain ASCII characters, as on a terminal without UTF-8"));
     }
     void temkin(CLI::App* sub) {
         sub->add_option("--temkin", options_.temkin,
-                        "Precaution table: 250 or 500 m; default: the place's own")
+                        tr("Precaution table: 250 or 500 m; default: the place's own"))
             ->type_name("METRES")
             ->check(oneOf({"250", "500"}));
     }
     CLI::Option* day(CLI::App* sub, const char* name, std::string& target, const std::string& help) {
-        return value(*sub, name, target, "DATE", help.c_str());
+        return value(*sub, name, target, "DATE", help);
     }
 
     void addDayOptions(CLI::App* sub) {
@@ -139,57 +145,59 @@ private:
         json(sub);
         seconds(sub);
         temkin(sub);
-        sub->add_flag("--short", options_.shortForm, "Only the six prayer times, no picture");
-        sub->add_flag("--ezani", options_.ezani, "Also the sunset-based clock, on which sunset is 12:00");
+        sub->add_flag("--short", options_.shortForm, tr("Only the six prayer times, no picture"));
+        sub->add_flag("--ezani", options_.ezani, tr("Also the sunset-based clock, on which sunset is 12:00"));
         sub->add_flag("--explain", options_.explain,
-                      "For each time: its rule, temkin, fixed additions, rounds, date and latitude");
+                      tr("For each time: its rule, temkin, fixed additions, rounds, date and latitude"));
         drawing(sub);
     }
 
     void addTimes() {
-        CLI::App* today = command(app_, "today", "Prayer times of today (or --date), and what comes next");
+        CLI::App* today =
+            command(app_, "today", tr("Prayer times of today (or --date), and what comes next"));
         addDayOptions(today);
         if (asked(today)) {
-            day(today, "--date", options_.date, std::string("Another day: ") + kDateForms);
+            day(today, "--date", options_.date, tr("Another day: {}", dateForms()));
         }
-        addDayOptions(command(app_, "tomorrow", "Prayer times of tomorrow"));
+        addDayOptions(command(app_, "tomorrow", tr("Prayer times of tomorrow")));
     }
 
     void addNext() {
         CLI::App* next =
-            command(app_, "next", "The next prayer time in one line, for prompts and status bars");
+            command(app_, "next", tr("The next prayer time in one line, for prompts and status bars"));
         if (!asked(next)) {
             return;
         }
         place(next);
         value(*next, "--format", options_.format, "TEXT",
-              "What to print: text with {name}, {key}, {time}, {countdown}, {minutes}, {clock}, {city}, "
-              "{date}, "
-              "{weekday}, {hijri}");
+              tr("What to print: text with {name}, {key}, {time}, {countdown}, {minutes}, {clock}, {city}, "
+                 "{date}, "
+                 "{weekday}, {hijri}"));
         follow(next);
     }
 
     void addTable() {
-        CLI::App* table = command(app_, "table", "Prayer times of many days, or of every place on one day");
+        CLI::App* table =
+            command(app_, "table", tr("Prayer times of many days, or of every place on one day"));
         if (!asked(table)) {
             return;
         }
         place(table);
-        day(table, "--from", options_.from, std::string("First day: ") + kDateForms + "; default: today");
-        day(table, "--to", options_.to, "Last day, as for --from; default: 29 days after the first");
-        auto* csv = table->add_flag("--csv", options_.csv, "Print comma-separated values");
-        auto* jsonFlag = table->add_flag("--json", options_.json, "Print JSON (docs/json.md)");
-        auto* ics = table->add_flag("--ics", options_.ics, "Print a calendar to import or subscribe to");
+        day(table, "--from", options_.from, tr("First day: {}; default: today", dateForms()));
+        day(table, "--to", options_.to, tr("Last day, as for --from; default: 29 days after the first"));
+        auto* csv = table->add_flag("--csv", options_.csv, tr("Print comma-separated values"));
+        auto* jsonFlag = table->add_flag("--json", options_.json, tr("Print JSON (docs/json.md)"));
+        auto* ics = table->add_flag("--ics", options_.ics, tr("Print a calendar to import or subscribe to"));
         table
             ->add_option("--reminder", options_.reminders,
-                         "With --ics: remind so many minutes (or 1h, 1h30) before each time")
+                         tr("With --ics: remind so many minutes (or 1h, 1h30) before each time"))
             ->type_name("MIN")
             ->expected(1)
             ->multi_option_policy(CLI::MultiOptionPolicy::TakeAll)
             ->transform(wholeMinutes(0, 720))
             ->needs(ics);
         value(*table, "--name", options_.calendarName, "TEXT",
-              "With --ics: the calendar's name; default: the place's")
+              tr("With --ics: the calendar's name; default: the place's"))
             ->needs(ics);
         others(table);
         csv->excludes(jsonFlag)->excludes(ics);
@@ -197,14 +205,14 @@ private:
         seconds(table);
         temkin(table);
         auto* all = table->add_flag("--all", options_.all,
-                                    "Every place of the catalogue on one day, as CSV or with --json");
-        day(table, "--on", options_.on, "The day of --all; default: today, by the system's clock")
+                                    tr("Every place of the catalogue on one day, as CSV or with --json"));
+        day(table, "--on", options_.on, tr("The day of --all; default: today, by the system's clock"))
             ->needs(all);
-        table->add_option("--from-id", options_.fromId, "Start --all at this place of the catalogue")
+        table->add_option("--from-id", options_.fromId, tr("Start --all at this place of the catalogue"))
             ->type_name("ID")
             ->check(wholeNumber(0))
             ->needs(all);
-        table->add_option("--count", options_.count, "Stop --all after this many places")
+        table->add_option("--count", options_.count, tr("Stop --all after this many places"))
             ->type_name("N")
             ->check(wholeNumber(1))
             ->needs(all);
@@ -212,32 +220,33 @@ private:
     }
 
     CLI::Option* svg(CLI::App* sub) {
-        return sub->add_flag("--svg", options_.svg, "Print a picture (SVG) instead of characters");
+        return sub->add_flag("--svg", options_.svg, tr("Print a picture (SVG) instead of characters"));
     }
     /// A picture for those who ask for it; --svg asks too.
-    void picture(CLI::App* sub, const char* help) {
+    void picture(CLI::App* sub, const std::string& help) {
         auto* jsonFlag = sub->get_option("--json");
         sub->add_flag("--chart", options_.chart, help)->excludes(jsonFlag);
         svg(sub)->excludes(jsonFlag);
         drawing(sub);
     }
-    CLI::Option* year(CLI::App* sub, const char* help) {
+    CLI::Option* year(CLI::App* sub, const std::string& help) {
         return sub->add_option("--year", options_.year, help)
             ->type_name("YEAR")
             ->check(wholeNumber(1584, 9997));
     }
     CLI::Option* others(CLI::App* sub) {
-        return sub->add_flag("--others", options_.others, "Also the times beside the six");
+        return sub->add_flag("--others", options_.others, tr("Also the times beside the six"));
     }
 
     void addChart() {
-        CLI::App* chart = command(app_, "chart", "A year of a place as a picture: its times over the months");
+        CLI::App* chart =
+            command(app_, "chart", tr("A year of a place as a picture: its times over the months"));
         if (!asked(chart)) {
             return;
         }
         place(chart);
-        year(chart, "The year, 1584 to 9997; default: this one");
-        value(*chart, "--with", options_.with, "PLACE", "Draw a second place beside it, dashed");
+        year(chart, tr("The year, 1584 to 9997; default: this one"));
+        value(*chart, "--with", options_.with, "PLACE", tr("Draw a second place beside it, dashed"));
         others(chart);
         svg(chart);
         drawing(chart);
@@ -246,99 +255,101 @@ private:
 
     void addSheet() {
         CLI::App* sheet =
-            command(app_, "sheet", "A month, a year or a Ramadan as pages to print and hang up");
+            command(app_, "sheet", tr("A month, a year or a Ramadan as pages to print and hang up"));
         if (!asked(sheet)) {
             return;
         }
         place(sheet);
         auto* month =
-            value(*sheet, "--month", options_.month, "MONTH", "The month, 2026-12; default: this one");
-        year(sheet, "A whole year, a page for each month")->excludes(month);
-        sheet->add_option("--ramadan", options_.ramadan, "The Ramadan of a Hijri year, such as 1448")
+            value(*sheet, "--month", options_.month, "MONTH", tr("The month, 2026-12; default: this one"));
+        year(sheet, tr("A whole year, a page for each month"))->excludes(month);
+        sheet->add_option("--ramadan", options_.ramadan, tr("The Ramadan of a Hijri year, such as 1448"))
             ->type_name("YEAR")
             ->check(wholeNumber(992, 9666))
             ->excludes(month)
             ->excludes("--year");
-        value(*sheet, "--paper", options_.paper, "PAPER", "a4 or letter; default: a4")
+        value(*sheet, "--paper", options_.paper, "PAPER", tr("a4 or letter; default: a4"))
             ->transform(oneOf({"a4", "letter"}));
         others(sheet);
-        value(*sheet, "--pdf", options_.pdf, "FILE", "Write a PDF (by weasyprint) instead of printing HTML");
+        value(*sheet, "--pdf", options_.pdf, "FILE",
+              tr("Write a PDF (by weasyprint) instead of printing HTML"));
         temkin(sheet);
     }
 
     void addSky() {
-        CLI::App* sky = command(app_, "sky", "Sun and Moon now: where they stand, rise and set, phases");
+        CLI::App* sky = command(app_, "sky", tr("Sun and Moon now: where they stand, rise and set, phases"));
         if (!asked(sky)) {
             return;
         }
         place(sky);
         value(*sky, "--at", options_.at, "TIME",
-              "The moment: 2026-11-21T15:04[+03:00] or 15:04; default: now");
+              tr("The moment: 2026-11-21T15:04[+03:00] or 15:04; default: now"));
         json(sky);
-        picture(sky, "Draw the sky: horizon, ways of Sun and Moon through the day, face of the Moon");
+        picture(sky, tr("Draw the sky: horizon, ways of Sun and Moon through the day, face of the Moon"));
     }
 
     void addHijri() {
-        CLI::App* hijri = command(app_, "hijri", "A day in the Hijri and Rumi calendars");
+        CLI::App* hijri = command(app_, "hijri", tr("A day in the Hijri and Rumi calendars"));
         if (!asked(hijri)) {
             return;
         }
-        hijri->add_option("DATE", options_.words, std::string(kDateForms) + "; default: today")
-            ->type_name("");
+        hijri->add_option("DATE", options_.words, tr("{}; default: today", dateForms()))->type_name("");
         json(hijri);
     }
 
     void addCompass() {
-        CLI::App* compass = command(app_, "compass", "Qibla as true and magnetic bearing, Sun in the qibla");
+        CLI::App* compass =
+            command(app_, "compass", tr("Qibla as true and magnetic bearing, Sun in the qibla"));
         if (!asked(compass)) {
             return;
         }
         place(compass);
-        day(compass, "--date", options_.date, std::string("The day: ") + kDateForms + "; default: today");
+        day(compass, "--date", options_.date, tr("The day: {}; default: today", dateForms()));
         json(compass);
-        picture(compass, "Draw a rose with the qibla, true and magnetic north");
+        picture(compass, tr("Draw a rose with the qibla, true and magnetic north"));
     }
 
     void addSearch() {
-        CLI::App* search = command(
-            app_, "search", "Search the catalogue for a name or a part of one (three characters or more)");
+        CLI::App* search =
+            command(app_, "search",
+                    tr("Search the catalogue for a name or a part of one (three characters or more)"));
         if (!asked(search)) {
             return;
         }
-        search->add_option("TEXT", options_.words, "part of a name, in any spelling the catalogue has")
+        search->add_option("TEXT", options_.words, tr("part of a name, in any spelling the catalogue has"))
             ->type_name("")
             ->required();
-        search->add_option("--limit", options_.limit, "Most results to print; 0: all; default: 20")
+        search->add_option("--limit", options_.limit, tr("Most results to print; 0: all; default: 20"))
             ->type_name("N")
             ->check(wholeNumber(0));
         json(search);
     }
 
     void addCities() {
-        CLI::App* cities = command(app_, "cities", "Your cities: list, add, home, remove");
+        CLI::App* cities = command(app_, "cities", tr("Your cities: list, add, home, remove"));
         if (!asked(cities)) {
             return;
         }
         json(cities);
-        city(command(*cities, "add", "Add a city; the first one becomes the home city"),
-             "name (\"Paris, Texas\") or id of a place of the catalogue");
-        const char* listed = "name or catalogue id of one of your cities";
+        city(command(*cities, "add", tr("Add a city; the first one becomes the home city")),
+             tr("name (\"Paris, Texas\") or id of a place of the catalogue"));
+        const std::string listed = tr("name or catalogue id of one of your cities");
         city(command(*cities, "home",
-                     "Make one of your cities the home city; active alarms move to its times"),
+                     tr("Make one of your cities the home city; active alarms move to its times")),
              listed);
-        city(command(*cities, "remove", "Remove a city from the list"), listed);
+        city(command(*cities, "remove", tr("Remove a city from the list")), listed);
     }
 
     /// @param all whether the word "all" stands for every alarm.
-    CLI::App* alarmCommand(CLI::App* alarms, const char* name, const char* help, bool all = false) {
+    CLI::App* alarmCommand(CLI::App* alarms, const char* name, const std::string& help, bool all = false) {
         CLI::App* sub = command(*alarms, name, help);
         std::vector<std::string> choices = kPrayers;
         if (all) {
             choices.emplace_back("all");
         }
         sub->add_option("PRAYER", options_.prayer,
-                        all ? "fajr, sunrise, dhuhr, asr, maghrib, isha; or all six at once: all"
-                            : "fajr, sunrise, dhuhr, asr, maghrib or isha")
+                        all ? tr("fajr, sunrise, dhuhr, asr, maghrib, isha; or all six at once: all")
+                            : tr("fajr, sunrise, dhuhr, asr, maghrib or isha"))
             ->type_name("")
             ->required()
             ->transform(oneOf(choices));
@@ -346,46 +357,48 @@ private:
     }
 
     void addAlarms() {
-        CLI::App* alarms = command(app_, "alarms", "The six prayer alarms of the home city");
+        CLI::App* alarms = command(app_, "alarms", tr("The six prayer alarms of the home city"));
         if (!asked(alarms)) {
             return;
         }
         json(alarms);
-        alarmCommand(alarms, "on", "Switch an alarm on, or all of them", true);
-        alarmCommand(alarms, "off", "Switch an alarm off, or all of them, and remove what was to ring", true);
-        alarmCommand(alarms, "offset", "Minutes from the prayer time, -59 to 59")
+        alarmCommand(alarms, "on", tr("Switch an alarm on, or all of them"), true);
+        alarmCommand(alarms, "off", tr("Switch an alarm off, or all of them, and remove what was to ring"),
+                     true);
+        alarmCommand(alarms, "offset", tr("Minutes from the prayer time, -59 to 59"))
             ->add_option("MINUTES", options_.value,
-                         "minutes, such as 10 or -15m; negative: before the prayer time")
+                         tr("minutes, such as 10 or -15m; negative: before the prayer time"))
             ->type_name("")
             ->required();
-        alarmCommand(alarms, "ringtone", "Choose a ringtone of the ringtone folder")
+        alarmCommand(alarms, "ringtone", tr("Choose a ringtone of the ringtone folder"))
             ->add_option("NAME", options_.words,
-                         "file name, with or without its extension; any other lists them")
+                         tr("file name, with or without its extension; any other lists them"))
             ->type_name("")
             ->required();
-        alarmCommand(alarms, "duration", "How long the ringtone plays")
+        alarmCommand(alarms, "duration", tr("How long the ringtone plays"))
             ->add_option("TIME", options_.value,
-                         "seconds, or minutes with m: 5, 10, 20, 30, 1m, 2m, 3m or 5m")
+                         tr("seconds, or minutes with m: 5, 10, 20, 30, 1m, 2m, 3m or 5m"))
             ->type_name("")
             ->required();
-        alarmCommand(alarms, "skip", "Leave out what an alarm would ring next, once")
-            ->add_flag("--undo", options_.undo, "Ring it all the same");
-        CLI::App* pause = command(*alarms, "pause", "Let no alarm ring until a day");
+        alarmCommand(alarms, "skip", tr("Leave out what an alarm would ring next, once"))
+            ->add_flag("--undo", options_.undo, tr("Ring it all the same"));
+        CLI::App* pause = command(*alarms, "pause", tr("Let no alarm ring until a day"));
         auto* until =
             day(pause, "--until", options_.until,
-                "The day on which the alarms ring again: 2026-12-01, tomorrow, +3 (days from today)");
-        pause->add_flag("--off", options_.off, "Let them ring again now")->excludes(until);
-        command(*alarms, "check", "Look whether the alarms will ring: one line for each thing they need")
-            ->add_flag("--heal", options_.heal, "Mend what can be mended first");
-        command(*alarms, "clear", "Switch every alarm off and take all of their events out of the calendar");
-        alarmCommand(alarms, "test", "Ring an alarm now, as it would");
-        command(*alarms, "stop", "Silence what rings");
-        command(*alarms, "connect", "Let GNOME ring instead of the ring service, or not any more")
-            ->add_option("WHOM", options_.value, "gnome or none")
+                tr("The day on which the alarms ring again: 2026-12-01, tomorrow, +3 (days from today)"));
+        pause->add_flag("--off", options_.off, tr("Let them ring again now"))->excludes(until);
+        command(*alarms, "check", tr("Look whether the alarms will ring: one line for each thing they need"))
+            ->add_flag("--heal", options_.heal, tr("Mend what can be mended first"));
+        command(*alarms, "clear",
+                tr("Switch every alarm off and take all of their events out of the calendar"));
+        alarmCommand(alarms, "test", tr("Ring an alarm now, as it would"));
+        command(*alarms, "stop", tr("Silence what rings"));
+        command(*alarms, "connect", tr("Let GNOME ring instead of the ring service, or not any more"))
+            ->add_option("WHOM", options_.value, tr("gnome or none"))
             ->type_name("")
             ->required()
             ->check(CLI::IsMember({"gnome", "none"}));
-        command(*alarms, "refresh", "Move every active alarm to its next time (for a daily timer)");
+        command(*alarms, "refresh", tr("Move every active alarm to its next time (for a daily timer)"));
     }
 
     void addMoving() {
@@ -401,34 +414,34 @@ private:
     }
 
     void addWidget() {
-        CLI::App* widget = command(app_, "widget", "One line of JSON for a status bar");
+        CLI::App* widget = command(app_, "widget", tr("One line of JSON for a status bar"));
         if (!asked(widget)) {
             return;
         }
         place(widget);
         follow(widget);
-        widget->add_flag("--countdown", options_.countdown, "Show the remaining time in the text");
+        widget->add_flag("--countdown", options_.countdown, tr("Show the remaining time in the text"));
         widget
             ->add_option("--soon", options_.soon,
-                         "Minutes before a prayer time from which the class is \"soon\"; default: 15")
+                         tr("Minutes before a prayer time from which the class is \"soon\"; default: 15"))
             ->type_name("MIN")
             ->transform(wholeMinutes(0, 720));
     }
 
     void addCompletion() {
-        CLI::App* completion = command(app_, "completion", "Print a completion script for a shell");
+        CLI::App* completion = command(app_, "completion", tr("Print a completion script for a shell"));
         if (!asked(completion)) {
             return;
         }
-        completion->add_option("SHELL", options_.shell, "bash, zsh or fish")
+        completion->add_option("SHELL", options_.shell, tr("bash, zsh or fish"))
             ->type_name("")
             ->required()
             ->transform(oneOf({"bash", "zsh", "fish"}));
     }
 
     void addManual() {
-        CLI::App* manual = command(app_, "manual", "Print the manual page (roff)");
-        manual->add_flag("--markdown", options_.markdown, "As markdown");
+        CLI::App* manual = command(app_, "manual", tr("Print the manual page (roff)"));
+        manual->add_flag("--markdown", options_.markdown, tr("As markdown"));
     }
 
     Options& options_;

@@ -16,7 +16,7 @@ CLI::Validator oneOf(const std::vector<std::string>& choices) {
     const auto check = [choices](std::string& text) {
         const std::string lower = lowerCase(text);
         if (std::find(choices.begin(), choices.end(), lower) == choices.end()) {
-            return fmt::format("{} is none of {}", quote(text), fmt::join(choices, ", "));
+            return tr("{0} is none of {1}", quote(text), fmt::format("{}", fmt::join(choices, ", ")));
         }
         text = lower;
         return std::string();
@@ -33,14 +33,14 @@ CLI::Validator wholeNumber(std::int64_t smallest, std::int64_t largest) {
             return std::string();
         }
         const bool bounded = largest < std::numeric_limits<std::int32_t>::max();
-        return bounded ? fmt::format("{} is not a whole number from {} to {}", quote(text), smallest, largest)
-                       : fmt::format("{} is not a whole number of {} or more", quote(text), smallest);
+        return bounded ? tr("{0} is not a whole number from {1} to {2}", quote(text), smallest, largest)
+                       : tr("{0} is not a whole number of {1} or more", quote(text), smallest);
     };
     return {check, ""};
 }
 
 CLI::Validator someText() {
-    return {[](std::string& text) { return std::string(text.empty() ? "its value is empty" : ""); }, ""};
+    return {[](std::string& text) { return std::string(text.empty() ? tr("its value is empty") : ""); }, ""};
 }
 
 } // namespace zorel::cli

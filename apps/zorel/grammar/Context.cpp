@@ -9,7 +9,6 @@
 #include <fmt/format.h>
 
 #include <algorithm>
-#include <array>
 
 namespace zorel::cli {
 
@@ -32,21 +31,10 @@ std::string ownNameOf(almanac::Prayer prayer) {
     }
 }
 
-void applyLanguage(GlobalFuncs& services, const std::string& language) {
-    constexpr std::array<std::string_view, 4> codes{"tr", "en", "fr", "de"};
-    for (std::size_t id = 0; id < codes.size(); ++id) {
-        if (codes[id] == language && services.languageId != static_cast<std::int32_t>(id)) {
-            services.languageId = static_cast<std::int32_t>(id);
-            services.loadLanguageFile();
-        }
-    }
-}
 } // namespace
 
 Context::Context(const Options& chosen, Streams& lent)
-    : options(chosen), streams(lent), style(coloursWanted(chosen.colour, lent.outIsTerminal)) {
-    applyLanguage(services, options.language.empty() ? languageInUse() : options.language);
-}
+    : options(chosen), streams(lent), style(coloursWanted(chosen.colour, lent.outIsTerminal)) {}
 
 std::string Context::nameOf(almanac::Prayer prayer) const {
     const std::int32_t id = almanac::identityOf(prayer).id;
@@ -56,8 +44,8 @@ std::string Context::nameOf(almanac::Prayer prayer) const {
     if (auto name = services.GetTextPrayLabels(id)) {
         return cleanText(*name);
     }
-    throw CliError(Exit::dataTrouble, fmt::format("no language file in {}", services.appBundlePath),
-                   "name the folder that holds the catalogue and the language files with --bundle DIR");
+    throw CliError(Exit::dataTrouble, tr("no language file in {}", services.appBundlePath),
+                   tr("name the folder that holds the catalogue and the language files with --bundle DIR"));
 }
 
 almanac::Instant Context::now() const {
@@ -86,7 +74,8 @@ std::string Context::argument() const {
 }
 
 void Context::note(std::string_view text) const {
-    streams.err << "note: " << cleanText(text) << '\n';
+    // translators: stands before a remark that is no error
+    streams.err << tr("note: {}", cleanText(text)) << '\n';
 }
 
 } // namespace zorel::cli

@@ -11,8 +11,8 @@ almanac::Date requireDate(std::string_view text, almanac::Date today, std::strin
     if (const auto date = almanac::parseDate(text, today)) {
         return *date;
     }
-    throw CliError(Exit::badUse, fmt::format("{}: {} is not a date", option, quote(text)),
-                   "write it as 2026-11-21 (years 1583 to 9998), or today, tomorrow, yesterday, +3, -3");
+    throw CliError(Exit::badUse, tr("{0}: {1} is not a date", option, quote(text)),
+                   tr("write it as 2026-11-21 (years 1583 to 9998), or today, tomorrow, yesterday, +3, -3"));
 }
 
 almanac::Instant instantOf(const almanac::Moment& moment, const almanac::PlaceClock& clock,

@@ -1,21 +1,33 @@
 // SPDX-License-Identifier: Apache-2.0
 #include "grammar/Examples.h"
 
+#include "words/Tr.h"
+
+#include <fmt/format.h>
+
 #include <map>
 
 namespace zorel::cli {
 
 namespace {
-const std::map<std::string, std::vector<std::string>>& examples() {
-    static const std::map<std::string, std::vector<std::string>> table{
+struct Example {
+    Example(const char* typed, const char* why = nullptr) : line(typed), comment(why) {}
+    const char* line;
+    const char* comment; ///< nothing where the line tells it
+};
+
+const std::map<std::string, std::vector<Example>>& examples() {
+    static const std::map<std::string, std::vector<Example>> table{
         {"",
-         {"zorel today Ankara  # a place of the catalogue by its name", "zorel today  # the home city",
-          "zorel today 69.65,18.96,Europe/Oslo  # any point of the Earth",
-          "zorel widget --follow  # one line of JSON at each change, for a status bar"}},
+         {{"zorel today Ankara", trLater("a place of the catalogue by its name")},
+          {"zorel today", trLater("the home city")},
+          {"zorel today 69.65,18.96,Europe/Oslo", trLater("any point of the Earth")},
+          {"zorel widget --follow", trLater("one line of JSON at each change, for a status bar")}}},
         {"today",
-         {"zorel today Istanbul", "zorel today \"Paris, Texas\" --json",
+         {"zorel today Istanbul",
+          "zorel today \"Paris, Texas\" --json",
           "zorel today 745044 --date 2026-12-21 --ezani",
-          "zorel today Oslo --explain  # why is this minute different?"}},
+          {"zorel today Oslo --explain", trLater("why is this minute different?")}}},
         {"tomorrow", {"zorel tomorrow Konya --short"}},
         {"next",
          {"zorel next", "zorel next Cairo --format \"{name} {time} ({clock})\"",
@@ -24,8 +36,8 @@ const std::map<std::string, std::vector<std::string>>& examples() {
          {"zorel table Berlin --from 2027-01-01 --to 2027-12-31 --ics > berlin.ics",
           "zorel table Medina --from today --to +6",
           "zorel table Ankara --ics --reminder 15 --name \"Prayer times\" > ankara.ics",
-          "zorel table --all --on 2027-01-01 --csv > day.csv  # every place",
-          "zorel table --all --from-id 745044 --count 1000 --csv  # a part of it"}},
+          {"zorel table --all --on 2027-01-01 --csv > day.csv", trLater("every place")},
+          {"zorel table --all --from-id 745044 --count 1000 --csv", trLater("a part of it")}}},
         {"chart",
          {"zorel chart Istanbul", "zorel chart Oslo --svg > oslo-year.svg",
           "zorel chart Istanbul --with Oslo --year 2027"}},
@@ -47,10 +59,10 @@ const std::map<std::string, std::vector<std::string>>& examples() {
         {"alarms", {"zorel alarms", "zorel alarms on fajr", "zorel alarms offset fajr -15"}},
         {"alarms on", {"zorel alarms on fajr", "zorel alarms on all"}},
         {"alarms off", {"zorel alarms off fajr", "zorel alarms off all"}},
-        {"alarms offset", {"zorel alarms offset fajr -15  # a quarter of an hour before dawn"}},
+        {"alarms offset", {{"zorel alarms offset fajr -15", trLater("a quarter of an hour before dawn")}}},
         {"alarms ringtone", {"zorel alarms ringtone maghrib Evening Flute"}},
         {"alarms duration",
-         {"zorel alarms duration maghrib 30  # half a minute", "zorel alarms duration fajr 2m"}},
+         {{"zorel alarms duration maghrib 30", trLater("half a minute")}, "zorel alarms duration fajr 2m"}},
         {"alarms skip", {"zorel alarms skip fajr", "zorel alarms skip fajr --undo"}},
         {"alarms pause", {"zorel alarms pause --until 2026-12-01", "zorel alarms pause --off"}},
         {"alarms check", {"zorel alarms check", "zorel alarms check --heal"}},
@@ -71,7 +83,13 @@ const std::map<std::string, std::vector<std::string>>& examples() {
 
 std::vector<std::string> examplesOf(const std::string& command) {
     const auto found = examples().find(command);
-    return found == examples().end() ? std::vector<std::string>() : found->second;
+    std::vector<std::string> lines;
+    for (const Example& example : found == examples().end() ? std::vector<Example>() : found->second) {
+        lines.push_back(example.comment == nullptr
+                            ? example.line
+                            : fmt::format("{}  # {}", example.line, tr(example.comment)));
+    }
+    return lines;
 }
 
 } // namespace zorel::cli

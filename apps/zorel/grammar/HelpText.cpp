@@ -44,6 +44,12 @@ std::string arguments(const CommandHelp& command) {
 }
 } // namespace
 
+std::string asSentence(const std::string& text) {
+    // translators: what ends a sentence
+    const std::string stop = trIn("end of a sentence", ".");
+    return text.ends_with(stop) ? text : text + stop;
+}
+
 std::string synopsis(const CommandHelp& command) {
     std::string text = command.name.empty() ? "zorel" : "zorel " + command.name;
     for (const OptionHelp& positional : command.positionals) {
@@ -84,14 +90,14 @@ std::string helpText(const std::vector<CommandHelp>& commands, const std::string
     for (const std::string& example : command.examples) {
         examples += fmt::format("  {}\n", example);
     }
-    const std::string dot = command.description.ends_with('.') ? "" : ".";
-    return fmt::format("{}{}\n\nUsage: {}\n", command.description, dot, synopsis(command)) +
-           arguments(command) + section("Commands", below) +
-           section(name.empty() ? "Options of every command (anywhere on the line)" : "Options",
+    return asSentence(command.description) + "\n\n" + tr("Usage: {}", synopsis(command)) + '\n' +
+           arguments(command) + section(tr("Commands"), below) +
+           section(name.empty() ? tr("Options of every command (anywhere on the line)") : tr("Options"),
                    optionItems(command)) +
-           section("Examples", examples) +
-           (name.empty() ? "\nzorel COMMAND --help shows the options of a command; man zorel has it all.\n"
-                         : "\nOptions of every command, such as --lang and --now: zorel --help\n");
+           section(tr("Examples"), examples) + '\n' +
+           (name.empty() ? tr("zorel COMMAND --help shows the options of a command; man zorel has it all.")
+                         : tr("Options of every command, such as --lang and --now: zorel --help")) +
+           '\n';
 }
 
 } // namespace zorel::cli

@@ -10,6 +10,8 @@
 
 namespace zorel::cli {
 
+/// A description with its full stop, which the text of the program itself has already.
+[[nodiscard]] std::string asSentence(const std::string& text);
 /// "zorel today [PLACE] [OPTIONS]".
 [[nodiscard]] std::string synopsis(const CommandHelp& command);
 /// "-h, --help", "--date DATE".

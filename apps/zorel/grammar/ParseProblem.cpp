@@ -71,19 +71,21 @@ std::string optionMeant(const CLI::App& app, const std::string& word) {
 }
 
 std::string helpHint(const std::string& command) {
-    return command.empty() ? "zorel --help shows the commands, with examples"
-                           : fmt::format("zorel {} --help shows its options, with examples", command);
+    return command.empty() ? tr("zorel --help shows the commands, with examples")
+                           : tr("zorel {} --help shows its options, with examples", command);
 }
 
 ParseProblem unknownCommand(const CLI::App& app, const std::string& before, const std::string& word) {
     const std::string prefix = before.empty() ? before : before + ' ';
     const std::string nearest = spelledLike(commandNames(app), word, kMostTypos);
     if (!nearest.empty()) {
-        return {"no command " + quote(prefix + word),
-                fmt::format("did you mean: zorel {}{}", prefix, nearest)};
+        return {tr("no command {}", quote(prefix + word)),
+                tr("did you mean: {}", "zorel " + prefix + nearest)};
     }
-    const std::string times = before.empty() ? "; for the times of a place: zorel today PLACE" : "";
-    return {"no command " + quote(prefix + word), helpHint(before) + times};
+    return {tr("no command {}", quote(prefix + word)),
+            before.empty() ? tr("zorel --help shows the commands, with examples; for the times of a place: "
+                                "zorel today PLACE")
+                           : helpHint(before)};
 }
 
 /// The commands that have an option of exactly this name.
@@ -101,20 +103,21 @@ std::vector<std::string> commandsWith(const std::string& option) {
 }
 
 ParseProblem unknownOption(const CLI::App& app, const std::string& command, const std::string& word) {
-    const std::string what = "no option " + quote(word);
     const std::string name = word.substr(0, word.find('='));
     const std::vector<std::string> having = commandsWith(name);
     if (std::ranges::find(having, command) != having.end()) {
-        return {what + " before the command", fmt::format("it stands behind {}", quote(command))};
+        return {tr("no option {} before the command", quote(word)),
+                tr("it stands behind {}", quote(command))};
     }
     if (!having.empty()) {
-        return {command.empty() ? what : fmt::format("{} has {}", command, what),
-                fmt::format("{} belongs to: {}", name, fmt::join(having, ", "))};
+        return {command.empty() ? tr("no option {}", quote(word))
+                                : tr("{0} has no option {1}", command, quote(word)),
+                tr("{0} belongs to: {1}", name, fmt::format("{}", fmt::join(having, ", ")))};
     }
     if (const std::string meant = optionMeant(app, word); !meant.empty()) {
-        return {what, fmt::format("did you mean: {}", meant)};
+        return {tr("no option {}", quote(word)), tr("did you mean: {}", meant)};
     }
-    return {what, helpHint(command)};
+    return {tr("no option {}", quote(word)), helpHint(command)};
 }
 
 /// Whether a command waits for words and has none.
@@ -132,25 +135,34 @@ ParseProblem unknownWord(const CLI::App& app, const std::string& command, const 
         return unknownCommand(app, command, word);
     }
     if (takesWords(app)) {
-        return {quote(word) + " stands before the command", fmt::format("write: zorel {} {}", command, word)};
+        return {tr("{} stands before the command", quote(word)),
+                tr("write: {}", "zorel " + command + ' ' + word)};
     }
-    return {quote(word) + " is one word too many", helpHint(command)};
+    return {tr("{} is one word too many", quote(word)), helpHint(command)};
+}
+
+/// The two names that CLI11 puts before and behind a word.
+std::pair<std::string, std::string> aroundOf(const std::string& said, std::string_view word) {
+    const std::size_t at = said.find(word);
+    return at == std::string::npos ? std::pair(said, std::string())
+                                   : std::pair(said.substr(0, at), said.substr(at + word.size()));
 }
 
 ParseProblem missing(const std::string& command, std::string name) {
     if (command.empty()) {
-        return {"a command is missing", helpHint(command)};
+        return {tr("a command is missing"), helpHint(command)};
     }
     name = name.substr(0, name.find(' '));
     const std::string example = examplesOf(command).front();
-    return {name + " is missing", "for example: " + example.substr(0, example.find("  # "))};
+    return {tr("{} is missing", name), tr("for example: {}", example.substr(0, example.find("  # ")))};
 }
 
 /// An option with too few or too many values; what CLI11 says begins with its name.
 ParseProblem wrongCount(const std::string& command, const std::string& said) {
     const std::string name = said.substr(0, said.find(':'));
     const bool twice = said.find("received") != std::string::npos;
-    return {name + (twice ? " is given more than once" : ": its value is missing"), helpHint(command)};
+    return {twice ? tr("{} is given more than once", name) : tr("{}: its value is missing", name),
+            helpHint(command)};
 }
 } // namespace
 
@@ -174,6 +186,14 @@ ParseProblem problemOf(const CLI::App& program, const CLI::ParseError& error) {
     }
     if (dynamic_cast<const CLI::ArgumentMismatch*>(&error) != nullptr) {
         return wrongCount(command, error.what());
+    }
+    if (dynamic_cast<const CLI::ExcludesError*>(&error) != nullptr) {
+        const auto [first, second] = aroundOf(error.what(), " excludes ");
+        return {tr("{0} and {1} do not go together", first, second), helpHint(command)};
+    }
+    if (dynamic_cast<const CLI::RequiresError*>(&error) != nullptr) {
+        const auto [first, second] = aroundOf(error.what(), " requires ");
+        return {tr("{0} needs {1}", first, second), helpHint(command)};
     }
     return {error.what(), helpHint(command)};
 }

@@ -68,26 +68,27 @@ bool looksLikeCoordinates(std::string_view text) {
     return text.find(',') != std::string_view::npos && text.find_first_of("+-.0123456789") == 0;
 }
 
-double requireDegrees(std::string_view text, char plus, char minus, double largest, std::string_view what) {
+double requireDegrees(std::string_view text, char plus, char minus, double largest) {
     const auto value = degrees(text, plus, minus);
     if (value && std::abs(*value) <= largest) {
         return *value;
     }
     throw CliError(Exit::badUse,
-                   fmt::format("{} {} is not a number of degrees from -{:.0f} to {:.0f}", what, quote(text),
-                               largest, largest),
-                   "write a point as 41.01,28.97 or 41.01,28.97,Europe/Istanbul");
+                   largest > 90.0
+                       ? tr("longitude {} is not a number of degrees from -180 to 180", quote(text))
+                       : tr("latitude {} is not a number of degrees from -90 to 90", quote(text)),
+                   tr("write a point as 41.01,28.97 or 41.01,28.97,Europe/Istanbul"));
 }
 
 PlaceQuery coordinates(std::string_view text) {
     const auto parts = split(text, ",");
     if (parts.size() > 3) {
-        throw CliError(Exit::badUse, fmt::format("{} has too many commas for a point", quote(text)),
-                       "write a point as LAT,LON or LAT,LON,ZONE with decimal points");
+        throw CliError(Exit::badUse, tr("{} has too many commas for a point", quote(text)),
+                       tr("write a point as LAT,LON or LAT,LON,ZONE with decimal points"));
     }
     PlaceByCoordinates point;
-    point.latitude = requireDegrees(parts[0], 'N', 'S', 90.0, "latitude");
-    point.longitude = requireDegrees(parts[1], 'E', 'W', 180.0, "longitude");
+    point.latitude = requireDegrees(parts[0], 'N', 'S', 90.0);
+    point.longitude = requireDegrees(parts[1], 'E', 'W', 180.0);
     if (parts.size() < 3 || parts[2].empty()) {
         return point;
     }
@@ -106,11 +107,12 @@ bool isOnlyFigures(std::string_view text) {
 
 PlaceQuery byName(std::string_view text) {
     if (isOnlyFigures(text)) {
-        throw CliError(Exit::badUse, fmt::format("{} is neither a name nor a point", quote(text)),
-                       "write a point as 41.01,28.97 or 41.01,28.97,Europe/Istanbul");
+        throw CliError(Exit::badUse, tr("{} is neither a name nor a point", quote(text)),
+                       tr("write a point as 41.01,28.97 or 41.01,28.97,Europe/Istanbul"));
     }
     if (text.find_first_not_of(" \t,/") == std::string_view::npos) {
-        throw CliError(Exit::badUse, "the place is empty", "give a name, a catalogue id, or LAT,LON[,ZONE]");
+        throw CliError(Exit::badUse, tr("the place is empty"),
+                       tr("give a name, a catalogue id, or LAT,LON[,ZONE]"));
     }
     return PlaceByName{std::string(text)};
 }
@@ -159,14 +161,13 @@ std::optional<std::chrono::seconds> parseOffset(std::string_view text) {
 PlaceQuery parsePlaceQuery(std::string_view text) {
     const std::string_view place = trimmed(text);
     if (place.size() > kLongestPlace) {
-        throw CliError(Exit::badUse, fmt::format("the place {} is too long", quote(place)),
-                       "at most 200 bytes");
+        throw CliError(Exit::badUse, tr("the place {} is too long", quote(place)), tr("at most 200 bytes"));
     }
     if (allDigits(place)) {
         std::int32_t id = 0;
         if (std::from_chars(place.data(), place.data() + place.size(), id).ec != std::errc()) {
-            throw CliError(Exit::badUse, fmt::format("{} is too large for a catalogue id", quote(place)),
-                           "find the id with: zorel search NAME");
+            throw CliError(Exit::badUse, tr("{} is too large for a catalogue id", quote(place)),
+                           tr("find the id with: zorel search NAME"));
         }
         return PlaceById{id};
     }

@@ -100,8 +100,9 @@ CliError wrongPattern(const std::string& what) {
     for (const Field& field : kFields) {
         names.push_back(field.name);
     }
-    return {Exit::badUse, "--format: " + what,
-            fmt::format("fields: {{{}}}; a brace itself is written twice", fmt::join(names, "} {"))};
+    return {
+        Exit::badUse, "--format: " + what,
+        tr("fields: {}; a brace itself is written twice", fmt::format("{{{}}}", fmt::join(names, "} {")))};
 }
 } // namespace
 
@@ -114,7 +115,7 @@ NextPattern::NextPattern(std::string_view text) {
         } else if (character == '{') {
             at = addField(text, at);
         } else if (character == '}') {
-            throw wrongPattern("a \"}\" has no \"{\" before it");
+            throw wrongPattern(tr("a \"}\" has no \"{\" before it"));
         } else {
             addText(character);
         }
@@ -125,11 +126,11 @@ NextPattern::NextPattern(std::string_view text) {
 std::size_t NextPattern::addField(std::string_view text, std::size_t at) {
     const std::size_t end = text.find('}', at);
     if (end == std::string_view::npos) {
-        throw wrongPattern("a \"{\" has no \"}\" behind it");
+        throw wrongPattern(tr("a \"{\" has no \"}\" behind it"));
     }
     const std::string name(text.substr(at + 1, end - at - 1));
     if (fieldOf(name) == nullptr) {
-        throw wrongPattern("there is no field " + quote(name));
+        throw wrongPattern(tr("there is no field {}", quote(name)));
     }
     parts_.push_back({name, true});
     return end;

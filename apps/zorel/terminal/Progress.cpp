@@ -1,6 +1,8 @@
 // SPDX-License-Identifier: Apache-2.0
 #include "terminal/Progress.h"
 
+#include "words/Tr.h"
+
 #include <fmt/format.h>
 
 #include <algorithm>
@@ -20,8 +22,8 @@ std::string bar(double part) {
 }
 } // namespace
 
-Progress::Progress(std::ostream& err, bool terminal, std::int64_t total, std::string what)
-    : err_(err), terminal_(terminal), total_(std::max<std::int64_t>(total, 1)), what_(std::move(what)),
+Progress::Progress(std::ostream& err, bool terminal, std::int64_t total, Unit unit)
+    : err_(err), terminal_(terminal), total_(std::max<std::int64_t>(total, 1)), unit_(unit),
       start_(Clock::now()), nextLine_(start_ + (terminal ? kFirstOnTerminal : kStepElsewhere)) {}
 
 void Progress::update(std::int64_t done, const std::string& detail) {
@@ -34,9 +36,18 @@ void Progress::update(std::int64_t done, const std::string& detail) {
     const double part = static_cast<double>(done) / static_cast<double>(total_);
     const double seconds = std::chrono::duration<double>(time - start_).count();
     const std::string line =
-        fmt::format("{} {} of {} {}, {:.0f} per second{}{}", bar(part), done, total_, what_,
-                    static_cast<double>(done) / seconds, detail.empty() ? "" : ", ", detail);
+        fmt::format("{} {}{}{}", bar(part), steps(done, static_cast<double>(done) / seconds),
+                    detail.empty() ? "" : ", ", detail);
     err_ << (terminal_ ? "\r\x1b[K" : "") << line << (terminal_ ? "" : "\n") << std::flush;
+}
+
+std::string Progress::steps(std::int64_t done, double perSecond) const {
+    const auto total = static_cast<unsigned long long>(total_);
+    // translators: {0} is how many there are, {1} how many are done
+    return unit_ == Unit::days ? trPlural("{1} of {0} day, {2:.0f} per second",
+                                          "{1} of {0} days, {2:.0f} per second", total, done, perSecond)
+                               : trPlural("{1} of {0} place, {2:.0f} per second",
+                                          "{1} of {0} places, {2:.0f} per second", total, done, perSecond);
 }
 
 void Progress::finish() {

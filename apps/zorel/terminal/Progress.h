@@ -14,8 +14,9 @@ namespace zorel::cli {
 /// seconds. Work that is done sooner shows nothing.
 class Progress {
 public:
-    /// @param total steps of the whole work. @param what their name ("places").
-    Progress(std::ostream& err, bool terminal, std::int64_t total, std::string what);
+    enum class Unit { days, places };
+    /// @param total units of the whole work.
+    Progress(std::ostream& err, bool terminal, std::int64_t total, Unit unit);
 
     /// @param detail said at the end of the line ("last id 745044").
     void update(std::int64_t done, const std::string& detail = {});
@@ -25,10 +26,13 @@ public:
 private:
     using Clock = std::chrono::steady_clock;
 
+    /// "30 of 365 days, 100 per second".
+    [[nodiscard]] std::string steps(std::int64_t done, double perSecond) const;
+
     std::ostream& err_;
     bool terminal_;
     std::int64_t total_;
-    std::string what_;
+    Unit unit_;
     Clock::time_point start_;
     Clock::time_point nextLine_;
     bool shown_ = false;

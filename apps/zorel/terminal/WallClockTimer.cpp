@@ -15,7 +15,7 @@ namespace zorel::cli {
 
 WallClockTimer::WallClockTimer() : descriptor_(timerfd_create(CLOCK_REALTIME, TFD_CLOEXEC)) {
     if (descriptor_ < 0) {
-        throw CliError(Exit::dataTrouble, "the system gives no timer", "try again without --follow");
+        throw CliError(Exit::dataTrouble, tr("the system gives no timer"), tr("try again without --follow"));
     }
 }
 

@@ -150,7 +150,7 @@ FocusScope {
                 text = letters < 3 ? screen.host.words.threeLetters
                      : found === 0 && screen.host.firstPage ? screen.host.firstPage.emptySearchText(screen.search.text)
                      : found === 0 ? screen.host.words.nothingFound : ""
-                screen.host.announce(text !== "" ? text : found === 1 ? screen.host.words.oneResult : screen.host.words.resultCount.arg(found))
+                screen.host.announce(text !== "" ? text : screen.host.placesFound(found))
             }
             anchors { top: searchField.bottom; topMargin: 24; left: parent.left; right: parent.right; margins: screen.theme.margin }
             visible: list.item !== null && list.item.count === 0 && (letters > 0 && letters < 3 || searched)

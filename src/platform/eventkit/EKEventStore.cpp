@@ -4,6 +4,7 @@
 #include "platform/eventkit/FolderCalendar.h"
 #include "platform/foundation/Locations.h"
 #include "platform/foundation/RandomText.h"
+#include "words/Tr.h"
 
 #include <algorithm>
 #include <exception>
@@ -87,7 +88,7 @@ bool EKEventStore::saveEvent(EKEvent& event, EKSpan /*span*/, std::string* error
     return guarded(
         [&](std::string& reason) {
             if (!event.calendar) {
-                reason = "the event has no calendar";
+                reason = tr("the event has no calendar");
                 return false;
             }
             EKEvent candidate = event;

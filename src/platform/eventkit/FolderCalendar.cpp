@@ -8,6 +8,7 @@
 #include "platform/foundation/FileLock.h"
 #include "platform/foundation/Files.h"
 #include "platform/foundation/Locations.h"
+#include "words/Tr.h"
 
 #include <algorithm>
 #include <filesystem>
@@ -50,17 +51,20 @@ bool isNoEvent(std::error_code error) {
 /// Whether the folder may be changed; `error`: out, why not.
 bool held(const FileLock& lock, std::string& error) {
     if (lock.state() == LockState::busy) {
-        error = "another program is working on the calendar";
+        error = tr("another program is working on the calendar");
     } else if (lock.state() == LockState::cannotLock) {
-        error = "cannot lock the calendar: " + lock.error().message();
+        error = tr("cannot lock the calendar: {}", lock.error().message());
     }
     return lock.state() == LockState::acquired;
 }
 
+enum class Doing { writing, removing };
+
 /// Whether a change to a file was done; `error`: out, what was not done and why.
-bool done(std::error_code result, std::string_view what, const std::string& path, std::string& error) {
+bool done(std::error_code result, Doing what, const std::string& path, std::string& error) {
     if (result) {
-        error = std::string(what) + " " + path + ": " + result.message();
+        error = what == Doing::writing ? tr("cannot write {0}: {1}", path, result.message())
+                                       : tr("cannot remove {0}: {1}", path, result.message());
     }
     return !result;
 }
@@ -96,7 +100,7 @@ std::vector<std::string> FolderCalendar::fileNames() const {
         }
     }
     if (error && !isMissing(error)) {
-        throw std::runtime_error("cannot read the folder " + folder_ + ": " + error.message());
+        throw std::runtime_error(tr("cannot read the folder {0}: {1}", folder_, error.message()));
     }
     std::ranges::sort(names);
     return names;
@@ -106,7 +110,7 @@ std::optional<std::string> FolderCalendar::textOf(const std::string& name, std::
     std::error_code error;
     auto text = readSmallFile(pathOf(name), kFileLimit, error);
     if (!text && name.starts_with(ours) && !isNoEvent(error)) {
-        throw std::runtime_error("cannot read " + pathOf(name) + ": " + error.message());
+        throw std::runtime_error(tr("cannot read {0}: {1}", pathOf(name), error.message()));
     }
     return text;
 }
@@ -153,7 +157,7 @@ bool FolderCalendar::makeFolder(std::string& error) const {
         return true;
     }
     if (!createDirectoryAtPath(folder_)) {
-        error = "cannot make the folder " + folder_;
+        error = tr("cannot make the folder {}", folder_);
         return false;
     }
     // A folder without a name or colour still works, so that a failure here does no harm.
@@ -176,22 +180,22 @@ bool FolderCalendar::saveEvent(const EKEvent& event, std::string& error) {
         return true;
     }
     if (!present && !isPlain(wanted.eventIdentifier)) {
-        error = "the identifier cannot be a file name: " + wanted.eventIdentifier;
+        error = tr("the identifier cannot be a file name: {}", wanted.eventIdentifier);
         return false;
     }
     const auto text = icsFromEvent(wanted, present ? present->file.text : std::string(), now());
     if (!text) {
-        error = "the event cannot be written as iCalendar text";
+        error = tr("the event cannot be written as iCalendar text");
         return false;
     }
     const std::string path = pathOf(present ? present->file.name : fileName(wanted.eventIdentifier));
-    return done(replaceFile(path, *text), "cannot write", path, error);
+    return done(replaceFile(path, *text), Doing::writing, path, error);
 }
 
 bool FolderCalendar::removeEvent(const std::string& identifier, std::string& error) {
     std::error_code ignored;
     if (!std::filesystem::is_directory(folder_, ignored)) {
-        error = "there is no folder " + folder_;
+        error = tr("there is no folder {}", folder_);
         return false;
     }
     const FileLock lock(pathOf(kLockName));
@@ -200,15 +204,15 @@ bool FolderCalendar::removeEvent(const std::string& identifier, std::string& err
     }
     const auto present = fileOf(identifier);
     if (!present) {
-        error = "there is no event " + identifier;
+        error = tr("there is no event {}", identifier);
         return false;
     }
     const std::string path = pathOf(present->name);
-    return done(removeFile(path), "cannot remove", path, error);
+    return done(removeFile(path), Doing::removing, path, error);
 }
 
 bool FolderCalendar::publish(std::string& error) {
-    return isPublished() || done(writeOneFile(folder_), "cannot write", oneFileOf(folder_), error);
+    return isPublished() || done(writeOneFile(folder_), Doing::writing, oneFileOf(folder_), error);
 }
 
 bool FolderCalendar::isPublished() {
