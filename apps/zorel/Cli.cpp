@@ -20,6 +20,7 @@
 
 #include <fmt/format.h>
 
+#include <functional>
 #include <map>
 #include <memory>
 #include <optional>
@@ -172,16 +173,10 @@ bool isForPeople(const Options& options) {
            command != "sheet" && command != "widget" && command != "completion" && command != "manual";
 }
 
-int answer(const ParseResult& parsed, const Options& options, Streams& streams) {
+/// Does what a line asks for, and says what went wrong.
+int carriedOut(Streams& streams, const std::function<Exit()>& line) {
     try {
-        if (!words.empty() && words.front() == "complete") {
-            return static_cast<int>(completeLine(words, streams));
-        }
-        if (parsed.code != Exit::ok) {
-            return failed(streams, parsed.code, parsed.text, parsed.hint);
-        }
-        streams.out << parsed.text;
-        const Exit code = parsed.run ? runCommand(options, streams) : Exit::ok;
+        const Exit code = line();
         streams.out.flush();
         if (!streams.out.good()) {
             return failed(streams, Exit::dataTrouble, tr("the output could not be written"),
@@ -194,12 +189,25 @@ int answer(const ParseResult& parsed, const Options& options, Streams& streams) 
         return failed(streams, Exit::dataTrouble, error.what(), {});
     }
 }
+
+int answer(const ParseResult& parsed, const Options& options, Streams& streams) {
+    if (parsed.code != Exit::ok) {
+        return failed(streams, parsed.code, parsed.text, parsed.hint);
+    }
+    return carriedOut(streams, [&] {
+        streams.out << parsed.text;
+        return parsed.run ? runCommand(options, streams) : Exit::ok;
+    });
+}
 } // namespace
 
 int runZorel(std::span<const std::string> words, Streams& streams) {
     // Before anything else: help and errors are said in the language too.
     const std::string language = languageOnLine(words);
     language.empty() ? useLanguageOfEnvironment() : useLanguages({language});
+    if (!words.empty() && words.front() == "complete") {
+        return carriedOut(streams, [&] { return completeLine(words, streams); });
+    }
     Options options;
     const ParseResult parsed = parseArguments(words, options);
     const Writing writing{isRightToLeft(languageInUse()), U'0'};

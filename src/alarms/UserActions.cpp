@@ -232,7 +232,7 @@ ActionResult UserActions::switchAllOn(const std::function<void(AlarmInfo&)>& cho
         plan.movesAlarms = true;
         if (rows.cities.empty()) {
             plan.state = ActionState::noHome;
-            plan.reason = "there is no home city whose times an alarm could follow";
+            plan.reason = tr("there is no home city whose times an alarm could follow");
         }
         for (const AlarmRow& row : rows.alarms) {
             if (row.active) {
@@ -242,7 +242,7 @@ ActionResult UserActions::switchAllOn(const std::function<void(AlarmInfo&)>& cho
             choose(chosen);
             if (plan.state == ActionState::done && !isStorableRingtone(chosen.melodyName)) {
                 plan.state = ActionState::badName;
-                plan.reason = "a ringtone's name must not hold an apostrophe";
+                plan.reason = tr("a ringtone's name must not hold an apostrophe");
             }
             plan.statements.push_back(
                 statements::defineAlarm(row.timeId, chosen, row.prayerTime.value_or(0.0)));
@@ -293,10 +293,10 @@ ActionResult UserActions::changeStored(std::int32_t prayerId, const std::string&
 void UserActions::requireOn(const UserRows& rows, std::int32_t prayerId, Plan& plan) {
     if (rows.cities.empty()) {
         plan.state = ActionState::noHome;
-        plan.reason = "there is no home city whose times an alarm could follow";
+        plan.reason = tr("there is no home city whose times an alarm could follow");
     } else if (!rowOf(rows, prayerId).active) {
         plan.state = ActionState::alarmIsOff;
-        plan.reason = "an alarm that is off keeps no changes";
+        plan.reason = tr("an alarm that is off keeps no changes");
     }
 }
 
@@ -317,7 +317,7 @@ void UserActions::planSkip(const UserRows& rows, std::int32_t prayerId, Plan& pl
                           .next;
     if (!next) {
         plan.state = ActionState::noNextTime;
-        plan.reason = "its prayer has no time within the next two days";
+        plan.reason = tr("its prayer has no time within the next two days");
         return;
     }
     if (const auto until = instantOf(row.silentUntil); until && *next < *until) {
@@ -355,7 +355,7 @@ ActionResult UserActions::pauseUntil(std::optional<almanac::Instant> until) {
         plan.movesAlarms = true;
         if (rows.cities.empty()) {
             plan.state = ActionState::noHome;
-            plan.reason = "there is no home city whose times an alarm could follow";
+            plan.reason = tr("there is no home city whose times an alarm could follow");
         }
         plan.statements =
             statements::setSilence(statements::kPauseSetting,

@@ -109,7 +109,7 @@ QString TodayTexts::phase(const almanac::MoonPhase& phase, almanac::Date today) 
     if (days <= 0) {
         return words_("phaseToday").arg(name);
     }
-    return words_("phaseIn").arg(name, words_.days(days));
+    return words_("phaseIn").arg(name, words_.days(static_cast<int>(days)));
 }
 
 QString TodayTexts::rule(const Explanation& why) const {

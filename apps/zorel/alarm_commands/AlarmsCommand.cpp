@@ -11,6 +11,7 @@
 #include "almanac/PlaceClock.h"
 #include "almanac/Scanner.h"
 #include "platform/foundation/Locale.h"
+#include "words/Tr.h"
 
 #include <fmt/format.h>
 
@@ -53,9 +54,8 @@ int wantedDuration(const Context& context) {
     const auto wanted = parseDuration(context.options.value, std::chrono::seconds(1));
     const auto* found = wanted ? std::ranges::find(kRingDurations, *wanted) : kRingDurations.end();
     if (found == kRingDurations.end()) {
-        throw CliError(Exit::badUse,
-                       fmt::format("{} is no duration of an alarm", quote(context.options.value)),
-                       "it can ring for 5, 10, 20, 30 seconds or 1m, 2m, 3m, 5m");
+        throw CliError(Exit::badUse, tr("{} is no duration of an alarm", quote(context.options.value)),
+                       tr("it can ring for 5, 10, 20, 30 seconds or 1m, 2m, 3m, 5m"));
     }
     return static_cast<int>(found - kRingDurations.begin());
 }
@@ -94,7 +94,7 @@ void requireChanged(const Context& context, const ActionResult& result) {
                        "zorel cities add NAME");
     }
     if (context.options.prayer == kAll) {
-        requireDone(result, "the change of the alarms");
+        requireDone(result, tr("the change of the alarms"));
     }
     if (result.state == ActionState::alarmIsOff) {
         throw CliError(Exit::noResult,
@@ -219,8 +219,8 @@ Exit runAlarmsSkip(const Context& context) {
 Exit runAlarmsPause(const Context& context) {
     const bool ends = context.options.off;
     if (!ends && context.options.until.empty()) {
-        throw CliError(Exit::badUse, "until when shall the alarms be silent?",
-                       "zorel alarms pause --until DATE; they ring again on that day");
+        throw CliError(Exit::badUse, tr("until when shall the alarms be silent?"),
+                       tr("zorel alarms pause --until DATE; they ring again on that day"));
     }
     HeadlessPane pane;
     const auto until = ends ? std::nullopt : std::optional(pauseEnd(context, pane.alarms().home));
@@ -232,8 +232,8 @@ Exit runAlarmsPause(const Context& context) {
 Exit runAlarmsClear(const Context& context) {
     HeadlessPane pane;
     const ActionResult result = pane.act([](UserActions& actions) { return actions.clear(); });
-    requireDone(result, "clearing the calendar");
-    context.note("every alarm is off, and none of them is left in the calendar");
+    requireDone(result, tr("clearing the calendar"));
+    context.note(tr("every alarm is off, and none of them is left in the calendar"));
     return listAfterwards(context, pane, *result.alarms);
 }
 

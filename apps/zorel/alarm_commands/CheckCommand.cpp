@@ -15,6 +15,7 @@
 #include "almanac/PlaceClock.h"
 #include "platform/eventkit/EKEventStore.h"
 #include "store/DatabaseFunctions.h"
+#include "words/Tr.h"
 
 #include <fmt/format.h>
 #include <unistd.h>
@@ -67,26 +68,23 @@ Findings lookAround(const Context& context) {
     return findings;
 }
 
-std::string countText(std::ptrdiff_t count, std::string_view one, std::string_view many) {
-    return fmt::format("{} {}", count, count == 1 ? one : many);
-}
-
 Look lookAtDatabase(const Findings& findings) {
-    constexpr const char* name = "database";
+    constexpr const char* name = trLater("database");
     if (findings.hasTrouble({AlarmTrouble::busy, AlarmTrouble::unreadableRows})) {
         return {name, false, findings.report.reason, remedyFor(findings.report)};
     }
     if (findings.cities.rows.empty()) {
-        return {name, true, "no city was added yet"};
+        return {name, true, tr("no city was added yet")};
     }
     return {name, true,
-            fmt::format("{}, {} on",
-                        countText(static_cast<std::ptrdiff_t>(findings.cities.rows.size()), "city", "cities"),
-                        findings.on == 0 ? "no alarm is" : countText(findings.on, "alarm is", "alarms are"))};
+            trIn("cities and alarms", "{0}, {1}",
+                 trPlural("{} city", "{} cities", static_cast<std::ptrdiff_t>(findings.cities.rows.size())),
+                 findings.on == 0 ? tr("no alarm is on")
+                                  : trPlural("{} alarm is on", "{} alarms are on", findings.on))};
 }
 
 Look lookAtCalendar(const Findings& findings) {
-    constexpr const char* name = "calendar";
+    constexpr const char* name = trLater("calendar");
     if (findings.hasTrouble(
             {AlarmTrouble::unreadableCalendar, AlarmTrouble::unpublished, AlarmTrouble::leftovers})) {
         return {name, false, findings.report.reason, remedyFor(findings.report)};
@@ -94,16 +92,16 @@ Look lookAtCalendar(const Findings& findings) {
     const std::string folder = EKEventStore().defaultCalendarForNewEvents().calendarIdentifier;
     std::error_code error;
     if (!std::filesystem::exists(folder, error) && !error) {
-        return {name, true, "no event was placed yet"};
+        return {name, true, tr("no event was placed yet")};
     }
     if (access(folder.c_str(), R_OK | W_OK | X_OK) != 0) {
-        return {name, false, fmt::format("{} cannot be written", folder), storingHint()};
+        return {name, false, tr("{} cannot be written", folder), storingHint()};
     }
     return {name, true, folder};
 }
 
 Look lookAtCatalogue(const Context& context, const Findings& findings) {
-    constexpr const char* name = "catalogue";
+    constexpr const char* name = trLater("catalogue");
     if (findings.report.trouble == AlarmTrouble::unknownHome) {
         return {name, false, findings.report.reason, remedyFor(findings.report)};
     }
@@ -112,31 +110,32 @@ Look lookAtCatalogue(const Context& context, const Findings& findings) {
         const CliError trouble = unreadableCatalogue(context.services);
         return {name, false, trouble.what(), trouble.hint()};
     }
-    return {name, true, "can be read"};
+    return {name, true, tr("can be read")};
 }
 
 Look lookAtZoneData(const Context& context, const Findings& findings) {
-    constexpr const char* name = "zone data";
-    constexpr const char* remedy = "update the system's package tzdata";
+    constexpr const char* name = trLater("zone data");
     const std::string edition = almanac::systemZoneEdition();
     if (!findings.report.home.row) {
-        return {name, true, edition.empty() ? "of an unknown edition" : "edition " + edition};
+        return {name, true, edition.empty() ? tr("of an unknown edition") : tr("edition {}", edition)};
     }
     const ShownPlace home = shownPlace(*findings.report.home.row);
     const almanac::Date today = home.clock().dateAt(context.now());
     const almanac::ClockNotice notice = home.clock().noticeOn(today);
     if (notice == almanac::ClockNotice::none) {
         return {name, true,
-                fmt::format("{}{}", home.clock().zoneName(), edition.empty() ? "" : ", edition " + edition)};
+                edition.empty() ? home.clock().zoneName()
+                                : tr("{0}, edition {1}", home.clock().zoneName(), edition)};
     }
     const bool isRight = notice == almanac::ClockNotice::ruleIsNewer;
-    return {name, isRight, clockNoticeText(home, today), isRight ? "" : remedy};
+    return {name, isRight, clockNoticeText(home, today),
+            isRight ? "" : tr("update the system's package tzdata")};
 }
 
 Look lookAtAlarms(const Context& context, const Findings& findings) {
-    constexpr const char* name = "alarms";
+    constexpr const char* name = trLater("alarms");
     if (findings.cities.result.state == StoreState::missing) {
-        return {name, true, "all are off"};
+        return {name, true, tr("all are off")};
     }
     if (findings.report.trouble == AlarmTrouble::none && !findings.report.isGood()) {
         return {name, false, findings.report.complaint(), remedyFor(findings.report)};
@@ -147,55 +146,54 @@ Look lookAtAlarms(const Context& context, const Findings& findings) {
         next = rings && (next == nullptr || *alarm.ringsAt < *next->ringsAt) ? &alarm : next;
     }
     if (next == nullptr) {
-        return {name, true, findings.on == 0 ? "all are off" : "none rings within the next two days"};
+        return {name, true, findings.on == 0 ? tr("all are off") : tr("none rings within the next two days")};
     }
     const auto at = almanac::PlaceClock::ofMachine().localTime(*next->ringsAt);
     return {name, true,
-            fmt::format("the next is {}, {} {} by this machine's clock", context.nameOf(next->prayer),
-                        almanac::isoDate(at.date),
-                        almanac::clockText(at.timeOfDay, almanac::Precision::minutes))};
+            tr("the next is {0}, {1} {2} by this machine's clock", context.nameOf(next->prayer),
+               almanac::isoDate(at.date), almanac::clockText(at.timeOfDay, almanac::Precision::minutes))};
 }
 
 std::string wakeText(const RingStatus& service) {
     const auto wakes = service.words.find("wakes");
     return wakes != service.words.end() && wakes->second == "yes"
-               ? "wakes a sleeping machine"
-               : "cannot wake a sleeping machine (it lacks the capability CAP_WAKE_ALARM)";
+               ? tr("it wakes a sleeping machine")
+               : tr("it cannot wake a sleeping machine (it lacks the capability CAP_WAKE_ALARM)");
 }
 
 Look lookAtService(const Findings& findings) {
-    constexpr const char* name = "ring service";
+    constexpr const char* name = trLater("ring service");
     const RingStatus& service = findings.service;
     if (findings.isPretended) {
-        return {name, true, "not asked, because the moment is pretended"};
+        return {name, true, tr("not asked, because the moment is pretended")};
     }
     if (!service.runs && isGnomeRinging()) {
-        return {name, true, "does not run; GNOME rings"};
+        return {name, true, tr("does not run; GNOME rings")};
     }
     if (!service.runs) {
-        return findings.on == 0 ? Look{name, true, "does not run; no alarm is on"}
-                                : Look{name, false, "does not run in this session",
-                                       "start it with zorel-ring --start; docs/alarms.md has other ways"};
+        return findings.on == 0 ? Look{name, true, tr("does not run; no alarm is on")}
+                                : Look{name, false, tr("does not run in this session"),
+                                       tr("start it with zorel-ring --start; docs/alarms.md has other ways")};
     }
     if (const auto trouble = service.words.find("trouble"); trouble != service.words.end()) {
-        return {name, false, trouble->second, "zorel alarms refresh says why"};
+        return {name, false, trouble->second, tr("zorel alarms refresh says why")};
     }
-    return {name, true, fmt::format("{}; it {}", whoRings(service), wakeText(service))};
+    return {name, true, whoRings(service) + "; " + wakeText(service)};
 }
 
 Look lookAtTimer(const Findings& findings) {
-    constexpr const char* name = "timer";
+    constexpr const char* name = trLater("timer");
     if (findings.isPretended) {
-        return {name, true, "not asked, because the moment is pretended"};
+        return {name, true, tr("not asked, because the moment is pretended")};
     }
     if (findings.service.runs) {
-        return {name, true, "not needed while the ring service runs"};
+        return {name, true, tr("not needed while the ring service runs")};
     }
     if (runProgram({"systemctl", "--user", "is-enabled", kTimer}).status == 0) {
-        return {name, true, fmt::format("{} moves the alarms every night", kTimer)};
+        return {name, true, tr("{} moves the alarms every night", kTimer)};
     }
-    return findings.on == 0 ? Look{name, true, "not needed; no alarm is on"}
-                            : Look{name, false, "nothing moves the alarms to their next times at night",
+    return findings.on == 0 ? Look{name, true, tr("not needed; no alarm is on")}
+                            : Look{name, false, tr("nothing moves the alarms to their next times at night"),
                                    fmt::format("systemctl --user enable --now {}", kTimer)};
 }
 
@@ -228,7 +226,8 @@ void print(const Context& context, const std::vector<Look>& looks, bool good) {
     }
     TextTable table("lll");
     for (const Look& look : looks) {
-        table.add({look.good ? "good" : "bad", look.name, look.text},
+        table.add({look.good ? trIn("state of a thing", "good") : trIn("state of a thing", "bad"),
+                   tr(look.name), look.text},
                   look.good ? TextTable::Emphasis::none : TextTable::Emphasis::bold);
         if (!look.remedy.empty()) {
             table.add({"", "", "-> " + look.remedy});
@@ -254,9 +253,9 @@ Exit runAlarmsCheck(const Context& context) {
     print(context, looks, bad == 0);
     if (bad > 0) {
         throw CliError(Exit::dataTrouble,
-                       fmt::format("{} not as it must be", countText(bad, "thing is", "things are")),
-                       context.options.heal ? "what is left needs you: the lines with -> say what to do"
-                                            : "zorel alarms check --heal mends what it can");
+                       trPlural("{} thing is not as it must be", "{} things are not as they must be", bad),
+                       context.options.heal ? tr("what is left needs you: the lines with -> say what to do")
+                                            : tr("zorel alarms check --heal mends what it can"));
     }
     return Exit::ok;
 }

@@ -10,6 +10,7 @@
 #include "platform/foundation/NumberText.h"
 #include "platform/foundation/Utf8.h"
 #include "store/CatalogueLookup.h"
+#include "words/Tr.h"
 
 #include <fmt/format.h>
 
@@ -28,14 +29,14 @@ constexpr std::int64_t kLargestOffset = 59;   ///< [min]
 constexpr std::int64_t kLastDuration = 7;
 
 [[noreturn]] void refuse(const std::string& reason) {
-    throw CliError(Exit::dataTrouble, "nothing was imported: " + reason,
-                   "only a file that zorel export wrote can be imported");
+    throw CliError(Exit::dataTrouble, tr("nothing was imported: {}", reason),
+                   tr("only a file that zorel export wrote can be imported"));
 }
 
 const Json& member(const Json& object, const char* name) {
     const auto found = object.find(name);
     if (found == object.end()) {
-        refuse(fmt::format("\"{}\" is missing", name));
+        refuse(tr("\"{}\" is missing", name));
     }
     return *found;
 }
@@ -48,7 +49,7 @@ std::int64_t wholeNumber(const Json& object, const char* name, std::int64_t smal
           value.get<std::uint64_t>() > std::uint64_t{std::numeric_limits<std::int32_t>::max()});
     const std::int64_t number = isWhole ? value.get<std::int64_t>() : 0;
     if (!isWhole || number < smallest || number > largest) {
-        refuse(fmt::format("\"{}\" is no whole number from {} to {}", name, smallest, largest));
+        refuse(tr("\"{0}\" is no whole number from {1} to {2}", name, smallest, largest));
     }
     return number;
 }
@@ -56,11 +57,11 @@ std::int64_t wholeNumber(const Json& object, const char* name, std::int64_t smal
 const Json& list(const Json& object, const char* name, std::size_t most) {
     const Json& value = member(object, name);
     if (!value.is_array() || value.size() > most) {
-        refuse(fmt::format("\"{}\" is no list of at most {}", name, most));
+        refuse(tr("\"{0}\" is no list of at most {1}", name, most));
     }
     for (const Json& item : value) {
         if (!item.is_object()) {
-            refuse(fmt::format("\"{}\" holds something else than objects", name));
+            refuse(tr("\"{}\" holds something else than objects", name));
         }
     }
     return value;
@@ -72,17 +73,17 @@ void requireKind(const Json& document) {
     const bool isText = document.is_object() && schema != document.end() && schema->is_string();
     const std::string kind = isText ? schema->get<std::string>() : "";
     if (!kind.starts_with(kKind)) {
-        refuse("this is no export of cities and alarms");
+        refuse(tr("this is no export of cities and alarms"));
     }
     const std::string version = kind.substr(kKind.size());
     if (integerValue(version) > kVersion) {
         throw CliError(Exit::dataTrouble,
-                       fmt::format("nothing was imported: the file is of version {}, and this zorel reads {}",
-                                   printable(version), kVersion),
-                       "install a newer zorel");
+                       tr("nothing was imported: the file is of version {0}, and this zorel reads {1}",
+                          printable(version), kVersion),
+                       tr("install a newer zorel"));
     }
     if (version != std::to_string(kVersion)) {
-        refuse("it has no version");
+        refuse(tr("it has no version"));
     }
 }
 
@@ -95,12 +96,12 @@ void takeCities(const Json& document, UserRows& rows) {
     for (const Json& city : cities) {
         const std::int64_t id = wholeNumber(city, "id", 1, largest);
         if (!seen.insert(id).second) {
-            refuse(fmt::format("the city {} is in it twice", id));
+            refuse(tr("the city {} is in it twice", id));
         }
         rows.cities.push_back({fmt::format("{}", id), fmt::format("{}", id == home ? 1 : 0)});
     }
     if (hasHome ? !seen.contains(home) : !seen.empty()) {
-        refuse("the home city is not among the cities");
+        refuse(tr("the home city is not among the cities"));
     }
 }
 
@@ -113,7 +114,7 @@ std::string ringtoneOf(const Json& alarm) {
     const bool isPlain = value.is_string() && name.size() <= kLongestRingtone && isStorableRingtone(name) &&
                          cleanText(name) == name && !leadsOut;
     if (!isPlain) {
-        refuse("a ringtone is no name of a file in the ringtone folder");
+        refuse(tr("a ringtone is no name of a file in the ringtone folder"));
     }
     return name;
 }
@@ -122,14 +123,14 @@ void takeAlarm(const Json& alarm, UserRows& rows, std::set<almanac::Prayer>& see
     const Json& name = member(alarm, "name");
     const auto prayer = name.is_string() ? almanac::prayerOfKey(name.get<std::string>()) : std::nullopt;
     if (!prayer || almanac::identityOf(*prayer).row < 0) {
-        refuse("an alarm is of no prayer");
+        refuse(tr("an alarm is of no prayer"));
     }
     if (!seen.insert(*prayer).second) {
-        refuse(fmt::format("the alarm {} is in it twice", almanac::keyOf(*prayer)));
+        refuse(tr("the alarm {} is in it twice", almanac::keyOf(*prayer)));
     }
     const Json& active = member(alarm, "active");
     if (!active.is_boolean()) {
-        refuse("\"active\" is neither true nor false");
+        refuse(tr("\"active\" is neither true nor false"));
     }
     AlarmRow& row =
         rows.alarms.at(static_cast<std::size_t>(almanac::identityOf(*prayer).id - kFirstAlarmPrayerId));
@@ -139,7 +140,7 @@ void takeAlarm(const Json& alarm, UserRows& rows, std::set<almanac::Prayer>& see
     row.melodyTime = static_cast<std::int32_t>(wholeNumber(alarm, "duration", 0, kLastDuration));
     row.melodyName = ringtoneOf(alarm);
     if (row.active && rows.cities.empty()) {
-        refuse("an alarm is on, and there is no city whose times it could follow");
+        refuse(tr("an alarm is on, and there is no city whose times it could follow"));
     }
 }
 
@@ -150,7 +151,7 @@ void takePause(const Json& document, UserRows& rows) {
     }
     const auto moment = until.is_string() ? almanac::parseMoment(until.get<std::string>()) : std::nullopt;
     if (!moment || !moment->date || !moment->offset) {
-        refuse("\"paused_until\" is no moment");
+        refuse(tr("\"paused_until\" is no moment"));
     }
     rows.pausedUntil = (std::chrono::sys_days(*moment->date) + moment->timeOfDay - *moment->offset)
                            .time_since_epoch()
@@ -200,11 +201,11 @@ std::string exportText(const UserRows& rows, const GlobalFuncs& services) {
 
 UserRows rowsOfExport(std::string_view text) {
     if (text.size() > kLargestExport) {
-        refuse("the file is larger than any export");
+        refuse(tr("the file is larger than any export"));
     }
     const Json document = Json::parse(text, nullptr, false);
     if (document.is_discarded()) {
-        refuse("it is no JSON text");
+        refuse(tr("it is no JSON text"));
     }
     requireKind(document);
     UserRows rows;

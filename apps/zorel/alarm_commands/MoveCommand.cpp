@@ -12,6 +12,7 @@
 #include "platform/foundation/Files.h"
 #include "platform/foundation/Locations.h"
 #include "platform/foundation/NumberText.h"
+#include "words/Tr.h"
 
 #include <fmt/format.h>
 
@@ -27,7 +28,7 @@ constexpr const char* kStandardStream = "-";
 UserRows storedRows() {
     UserRows rows = storedUserRows(Locations::current().data + "/user.sqlite");
     if (rows.result.state == StoreState::missing) {
-        throw CliError(Exit::noResult, "there are no cities and alarms to export yet",
+        throw CliError(Exit::noResult, tr("there are no cities and alarms to export yet"),
                        "zorel cities add NAME");
     }
     requireRead(rows.result);
@@ -48,8 +49,8 @@ std::string textOf(const std::string& file) {
     std::error_code error;
     auto text = readSmallFile(file, kLargestExport, error);
     if (!text) {
-        throw CliError(Exit::dataTrouble, fmt::format("cannot read {}: {}", quote(file), error.message()),
-                       "name a file that zorel export wrote, or - for the standard input");
+        throw CliError(Exit::dataTrouble, tr("cannot read {0}: {1}", quote(file), error.message()),
+                       tr("name a file that zorel export wrote, or - for the standard input"));
     }
     return *std::move(text);
 }
@@ -65,8 +66,8 @@ void requireKnown(const Context& context, const UserRows& rows) {
         if (!place) {
             throw CliError(
                 Exit::dataTrouble,
-                fmt::format("nothing was imported: the catalogue of this device has no city {}", city.cityId),
-                "install the same version of zorel on both devices");
+                tr("nothing was imported: the catalogue of this device has no city {}", city.cityId),
+                tr("install the same version of zorel on both devices"));
         }
     }
 }
@@ -78,7 +79,7 @@ void noteMissingRingtones(const Context& context, const HeadlessPane& pane, cons
         const bool isThere = std::ranges::any_of(
             pane.ringtones(), [&](const UIComboboxItem& item) { return item.originalText == name; });
         if (row.active && !name.empty() && !isThere) {
-            context.note(fmt::format("there is no ringtone {} here; another one rings", quote(name)));
+            context.note(tr("there is no ringtone {} here; another one rings", quote(name)));
         }
     }
 }
@@ -98,8 +99,8 @@ Exit runExport(const Context& context) {
         isOther ? std::make_error_code(std::errc::not_supported) : replaceFile(context.options.file, text);
     if (error) {
         throw CliError(Exit::dataTrouble,
-                       fmt::format("cannot write {}: {}", quote(context.options.file), error.message()),
-                       "name another file, or - to print it");
+                       tr("cannot write {0}: {1}", quote(context.options.file), error.message()),
+                       tr("name another file, or - to print it"));
     }
     return Exit::ok;
 }
@@ -109,7 +110,7 @@ Exit runImport(const Context& context) {
     requireKnown(context, wanted);
     HeadlessPane pane;
     const ActionResult result = pane.act([&](UserActions& actions) { return actions.replaceAll(wanted); });
-    requireDone(result, "the import");
+    requireDone(result, tr("the import"));
     noteMissingRingtones(context, pane, wanted);
     showAfterwards(context, pane, [&] { printAlarms(context, pane, *result.alarms); });
     tellWhoRings(context);

@@ -6,6 +6,7 @@
 #include "platform/eventkit/EKEventStore.h"
 #include "platform/eventkit/GnomeSource.h"
 #include "platform/foundation/Locations.h"
+#include "words/Tr.h"
 
 #include <sstream>
 #include <utility>
@@ -56,7 +57,7 @@ bool isGnomeRinging() {
 
 std::string whoRings(const RingStatus& status) {
     if (isGnomeRinging()) {
-        return "rings through GNOME";
+        return tr("rings through GNOME");
     }
     if (!status.runs) {
         return tr("nobody rings yet: start zorel-ring in your session, or see docs/alarms.md");

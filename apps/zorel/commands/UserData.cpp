@@ -6,6 +6,7 @@
 #include "platform/foundation/Locations.h"
 #include "platform/foundation/NumberText.h"
 #include "store/UserCities.h"
+#include "words/Tr.h"
 
 #include <fmt/format.h>
 
@@ -131,7 +132,7 @@ Exit showAfterwards(const Context& context, const HeadlessPane& pane, const std:
         pane.requireLoaded();
         show();
     } catch (const CliError& error) {
-        context.note(fmt::format("this was done, but cannot be shown: {}", error.what()));
+        context.note(tr("this was done, but cannot be shown: {}", error.what()));
     }
     return Exit::ok;
 }

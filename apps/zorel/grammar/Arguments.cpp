@@ -9,6 +9,7 @@
 #include "grammar/ParseProblem.h"
 
 #include "platform/foundation/Locale.h"
+#include "words/Tr.h"
 
 #include <CLI/CLI.hpp>
 #include <fmt/format.h>
@@ -402,15 +403,15 @@ private:
     }
 
     void addMoving() {
-        const auto file = [this](CLI::App* sub, const char* help) {
+        const auto file = [this](CLI::App* sub, const std::string& help) {
             if (asked(sub)) {
                 sub->add_option("FILE", options_.file, help)->type_name("")->required()->check(someText());
             }
         };
-        file(command(app_, "export", "Write your cities and alarms into a file, for another device"),
-             "the file to write; -: print it");
-        file(command(app_, "import", "Replace your cities and alarms by those of an exported file"),
-             "the file to read; -: from the standard input");
+        file(command(app_, "export", tr("Write your cities and alarms into a file, for another device")),
+             tr("the file to write; -: print it"));
+        file(command(app_, "import", tr("Replace your cities and alarms by those of an exported file")),
+             tr("the file to read; -: from the standard input"));
     }
 
     void addWidget() {

@@ -4,6 +4,7 @@
 #include "terminal/CliError.h"
 
 #include "almanac/Scanner.h"
+#include "words/Tr.h"
 
 #include <fmt/format.h>
 
@@ -57,8 +58,7 @@ CLI::Validator wholeMinutes(int smallest, int largest) {
         const auto duration = parseDuration(text, kMinute);
         const auto minutes = duration ? *duration / kMinute : -1;
         if (!duration || *duration % kMinute != seconds(0) || minutes < smallest || minutes > largest) {
-            return fmt::format("{} is not a whole number of minutes from {} to {}", quote(text), smallest,
-                               largest);
+            return tr("{0} is not a whole number of minutes from {1} to {2}", quote(text), smallest, largest);
         }
         text = fmt::format("{}", minutes);
         return std::string();
