@@ -127,6 +127,13 @@ TEST_F(OneFileTest, AFileThatCannotBeKeptInStepIsToldByPublishing) {
     EXPECT_FALSE(calendar.isPublished());
 }
 
+TEST_F(OneFileTest, ASourceThatCannotBeReadIsNotTakenForNone) {
+    fs::create_directories(gnomeSourcePath());
+    EXPECT_FALSE(calendar.isPublished());
+    EXPECT_FALSE(calendar.publish(error));
+    EXPECT_THAT(error, HasSubstr("zorel-alarms.source"));
+}
+
 TEST_F(OneFileTest, AFileThatIsMissingComesAgain) {
     ASSERT_FALSE(connectGnome(calendar.folder()));
     fs::remove(oneFileOf(calendar.folder()));

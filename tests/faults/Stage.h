@@ -22,6 +22,7 @@
 #include <cstdlib>
 #include <map>
 #include <memory>
+#include <set>
 #include <sstream>
 #include <string>
 #include <vector>
@@ -174,8 +175,14 @@ public:
         outcome.gnome = isGnomeConnected(calendar) ? "connected" : "";
         std::istringstream lines(std::filesystem::exists(oneFileOf(calendar)) ? readFile(oneFileOf(calendar))
                                                                               : "");
+        std::set<std::string> starts; // files and so lines stand in the order of random names
         for (std::string line; std::getline(lines, line);) {
-            outcome.gnome += line.starts_with("DTSTART") ? " " + line : "";
+            if (line.starts_with("DTSTART")) {
+                starts.insert(line);
+            }
+        }
+        for (const std::string& start : starts) {
+            outcome.gnome += " " + start;
         }
         outcome.file = std::filesystem::exists(exported()) ? readFile(exported()) : "";
         EKEventStore::setCalendar(nullptr);

@@ -102,7 +102,7 @@ Look lookAtCalendar(const Findings& findings) {
 
 Look lookAtCatalogue(const Context& context, const Findings& findings) {
     constexpr const char* name = trLater("catalogue");
-    if (findings.report.trouble == AlarmTrouble::unknownHome) {
+    if (findings.hasTrouble({AlarmTrouble::unknownHome, AlarmTrouble::unreadableCatalogue})) {
         return {name, false, findings.report.reason, remedyFor(findings.report)};
     }
     const auto one = [](const CataloguePlace&) { return false; };

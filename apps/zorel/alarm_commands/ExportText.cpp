@@ -9,7 +9,6 @@
 #include "almanac/Prayer.h"
 #include "platform/foundation/NumberText.h"
 #include "platform/foundation/Utf8.h"
-#include "store/CatalogueLookup.h"
 #include "words/Tr.h"
 
 #include <fmt/format.h>
@@ -168,19 +167,14 @@ Json alarmJson(const AlarmRow& row) {
                 {"duration", info.melodyTime}};
 }
 
-Json cityJson(const UserCity& city, const GlobalFuncs& services) {
-    const std::int32_t id = integerValue(city.cityId);
-    const auto place = placeById(services, id);
-    return Json{{"id", id}, {"name", place ? Json(place->city.name) : Json(nullptr)}};
-}
 } // namespace
 
-std::string exportText(const UserRows& rows, const GlobalFuncs& services) {
+std::string exportText(const UserRows& rows) {
     Json cities = Json::array();
     std::set<std::string> seen;
     for (const UserCity& city : rows.cities) {
         if (seen.insert(city.cityId).second) {
-            cities.push_back(cityJson(city, services));
+            cities.push_back(Json{{"id", integerValue(city.cityId)}});
         }
     }
     Json alarms = Json::array();

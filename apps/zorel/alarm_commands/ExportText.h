@@ -3,7 +3,6 @@
 /// A person's cities and alarms as text, for another device ("zorel/export/1" of docs/json.md).
 #pragma once
 
-#include "common/GlobalFuncs.h"
 #include "store/UserRows.h"
 
 #include <cstddef>
@@ -12,11 +11,12 @@
 
 namespace zorel::cli {
 
-/// A thousand cities take a tenth of it.
+/// A thousand cities take a twentieth of it.
 inline constexpr std::size_t kLargestExport = 1024UL * 1024;
 
-/// What a person chose: cities, home city, alarms, a pause. No events, and nothing of the device.
-[[nodiscard]] std::string exportText(const UserRows& rows, const GlobalFuncs& services);
+/// What a person chose: cities, home city, alarms, a pause. No events, and nothing of the device
+/// or its catalogue, so that it can be had where that is broken.
+[[nodiscard]] std::string exportText(const UserRows& rows);
 
 /// Reads such a text. Members that are not known are passed over; whatever is not as it must be refuses all
 /// of it: another kind or a newer version, a city twice, a home city that is not in the list, an alarm that

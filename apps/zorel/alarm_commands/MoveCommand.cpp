@@ -86,7 +86,7 @@ void noteMissingRingtones(const Context& context, const HeadlessPane& pane, cons
 } // namespace
 
 Exit runExport(const Context& context) {
-    const std::string text = exportText(storedRows(), context.services);
+    const std::string text = exportText(storedRows());
     if (context.options.file == kStandardStream) {
         context.streams.out << text;
         return Exit::ok;

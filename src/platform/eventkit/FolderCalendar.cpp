@@ -58,13 +58,14 @@ bool held(const FileLock& lock, std::string& error) {
     return lock.state() == LockState::acquired;
 }
 
-enum class Doing { writing, removing };
+enum class Doing { reading, writing, removing };
 
 /// Whether a change to a file was done; `error`: out, what was not done and why.
 bool done(std::error_code result, Doing what, const std::string& path, std::string& error) {
     if (result) {
-        error = what == Doing::writing ? tr("cannot write {0}: {1}", path, result.message())
-                                       : tr("cannot remove {0}: {1}", path, result.message());
+        error = what == Doing::reading   ? tr("cannot read {0}: {1}", path, result.message())
+                : what == Doing::writing ? tr("cannot write {0}: {1}", path, result.message())
+                                         : tr("cannot remove {0}: {1}", path, result.message());
     }
     return !result;
 }
@@ -212,11 +213,19 @@ bool FolderCalendar::removeEvent(const std::string& identifier, std::string& err
 }
 
 bool FolderCalendar::publish(std::string& error) {
-    return isPublished() || done(writeOneFile(folder_), Doing::writing, oneFileOf(folder_), error);
+    std::error_code unreadable;
+    const bool isConnected = isGnomeConnected(folder_, unreadable);
+    if (!done(unreadable, Doing::reading, gnomeSourcePath(), error)) {
+        return false;
+    }
+    return !isConnected || isOneFileInStep(folder_) ||
+           done(writeOneFile(folder_), Doing::writing, oneFileOf(folder_), error);
 }
 
 bool FolderCalendar::isPublished() {
-    return !isGnomeConnected(folder_) || isOneFileInStep(folder_);
+    std::error_code unreadable;
+    const bool isConnected = isGnomeConnected(folder_, unreadable);
+    return !unreadable && (!isConnected || isOneFileInStep(folder_));
 }
 
 std::vector<std::string> FolderCalendar::identifiersWithPrefix(const std::string& prefix) {

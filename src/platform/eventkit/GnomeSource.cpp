@@ -60,8 +60,19 @@ std::string gnomeSourcePath() {
 }
 
 bool isGnomeConnected(const std::string& folder) {
+    std::error_code ignored;
+    return isGnomeConnected(folder, ignored);
+}
+
+bool isGnomeConnected(const std::string& folder, std::error_code& error) {
     const std::string path = gnomeSourcePath();
-    const auto source = path.empty() ? std::nullopt : readSmallFile(path, kSourceLimit);
+    if (path.empty()) {
+        return false;
+    }
+    const auto source = readSmallFile(path, kSourceLimit, error);
+    if (error == std::errc::no_such_file_or_directory || error == std::errc::not_a_directory) {
+        error.clear();
+    }
     return source && source->find(fileLine(folder)) != std::string::npos;
 }
 

@@ -15,6 +15,8 @@ namespace zorel {
 
 /// Whether GNOME was told of this calendar folder. Whether it runs is not looked at.
 [[nodiscard]] bool isGnomeConnected(const std::string& folder);
+/// The same. `error`: out, why that cannot be told; then the answer is false.
+[[nodiscard]] bool isGnomeConnected(const std::string& folder, std::error_code& error);
 
 /// Hands the calendar folder to GNOME: the one file beside it (OneFile.h), read only, with its reminders.
 /// GNOME follows both files by itself; Calendar::publish keeps them in step.
