@@ -302,7 +302,9 @@ TEST_F(CliMoving, ADatabaseOrACatalogueThatCannotBeReadIsBad) {
     writeFile(run.folder.path("data/user.sqlite"), rows);
     std::vector<std::string> words = splitWords(run.common + " alarms check");
     words.insert(words.begin(),
-                 {"--data-dir", run.folder.path("data"), "--bundle", run.folder.path("nowhere")});
+                 {"--data-dir", run.folder.path("data"), "--bundle", run.folder.path("bundle")});
+    fs::copy(builtBundle(), run.folder.path("bundle"), fs::copy_options::recursive);
+    fs::remove_all(run.folder.path("bundle/database"));
     EXPECT_THAT(run.plain(words).out, HasSubstr("bad   catalogue"));
     {
         const FileLock other(run.folder.path("data/user.sqlite.lock"));

@@ -113,8 +113,18 @@ Exit listAfterwards(const Context& context, const HeadlessPane& pane, const Alar
     return showAfterwards(context, pane, [&] { printAlarms(context, pane, report); });
 }
 
+void requireReadable(const AlarmReport& report) {
+    if (report.trouble == AlarmTrouble::busy || report.trouble == AlarmTrouble::unreadableRows) {
+        throw CliError(Exit::dataTrouble, "cannot read your alarms: " + report.reason, remedyFor(report));
+    }
+}
+
 /// The beginning of the day that --until names, where the home city is.
 almanac::Instant pauseEnd(const Context& context, const HomePlace& home) {
+    if (!home.reason.empty()) { // another city's midnight would be another moment
+        throw CliError(Exit::dataTrouble, home.reason,
+                       "install zorel again, or choose another home city: zorel cities home NAME");
+    }
     const auto clock = home.place ? home.place->clock : almanac::PlaceClock::ofMachine();
     const almanac::Date today = clock.dateAt(context.now());
     const almanac::Date date = requireDate(context.options.until, today, "--until");
@@ -154,10 +164,7 @@ Exit changeAll(const Context& context, HeadlessPane& pane,
 Exit runAlarms(const Context& context) {
     const HeadlessPane pane;
     const AlarmReport& report = pane.alarms();
-    if (report.trouble == AlarmTrouble::busy || report.trouble == AlarmTrouble::unreadableRows) {
-        throw CliError(Exit::dataTrouble, tr("cannot read your alarms: {}", report.reason),
-                       remedyFor(report));
-    }
+    requireReadable(report);
     printAlarms(context, pane, report);
     if (!report.isGood()) {
         throw CliError(Exit::dataTrouble, report.complaint(), remedyFor(report));
@@ -223,6 +230,7 @@ Exit runAlarmsPause(const Context& context) {
                        tr("zorel alarms pause --until DATE; they ring again on that day"));
     }
     HeadlessPane pane;
+    requireReadable(pane.alarms());
     const auto until = ends ? std::nullopt : std::optional(pauseEnd(context, pane.alarms().home));
     const ActionResult result = pane.act([&](UserActions& actions) { return actions.pauseUntil(until); });
     requireChanged(context, result);

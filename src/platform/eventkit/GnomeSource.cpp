@@ -94,7 +94,7 @@ std::error_code connectGnome(const std::string& folder) {
 
 std::error_code disconnectGnome(const std::string& folder) {
     const std::error_code error =
-        fileExistsAtPath(oneFileOf(folder)) ? emptyOneFile(folder) : std::error_code();
+        isMissingAtPath(oneFileOf(folder)) ? std::error_code() : emptyOneFile(folder);
     const std::string path = gnomeSourcePath();
     return error || path.empty() ? error : removeIfThere(path);
 }
