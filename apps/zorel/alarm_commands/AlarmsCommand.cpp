@@ -115,7 +115,8 @@ Exit listAfterwards(const Context& context, const HeadlessPane& pane, const Alar
 
 void requireReadable(const AlarmReport& report) {
     if (report.trouble == AlarmTrouble::busy || report.trouble == AlarmTrouble::unreadableRows) {
-        throw CliError(Exit::dataTrouble, "cannot read your alarms: " + report.reason, remedyFor(report));
+        throw CliError(Exit::dataTrouble, tr("cannot read your alarms: {}", report.reason),
+                       remedyFor(report));
     }
 }
 
@@ -123,7 +124,7 @@ void requireReadable(const AlarmReport& report) {
 almanac::Instant pauseEnd(const Context& context, const HomePlace& home) {
     if (!home.reason.empty()) { // another city's midnight would be another moment
         throw CliError(Exit::dataTrouble, home.reason,
-                       "install zorel again, or choose another home city: zorel cities home NAME");
+                       tr("install zorel again, or choose another home city: zorel cities home NAME"));
     }
     const auto clock = home.place ? home.place->clock : almanac::PlaceClock::ofMachine();
     const almanac::Date today = clock.dateAt(context.now());
