@@ -18,7 +18,8 @@ namespace {
 /// The variables of the locale while it lives.
 class Environment {
 public:
-    explicit Environment(const std::vector<std::pair<const char*, const char*>>& values) {
+    using Values = std::vector<std::pair<const char*, const char*>>;
+    explicit Environment(const Values& values) {
         for (const char* name : {"LANGUAGE", "LC_ALL", "LC_MESSAGES", "LANG"}) {
             const char* value = std::getenv(name);
             before_.emplace_back(name, value != nullptr ? std::optional<std::string>(value) : std::nullopt);
@@ -44,7 +45,7 @@ private:
 TEST(CliLanguage, TheEnvironmentChooses) {
     CliRunner run;
     run.common = "--now 2026-11-21T09:00:00+03:00";
-    const Environment turkish({{"LANG", "tr_TR.UTF-8"}});
+    const Environment turkish(Environment::Values{{"LANG", "tr_TR.UTF-8"}});
     EXPECT_THAT(run("next Ankara").out, StartsWith("Öğle "));
     EXPECT_THAT(run("hijri").out, HasSubstr("Cumartesi"));
 }
@@ -59,7 +60,7 @@ TEST(CliLanguage, AnUnknownLanguageIsEnglish) {
 TEST(CliLanguage, TheOptionOutranksTheEnvironment) {
     CliRunner run;
     run.common = "--now 2026-11-21T09:00:00+03:00";
-    const Environment turkish({{"LC_ALL", "tr_TR.UTF-8"}});
+    const Environment turkish(Environment::Values{{"LC_ALL", "tr_TR.UTF-8"}});
     EXPECT_THAT(run("next Ankara --lang en").out, StartsWith("Dhuhr "));
     EXPECT_THAT(run("next Ankara --lang=EN").out, StartsWith("Dhuhr "));
 }
