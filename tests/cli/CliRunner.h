@@ -7,7 +7,9 @@
 #include "platform/foundation/Clock.h"
 #include "platform/foundation/Locations.h"
 #include "tests/support/TemporaryFolder.h"
+#include "words/Language.h"
 
+#include <cstdlib>
 #include <sstream>
 #include <string>
 #include <vector>
@@ -53,10 +55,13 @@ inline std::vector<std::string> splitWords(const std::string& line) {
 
 class CliRunner {
 public:
-    explicit CliRunner(std::string zone = "Europe/Istanbul") : zone_(std::move(zone)) {}
+    explicit CliRunner(std::string zone = "Europe/Istanbul") : zone_(std::move(zone)) { speakEnglish(); }
     CliRunner(const CliRunner&) = delete;
     CliRunner& operator=(const CliRunner&) = delete;
-    ~CliRunner() { Locations::current() = previous_; }
+    ~CliRunner() {
+        Locations::current() = previous_;
+        speakEnglish();
+    }
 
     /// Options that come before every command line.
     std::string common = "--lang en --now 2026-11-21T09:00:00+03:00";
@@ -83,6 +88,11 @@ public:
     TemporaryFolder folder;
 
 private:
+    /// The language of one run is not that of the next: a catalogue in use is named in LANGUAGE.
+    static void speakEnglish() {
+        unsetenv("LANGUAGE");
+        useLanguages({"en"});
+    }
     std::string zone_;
     Locations previous_ = Locations::current();
 };

@@ -58,7 +58,7 @@ TEST(CliClocks, EveryOutputSaysThatTheSystemsDataIsOlder) {
         EXPECT_EQ(text.find("(failed)"), std::string::npos) << text;
     }
     const std::string all = zorelWith(kOldData, "table --all --on 2026-12-01 --from-id 3553478 --count 1");
-    EXPECT_NE(all.find("note: 1 places by the catalogue's clock rule"), std::string::npos) << all;
+    EXPECT_NE(all.find("note: 1 place by the catalogue's clock rule"), std::string::npos) << all;
 }
 
 TEST(CliClocks, EveryDocumentSaysIt) {

@@ -46,7 +46,7 @@ protected:
         ok("alarms on dhuhr");
         ok("alarms offset dhuhr -15");
         ok("alarms on isha");
-        ok("alarms duration isha 4");
+        ok("alarms duration isha 1m");
     }
     std::size_t events() {
         std::size_t count = 0;

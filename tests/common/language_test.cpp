@@ -44,7 +44,7 @@ TEST_F(Language, IsEnglishEverywhereElse) {
 TEST_F(Language, IsChangedByItsNumberAndALoad) {
     GlobalFuncs functions;
     const std::pair<std::int32_t, const char*> names[] = {
-        {2, "Lever du soleil"}, {3, "Sonnenaufgang"}, {0, "Güneş"}, {1, "Sunrise"}};
+        {2, "Chourouk"}, {3, "Sonnenaufgang"}, {0, "Güneş"}, {1, "Sunrise"}};
     for (const auto& [language, sunrise] : names) {
         functions.languageId = language;
         functions.loadLanguageFile();

@@ -93,26 +93,6 @@ public:
         environment.insert(environment.end(), fault.begin(), fault.end());
         return spawn(words, environment);
     }
-    /// Starts the window on the same folders; its process.
-    [[nodiscard]] pid_t startWindow(const std::string& program) const {
-        std::filesystem::create_directory(folder_.path("run"));
-        std::filesystem::permissions(folder_.path("run"), std::filesystem::perms::owner_all);
-        std::vector<std::string> words{program,    "--data-dir", data(), "--ringtones", folder_.path("tones"),
-                                       "--bundle", bundle(),     "--at", present_};
-        std::vector<std::string> environment{"LC_ALL=C.UTF-8",
-                                             "TZ=UTC",
-                                             "HOME=" + folder_.path(),
-                                             "XDG_CONFIG_HOME=" + config(),
-                                             "XDG_RUNTIME_DIR=" + folder_.path("run"),
-                                             "QT_QPA_PLATFORM=offscreen",
-                                             "QT_QUICK_BACKEND=software"};
-        return spawn(words, environment);
-    }
-    /// Whether it is open: it then listens for a second start.
-    [[nodiscard]] bool isWindowOpen() const {
-        const std::filesystem::directory_iterator entries(folder_.path("run"));
-        return std::any_of(begin(entries), end(entries), [](const auto& entry) { return entry.is_socket(); });
-    }
     [[nodiscard]] Ended wait(pid_t process) const {
         int status = 0;
         waitpid(process, &status, 0);

@@ -1,5 +1,5 @@
 // SPDX-License-Identifier: Apache-2.0
-// Sixteen programs at once, readers beside them all the time and a window open: every action is done, and
+// Sixteen programs at once, readers beside them all the time: every action is done, and
 // none is lost.
 #include "tests/faults/Stage.h"
 
@@ -8,9 +8,6 @@
 #include <array>
 #include <atomic>
 #include <chrono>
-#include <csignal>
-#include <optional>
-#include <string_view>
 #include <thread>
 
 namespace zorel {
@@ -25,37 +22,9 @@ constexpr std::array kActions{
     "alarms on dhuhr",    "alarms on asr",      "alarms on maghrib",  "alarms on isha",
     "alarms refresh",     "cities home 745044", "alarms refresh",     "cities add 2673730"};
 
-/// The window on the stage's folders; it stays open until the end.
-class OpenWindow {
-public:
-    explicit OpenWindow(const Stage& stage) : stage_(stage), process_(stage.startWindow(ZOREL_WINDOW)) {
-        for (int tries = 0; tries < 600 && !stage.isWindowOpen() && lives(); ++tries) {
-            std::this_thread::sleep_for(std::chrono::milliseconds(100));
-        }
-        EXPECT_TRUE(stage.isWindowOpen());
-    }
-    OpenWindow(const OpenWindow&) = delete;
-    OpenWindow& operator=(const OpenWindow&) = delete;
-    ~OpenWindow() {
-        EXPECT_TRUE(lives()) << "the window has gone";
-        ::kill(process_, SIGKILL);
-        static_cast<void>(stage_.wait(process_));
-    }
-
-private:
-    [[nodiscard]] bool lives() const { return waitpid(process_, nullptr, WNOHANG) == 0; }
-
-    const Stage& stage_;
-    pid_t process_;
-};
-
 TEST(Contention, SixteenProgramsAtOnceLoseNoAction) {
     Stage stage;
     ASSERT_EQ(stage.run("cities add 745044").status, 0);
-    std::optional<OpenWindow> window;
-    if (std::string_view(ZOREL_WINDOW) != "") {
-        window.emplace(stage);
-    }
     std::atomic<bool> working = true;
     std::atomic<int> looks = 0;
     std::atomic<int> refused = 0;
