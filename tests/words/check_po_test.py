@@ -7,9 +7,9 @@ import tempfile
 import unittest
 
 ROOT = pathlib.Path(sys.argv.pop(1))
-spec = importlib.util.spec_from_file_location("check_po", ROOT / "tools" / "check_po.py")
-check_po = importlib.util.module_from_spec(spec)
-spec.loader.exec_module(check_po)
+module = importlib.util.spec_from_file_location("check_po", ROOT / "tools" / "check_po.py")
+check_po = importlib.util.module_from_spec(module)
+module.loader.exec_module(check_po)
 
 HEADER = '''msgid ""
 msgstr ""
